@@ -1,0 +1,69 @@
+// The interface through which every component of the agent writes its diagnostics.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// Lets the compiler check printf formats against their arguments where it can.
+#if defined(__MINGW32__)
+#define VELA_PRINTF_FORMAT(text, first) __attribute__((format(ms_printf, text, first)))
+#elif defined(__GNUC__)
+#define VELA_PRINTF_FORMAT(text, first) __attribute__((format(printf, text, first)))
+#else
+#define VELA_PRINTF_FORMAT(text, first)
+#endif
+
+// Compilers' printf checks do not know "%ws", the platform's conversion for a wide string. The few
+// calls that need it stand between these two.
+#if defined(__GNUC__)
+#define VELA_WIDE_FORMAT_BEGIN                                           \
+    _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Wformat\"") \
+        _Pragma("GCC diagnostic ignored \"-Wformat-extra-args\"")
+#define VELA_WIDE_FORMAT_END _Pragma("GCC diagnostic pop")
+#else
+#define VELA_WIDE_FORMAT_BEGIN
+#define VELA_WIDE_FORMAT_END
+#endif
+
+namespace vela {
+
+// The numbers are what callers pass and what the queue carries.
+enum LogLevel : std::uint32_t {
+    kLogError = 0,
+    kLogWarning = 1,
+    kLogInfo = 2,
+    kLogDebug = 3,  // queued, never written
+};
+
+// All operations may be called from any thread. Logging operations return at once: the file is
+// written by a thread of the logger's own.
+class ILog {
+ public:
+    // Starts writing to "VelaAgent.log" in `directory`, which is not checked. Calls nest: a second
+    // one only counts, and its directory is ignored. Throws std::system_error when the writer thread
+    // cannot be started.
+    virtual void Initialize(const std::wstring& directory) = 0;
+
+    // Ends one Initialize. The last one writes what is queued and returns when it is in the file.
+    virtual void UnInitialize() = 0;
+
+    // Formats with the platform's printf, which knows "%ws". Dropped without formatting while the
+    // logger is not initialised, and when the text comes out empty or cannot be formatted. `level`
+    // is 0 to 3: another one ends the process when the line is written.
+    virtual void Log(std::uint32_t level, const std::string& functionName, const char* format, ...)
+        VELA_PRINTF_FORMAT(4, 5) = 0;
+
+    // Queue the message as it is.
+    virtual void Debug(const std::string& message, const std::string& functionName) = 0;
+    virtual void Error(const std::string& message, const std::string& functionName) = 0;
+    virtual void Info(const std::string& message, const std::string& functionName) = 0;
+    virtual void Warning(const std::string& message, const std::string& functionName) = 0;
+
+    virtual ~ILog() = default;
+};
+
+// The process's one logger, made on first use and never destroyed: records and sessions log from
+// their destructors at process exit.
+ILog* GetLogger();
+
+}  // namespace vela

@@ -1,0 +1,103 @@
+// The logger's writer thread: takes entries off the queue, turns each into a line, appends it to the
+// file and keeps the file below its size limit.
+#include <windows.h>
+
+#include <cstdint>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+#include "log/Logger.h"
+
+namespace vela {
+namespace {
+
+// 5 MiB: a support engineer can still mail the file and its backup.
+constexpr std::uintmax_t kMaximumFileSize = 0x500000;
+
+}  // namespace
+
+void Logger::LogThreadProc() {
+    while (!stop_) {
+        LogEntry entry;
+        {
+            std::unique_lock<std::mutex> queueLock(queueMutex_);
+            queueCondition_.wait(queueLock, [this] { return !queue_.empty() || stop_; });
+            if (stop_) break;
+            entry = std::move(queue_.front());
+            queue_.pop_front();
+        }
+        WriteLogEntry(entry);
+    }
+    FlushLogQueue();
+}
+
+// Needs no lock: once the stop flag is set, nothing is queued any more.
+void Logger::FlushLogQueue() {
+    while (!queue_.empty()) {
+        const LogEntry entry = std::move(queue_.front());
+        queue_.pop_front();
+        WriteLogEntry(entry);
+    }
+}
+
+void Logger::WriteLogEntry(const LogEntry& entry) {
+    if (!entry.write) return;
+    if (logPath_.empty()) return;
+    CheckErrorLogSize();
+
+    const std::lock_guard<std::mutex> fileLock(fileMutex_);
+    try {
+        // Opened anew for every line, so that rotation and outside readers never meet an open handle.
+        std::ofstream file;
+        // A file that cannot be opened stays silent (that sets only the fail bit); a line that does
+        // not reach an open file, as on a full disk, is told to the debugger.
+        file.exceptions(std::ios::badbit);
+        file.open(std::filesystem::path(logPath_), std::ios::app);
+        const std::string line = FormatLogLine(entry.level, entry.message, entry.functionName);
+        if (file.is_open()) file << line << std::flush;
+    } catch (const std::ios_base::failure& failure) {
+        OutputDebugStringA(failure.what());
+    }
+}
+
+std::string Logger::FormatLogLine(std::uint32_t level, const std::string& message,
+                                  const std::string& functionName) const {
+    const __time64_t now = _time64(nullptr);
+    std::tm localTime{};
+    _localtime64_s(&localTime, &now);
+    char timeText[80] = {};
+    std::strftime(timeText, sizeof(timeText), "%Y-%m-%d %H:%M:%S", &localTime);
+
+    std::ostringstream line;
+    line << '[' << timeText << "] {" << levelNames_.at(level);
+    if (!functionName.empty()) line << " @ " << functionName;
+    line << "} " << message << std::endl;
+    return line.str();
+}
+
+void Logger::CheckErrorLogSize() {
+    if (logPath_.empty()) return;
+    try {
+        const std::filesystem::path path(logPath_);
+        if (!std::filesystem::exists(path)) return;
+        if (std::filesystem::file_size(path) > kMaximumFileSize) BackupLogFile();
+    } catch (const std::filesystem::filesystem_error& error) {
+        // A debug entry, which is never written: a warning here would itself ask for the size again.
+        EnqueueLogEntry(kLogDebug, error.what(), false, "CheckErrorLogSize");
+    }
+}
+
+// Keeps one generation. Neither result is tested: a backup that cannot be made only lets the file
+// grow, and the next line tries again.
+void Logger::BackupLogFile() {
+    const std::wstring backupPath = logPath_ + L".old";
+    const std::lock_guard<std::mutex> fileLock(fileMutex_);
+    DeleteFileW(backupPath.c_str());
+    MoveFileW(logPath_.c_str(), backupPath.c_str());
+}
+
+}  // namespace vela
