@@ -1,0 +1,110 @@
+#include "hid/CapabilityCatalogue.h"
+
+#include <iterator>
+#include <vector>
+
+#include "log/ILog.h"
+
+namespace vela {
+namespace {
+
+// How value and button capabilities differ; the rest of the filling is the same. The counts stand in
+// the order of the report types.
+struct ValueCapability {
+    using Caps = HIDP_VALUE_CAPS;
+    static constexpr USHORT HIDP_CAPS::* kCounts[] = {&HIDP_CAPS::NumberInputValueCaps,
+                                                      &HIDP_CAPS::NumberOutputValueCaps,
+                                                      &HIDP_CAPS::NumberFeatureValueCaps};
+    static HidCapUsagePageList WantedPages(IHid& device) { return device.GetValueCapUsagePages(); }
+    static NTSTATUS List(HIDP_REPORT_TYPE type, Caps* caps, USHORT* length,
+                         PHIDP_PREPARSED_DATA preparsed) {
+        return HidP_GetValueCaps(type, caps, length, preparsed);
+    }
+    static constexpr const char* kFunction = "FillValueCapUsagePages";
+    static constexpr char kCallFailed[] =
+        "FillValueCapUsagePages HidP_GetValueCaps faild, last error (%d).";
+    static constexpr char kNoMatch[] =
+        "FillValueCapUsagePages failed, doesn't have matched report type";
+};
+
+struct ButtonCapability {
+    using Caps = HIDP_BUTTON_CAPS;
+    static constexpr USHORT HIDP_CAPS::* kCounts[] = {&HIDP_CAPS::NumberInputButtonCaps,
+                                                      &HIDP_CAPS::NumberOutputButtonCaps,
+                                                      &HIDP_CAPS::NumberFeatureButtonCaps};
+    static HidCapUsagePageList WantedPages(IHid& device) { return device.GetButtonCapUsagePages(); }
+    static NTSTATUS List(HIDP_REPORT_TYPE type, Caps* caps, USHORT* length,
+                         PHIDP_PREPARSED_DATA preparsed) {
+        return HidP_GetButtonCaps(type, caps, length, preparsed);
+    }
+    static constexpr const char* kFunction = "FillButtonCapUsagePages";
+    // Support's scripts look for this call name in both texts.
+    static constexpr char kCallFailed[] =
+        "FillButtonCapUsagePages HidP_GetValueCaps faild, last error (%d).";
+    static constexpr char kNoMatch[] =
+        "FillButtonCapUsagePages failed, doesn't have matched report type";
+};
+
+// Of two capabilities with one key the later in the platform's order stays.
+template <typename Map, typename Caps>
+void Store(Map& map, std::uint32_t reportType, const Caps& caps) {
+    if (!caps.IsRange) {
+        map[MakeCapsKey(reportType, caps.NotRange.Usage)] = caps;
+        return;
+    }
+    // Counted wider than a usage: a range may end at 0xFFFF.
+    for (std::uint32_t usage = caps.Range.UsageMin; usage <= caps.Range.UsageMax; ++usage) {
+        map[MakeCapsKey(reportType, static_cast<std::uint16_t>(usage))] = caps;
+    }
+}
+
+template <typename Capability, typename Map>
+bool Fill(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed, Map& map) {
+    if (device == nullptr) return false;
+    const HidCapUsagePageList wantedPages = Capability::WantedPages(*device);
+    if (wantedPages.empty()) return true;
+
+    bool matched = false;
+    for (const HidCapUsagePage& wanted : wantedPages) {
+        // A report type that the caps do not count goes to the platform with no room for an answer;
+        // its status decides.
+        const bool counted = wanted.ReportType < std::size(Capability::kCounts);
+        USHORT length = counted ? caps.*Capability::kCounts[wanted.ReportType] : USHORT{0};
+        if (counted && length == 0) continue;
+
+        std::vector<typename Capability::Caps> records(length);
+        const NTSTATUS status =
+            Capability::List(static_cast<HIDP_REPORT_TYPE>(wanted.ReportType),
+                             records.empty() ? nullptr : records.data(), &length, preparsed);
+        if (status < 0) {
+            const auto error = static_cast<int>(GetLastError());
+            GetLogger()->Log(kLogError, Capability::kFunction, Capability::kCallFailed, error);
+            return false;
+        }
+        records.resize(length < records.size() ? length : records.size());
+        for (const typename Capability::Caps& record : records) {
+            if (record.UsagePage != wanted.UsagePage) continue;
+            matched = true;
+            Store(map, wanted.ReportType, record);
+        }
+    }
+    if (matched) return true;
+
+    GetLogger()->Log(kLogWarning, Capability::kFunction, Capability::kNoMatch);
+    map.clear();
+    return false;
+}
+
+}  // namespace
+
+bool FillValueCapUsagePages(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed,
+                            ValueCapsMap& map) {
+    return Fill<ValueCapability>(device, caps, preparsed, map);
+}
+
+bool FillButtonCapUsagePages(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed,
+                             ButtonCapsMap& map) {
+    return Fill<ButtonCapability>(device, caps, preparsed, map);
+}
+
+}  // namespace vela

@@ -1,0 +1,29 @@
+// Owns a platform file handle. The invalid file handle is all bits set, unlike that of events and
+// mutexes, which is null.
+#pragma once
+
+#include <windows.h>
+
+namespace vela {
+
+class FileHandle {
+ public:
+    explicit FileHandle(HANDLE handle) : handle_(handle) {}
+    ~FileHandle() {
+        if (!IsValid()) return;
+        // Whoever looks at the last error wants that of the failed call, not of the clean-up.
+        const DWORD error = GetLastError();
+        CloseHandle(handle_);
+        SetLastError(error);
+    }
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+
+    bool IsValid() const { return handle_ != INVALID_HANDLE_VALUE; }
+    HANDLE Get() const { return handle_; }
+
+ private:
+    HANDLE handle_;
+};
+
+}  // namespace vela

@@ -1,0 +1,43 @@
+#include "hid/HIDInformation.h"
+
+#include "log/ILog.h"
+
+namespace vela {
+namespace {
+
+constexpr const wchar_t* kReportTypeNames[] = {L"HID_INPUT", L"HID_OUTPUT", L"HID_FEATURE"};
+
+template <typename Map, typename Caps>
+bool LookUp(const Map& map, const std::wstring& key, Caps& out) {
+    const auto entry = map.find(key);
+    if (entry == map.end()) return false;
+    out = entry->second;
+    return true;
+}
+
+}  // namespace
+
+std::wstring MakeCapsKey(std::uint32_t reportType, std::uint16_t usage) {
+    std::wstring key = reportType < std::size(kReportTypeNames) ? kReportTypeNames[reportType] : L"";
+    key += L'_';
+    key += std::to_wstring(usage);
+    return key;
+}
+
+CHIDInformation::~CHIDInformation() {
+    GetLogger()->Log(kLogInfo, "~CHIDInformation",
+                     "CHIDInformation clear device UsagePage (%x),  Usage (%x) information",
+                     caps.UsagePage, caps.Usage);
+    if (preparsedData != nullptr) HidD_FreePreparsedData(preparsedData);
+}
+
+bool CHIDInformation::GetFeatureValueCaps(std::uint16_t usage, HIDP_VALUE_CAPS& out) const {
+    return LookUp(valueCapsMap, MakeCapsKey(HidP_Feature, usage), out);
+}
+
+bool CHIDInformation::GetButtonCaps(std::uint32_t reportType, std::uint16_t usage,
+                                    HIDP_BUTTON_CAPS& out) const {
+    return LookUp(buttonCapsMap, MakeCapsKey(reportType, usage), out);
+}
+
+}  // namespace vela
