@@ -1,0 +1,33 @@
+#include "touchpad/OverlappedOperation.h"
+
+#include <algorithm>
+
+namespace vela {
+
+OverlappedOperations::~OverlappedOperations() {
+    FreeEnded();
+    for (std::unique_ptr<OverlappedOperation>& operation : givenUp_) operation.release();
+}
+
+OverlappedOperations::Pointer OverlappedOperations::Make(std::vector<BYTE> bytes) {
+    return Pointer(new OverlappedOperation(std::move(bytes)), Return{this});
+}
+
+void OverlappedOperations::FreeEnded() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    givenUp_.erase(std::remove_if(givenUp_.begin(), givenUp_.end(),
+                                  [](const std::unique_ptr<OverlappedOperation>& operation) {
+                                      return !operation->IsWithKernel();
+                                  }),
+                   givenUp_.end());
+}
+
+void OverlappedOperations::TakeBack(OverlappedOperation* operation) {
+    std::unique_ptr<OverlappedOperation> owned(operation);
+    FreeEnded();
+    if (!owned->IsWithKernel()) return;
+    const std::lock_guard<std::mutex> lock(mutex_);
+    givenUp_.push_back(std::move(owned));
+}
+
+}  // namespace vela
