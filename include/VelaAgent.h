@@ -1,0 +1,137 @@
+/* VelaAgent: drives a touchpad with four lit meeting buttons for a conferencing host.
+ *
+ * Conventions that hold for every function below:
+ *
+ *  1. There is one touchpad session per process and no handle for it: every call means "the" touchpad.
+ *  2. A result of type VELA_BOOL is 0 or 1 in all its 32 bits. An argument of that type is false when 0,
+ *     true otherwise.
+ *  3. Any thread may call any function, save where a function says otherwise.
+ *  4. Calling order: InitLogger (optional), IsVelaPresent (optional), Init, the two callback setters,
+ *     Activate, EnableFeature, then buttons, brightness, click mode and state in any order; finally
+ *     UnInit and UnInitLogger.
+ *  5. Callbacks come on the session's reader thread and, inside Activate and EnableFeature, on the
+ *     calling thread. They may call every function but UnInit. The library holds no lock meanwhile,
+ *     but the next report waits: return soon.
+ *  6. A false result and a line in "VelaAgent.log" are the whole report of a failure. Only a mutex or a
+ *     thread that the system refuses is raised, as a C++ std::system_error.
+ *  7. A light change is queued and written by a thread of the session's own. While a write is in flight
+ *     (at most 30 seconds, usually a few milliseconds) calls that queue another wait for it.
+ */
+#ifndef VELA_AGENT_H
+#define VELA_AGENT_H
+
+#include <stdint.h>
+#include <wchar.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef int32_t VELA_BOOL;
+
+/* Button ids. Other ids are accepted everywhere and drive no light. */
+enum VelaButton {
+    VELA_BUTTON_CAMERA = 0,
+    VELA_BUTTON_MICROPHONE = 1,
+    VELA_BUTTON_CHAT = 2, /* the only one that can breathe */
+    VELA_BUTTON_SHARE_SCREEN = 3
+};
+
+/* Values for Activate. Others are stored and told back through the status callback, nothing else. */
+enum VelaActivation {
+    VELA_ACTIVE = 0,                 /* camera and microphone lights toggle with their presses */
+    VELA_ACTIVE_HOST_SETS_LIGHTS = 1, /* presses are reported, every light is left to the host */
+    VELA_DEACTIVATED = 4,            /* lights dark, buttons no longer visible; the state after Init */
+    VELA_SUSPENDED = 5               /* as 4, but 0 or 1 brings the buttons back as they were */
+};
+
+/* Values told to the status callback, besides the value given to Activate. */
+enum VelaStatus {
+    VELA_STATUS_NORMAL = 0,
+    VELA_STATUS_TEMPORARILY_DISABLED = 2, /* by the user's gesture */
+    VELA_STATUS_DISABLED = 3,             /* the touchpad is off, as in tablet mode */
+    VELA_STATUS_DEACTIVATED = 4
+};
+
+/* Results of Init. */
+enum VelaInitResult {
+    VELA_INIT_OPEN = 1,
+    VELA_INIT_NOT_FOUND = 2,     /* no touchpad, or it could not be opened */
+    VELA_INIT_HELD_BY_OTHER = 3  /* another process has it open */
+};
+
+/* A button was pressed. newLightState: 1 when its light was off before the press, 0 when it was on.
+ * There is no event for the release. */
+typedef void (*VelaButtonPressCallback)(uint32_t buttonId, uint32_t newLightState);
+/* The touchpad's status changed: a VelaStatus, or the value given to Activate. */
+typedef void (*VelaStatusChangeCallback)(uint32_t status);
+
+/* ---- Logger -------------------------------------------------------------------------------------- */
+
+/* Starts writing "VelaAgent.log" into `directory` (zero-terminated; nothing is done for null). At more
+ * than 5 MiB the file becomes "VelaAgent.log.old". Calls nest; the first one's directory stays. */
+void InitLogger(const wchar_t* directory);
+/* Ends one InitLogger. After the last one every line logged before is in the file. */
+void UnInitLogger(void);
+
+/* ---- Session ------------------------------------------------------------------------------------- */
+
+/* Finds the touchpad and opens it for this process alone. A VelaInitResult. Open already: 1. */
+int32_t Init(void);
+/* Darkens the lights, closes the touchpad and forgets both callbacks; afterwards none is called. 0 when
+ * no session was open. Takes as long as a write in flight. Not from a callback. */
+VELA_BOOL UnInit(void);
+/* 1 when a touchpad is attached, or another process has one open. */
+VELA_BOOL IsVelaPresent(void);
+
+/* Null clears. To be set again after each Init. */
+void SetVelaButtonPressCallback(VelaButtonPressCallback callback);
+void SetVelaStatusChangeCallback(VelaStatusChangeCallback callback);
+
+/* The feature as a whole: while off, every light is dark. Off after Init. 0 without a session. */
+VELA_BOOL EnableFeature(VELA_BOOL enable);
+VELA_BOOL IsFeatureEnabled(void);
+/* A VelaActivation. 0 without a session; 1 at once when it is the current one. */
+VELA_BOOL Activate(uint32_t activation);
+/* 1 in VELA_ACTIVE and VELA_ACTIVE_HOST_SETS_LIGHTS. */
+VELA_BOOL IsActivated(void);
+
+/* ---- Buttons: 0 without a session ---------------------------------------------------------------- */
+
+/* An enabled button reports its presses; its light shows when it is visible as well. */
+VELA_BOOL EnableSingleButton(uint32_t buttonId, VELA_BOOL enable);
+VELA_BOOL IsSingleButtonEnabled(uint32_t buttonId);
+VELA_BOOL SetButtonVisible(uint32_t buttonId, VELA_BOOL visible);
+/* Which of a button's two lights is lit. Chat and share screen have one light: no change. */
+VELA_BOOL SetButtonLight(uint32_t buttonId, VELA_BOOL on);
+
+/* Breathing of the chat light: to be allowed first, then started and stopped. */
+VELA_BOOL EnableChatBreathing(VELA_BOOL enable);
+VELA_BOOL IsChatBreathingEnabled(void);
+VELA_BOOL SetButtonBreathing(uint32_t buttonId, VELA_BOOL on);
+
+/* Brightness of all lit lights, 0 (dark) to 255; the low 8 bits count. 3 until set. Ignored without a
+ * session, kept after it. */
+void SetVelaBrightness(uint32_t level);
+uint32_t GetVelaBrightness(void);
+
+/* ---- Touchpad settings and state ----------------------------------------------------------------- */
+
+/* mode 0: off; 1: `value`, unchecked, in the device's own units; other modes write the setting back as
+ * it is. 1 when it was written. Synchronous. */
+int32_t SetClickMode(uint32_t mode, uint16_t value);
+/* 1 when the click mode is on; 0 when it is off or could not be read. Synchronous. */
+uint32_t GetClickMode(void);
+/* Asks the firmware for its state, which comes through the status callback. 0 without a session, and
+ * for touchpads that have no such request. */
+VELA_BOOL UpdateVelaState(void);
+/* 1 for touchpads that can be taken off the machine, and for those that do not tell. */
+VELA_BOOL IsDetachable(void);
+/* 0 without a session, and for firmware older than version 99 with the older gesture. */
+VELA_BOOL IsSupportBiDirectionSwipe(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,10 @@
+#include "interface/Singletons.h"
+
+namespace vela {
+
+CTandrelHID& TouchpadSession() {
+    static CTandrelHID session;
+    return session;
+}
+
+}  // namespace vela

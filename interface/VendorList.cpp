@@ -1,0 +1,70 @@
+#include "interface/VendorList.h"
+
+#include <windows.h>
+
+#include <limits>
+#include <stdexcept>
+#include <string>
+
+#include "interface/ModuleHandle.h"
+#include "log/ILog.h"
+
+namespace vela {
+namespace {
+
+constexpr DWORD kPathLength = 260;
+constexpr DWORD kSectionNamesLength = 4096;
+
+// Empty when the platform does not tell the library's whole path.
+std::wstring ConfigurationPath() {
+    const HMODULE module = ModuleHandle();
+    if (module == nullptr) return {};
+    wchar_t path[kPathLength] = {};
+    const DWORD length = GetModuleFileNameW(module, path, kPathLength);
+    // A path that fills the buffer was cut short.
+    if (length == 0 || length >= kPathLength) return {};
+
+    std::wstring directory(path, length);
+    const wchar_t* const separators = L"\\/";
+    const std::size_t fileName = directory.find_last_of(separators);
+    directory.resize(fileName == std::wstring::npos ? 0 : fileName);
+    directory.resize(directory.find_last_not_of(separators) + 1);
+    return directory + L"\\Vela.ini";
+}
+
+// `unsigned long` has 32 bits on Windows, more where the tests run.
+std::uint32_t ParseVendorId(const std::wstring& sectionName) {
+    constexpr int kHexadecimal = 16;
+    const unsigned long value = std::stoul(sectionName, nullptr, kHexadecimal);
+    if (value > std::numeric_limits<std::uint32_t>::max()) {
+        throw std::out_of_range("stoul argument out of range");
+    }
+    return static_cast<std::uint32_t>(value);
+}
+
+}  // namespace
+
+std::vector<std::uint32_t> GetVidsFromFile() {
+    std::vector<std::uint32_t> vendorIds;
+    const std::wstring path = ConfigurationPath();
+    if (path.empty()) return vendorIds;
+
+    std::vector<wchar_t> names(kSectionNamesLength);
+    const DWORD count =
+        GetPrivateProfileSectionNamesW(names.data(), kSectionNamesLength, path.c_str());
+    for (DWORD position = 0; position < count && names[position] != L'\0';) {
+        const std::wstring name(&names[position]);
+        position += static_cast<DWORD>(name.size()) + 1;
+        try {
+            vendorIds.push_back(ParseVendorId(name));
+        } catch (const std::logic_error&) {
+            VELA_WIDE_FORMAT_BEGIN
+            GetLogger()->Log(kLogWarning, "GetVidsFromFile", "stoul convert failed. %ws",
+                             name.c_str());
+            VELA_WIDE_FORMAT_END
+        }
+    }
+    return vendorIds;
+}
+
+}  // namespace vela
