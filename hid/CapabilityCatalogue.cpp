@@ -8,13 +8,13 @@
 namespace vela {
 namespace {
 
-// How value and button capabilities differ; the rest of the filling is the same. The counts stand in
-// the order of the report types.
+// How value and button capabilities differ; the rest of the filling is the same. The counts stand
+// in the order of the report types.
 struct ValueCapability {
     using Caps = HIDP_VALUE_CAPS;
-    static constexpr USHORT HIDP_CAPS::* kCounts[] = {&HIDP_CAPS::NumberInputValueCaps,
-                                                      &HIDP_CAPS::NumberOutputValueCaps,
-                                                      &HIDP_CAPS::NumberFeatureValueCaps};
+    static constexpr USHORT HIDP_CAPS::*kCounts[] = {&HIDP_CAPS::NumberInputValueCaps,
+                                                     &HIDP_CAPS::NumberOutputValueCaps,
+                                                     &HIDP_CAPS::NumberFeatureValueCaps};
     static HidCapUsagePageList WantedPages(IHid& device) { return device.GetValueCapUsagePages(); }
     static NTSTATUS List(HIDP_REPORT_TYPE type, Caps* caps, USHORT* length,
                          PHIDP_PREPARSED_DATA preparsed) {
@@ -29,9 +29,9 @@ struct ValueCapability {
 
 struct ButtonCapability {
     using Caps = HIDP_BUTTON_CAPS;
-    static constexpr USHORT HIDP_CAPS::* kCounts[] = {&HIDP_CAPS::NumberInputButtonCaps,
-                                                      &HIDP_CAPS::NumberOutputButtonCaps,
-                                                      &HIDP_CAPS::NumberFeatureButtonCaps};
+    static constexpr USHORT HIDP_CAPS::*kCounts[] = {&HIDP_CAPS::NumberInputButtonCaps,
+                                                     &HIDP_CAPS::NumberOutputButtonCaps,
+                                                     &HIDP_CAPS::NumberFeatureButtonCaps};
     static HidCapUsagePageList WantedPages(IHid& device) { return device.GetButtonCapUsagePages(); }
     static NTSTATUS List(HIDP_REPORT_TYPE type, Caps* caps, USHORT* length,
                          PHIDP_PREPARSED_DATA preparsed) {

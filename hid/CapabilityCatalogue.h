@@ -6,10 +6,10 @@
 
 namespace vela {
 
-// Catalogue the capabilities on the usage pages that the session wants, one entry per usage: a range
-// of n usages gives n entries. True when at least one capability was on a wanted page, or when the
-// session wants none; false, with a log line, when none was (the map is empty then) or the platform
-// refused the list (what was stored so far stays in the map). A null session gives false.
+// Catalogue the capabilities on the usage pages that the session wants, one entry per usage: a
+// range of n usages gives n entries. True when at least one capability was on a wanted page, or
+// when the session wants none; false, with a log line, when none was (the map is empty then) or the
+// platform refused the list (what was stored so far stays in the map). A null session gives false.
 bool FillValueCapUsagePages(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed,
                             ValueCapsMap& map);
 bool FillButtonCapUsagePages(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed,

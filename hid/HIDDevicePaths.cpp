@@ -44,11 +44,12 @@ std::vector<std::wstring> GetHidDevicePathList() {
     GUID hidGuid{};
     HidD_GetHidGuid(&hidGuid);
 
-    const HDEVINFO devices = SetupDiGetClassDevsW(&hidGuid, nullptr, nullptr,
-                                                  DIGCF_PRESENT | DIGCF_DEVICEINTERFACE);
+    const HDEVINFO devices =
+        SetupDiGetClassDevsW(&hidGuid, nullptr, nullptr, DIGCF_PRESENT | DIGCF_DEVICEINTERFACE);
     if (devices == INVALID_HANDLE_VALUE) {
         const auto error = static_cast<int>(GetLastError());
-        GetLogger()->Log(kLogError, kFunction, "SetupDiGetClassDevs faild, last error (%d).", error);
+        GetLogger()->Log(kLogError, kFunction, "SetupDiGetClassDevs faild, last error (%d).",
+                         error);
         // The platform refuses the invalid value without harm, so both ways out end alike.
         SetupDiDestroyDeviceInfoList(devices);
         return paths;

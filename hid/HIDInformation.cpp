@@ -1,5 +1,7 @@
 #include "hid/HIDInformation.h"
 
+#include <iterator>
+
 #include "log/ILog.h"
 
 namespace vela {
@@ -18,7 +20,8 @@ bool LookUp(const Map& map, const std::wstring& key, Caps& out) {
 }  // namespace
 
 std::wstring MakeCapsKey(std::uint32_t reportType, std::uint16_t usage) {
-    std::wstring key = reportType < std::size(kReportTypeNames) ? kReportTypeNames[reportType] : L"";
+    std::wstring key =
+        reportType < std::size(kReportTypeNames) ? kReportTypeNames[reportType] : L"";
     key += L'_';
     key += std::to_wstring(usage);
     return key;

@@ -14,8 +14,9 @@ namespace vela {
 using ValueCapsMap = std::unordered_map<std::wstring, HIDP_VALUE_CAPS>;
 using ButtonCapsMap = std::unordered_map<std::wstring, HIDP_BUTTON_CAPS>;
 
-// The catalogue's key: "HID_INPUT_69" for usage 69 of an input report; "HID_OUTPUT_", "HID_FEATURE_"
-// likewise, and "_69" for a report type that is none of the three. The usage page is not part of it.
+// The catalogue's key: "HID_INPUT_69" for usage 69 of an input report; "HID_OUTPUT_",
+// "HID_FEATURE_" likewise, and "_69" for a report type that is none of the three. The usage page is
+// not part of it.
 std::wstring MakeCapsKey(std::uint32_t reportType, std::uint16_t usage);
 
 // Discovery fills a record before it shares it; from then on it is only read, from any thread,

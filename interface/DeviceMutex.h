@@ -1,5 +1,5 @@
-// The named mutex that marks, system-wide, that a touchpad session is open. Nobody ever waits on it:
-// its name is the message.
+// The named mutex that marks, system-wide, that a touchpad session is open. Nobody ever waits on
+// it: its name is the message.
 #pragma once
 
 #include <string>

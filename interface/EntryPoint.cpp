@@ -13,7 +13,8 @@ HMODULE ModuleHandle() { return moduleHandle; }
 
 }  // namespace vela
 
-// Runs under the loader's lock: it stores the handle, and nothing is waited for, logged or torn down.
+// Runs under the loader's lock: it stores the handle, and nothing is waited for, logged or torn
+// down.
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) vela::moduleHandle = module;
     return TRUE;

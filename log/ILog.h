@@ -16,7 +16,7 @@
 // Compilers' printf checks do not know "%ws", the platform's conversion for a wide string. The few
 // calls that need it stand between these two.
 #if defined(__GNUC__)
-#define VELA_WIDE_FORMAT_BEGIN                                           \
+#define VELA_WIDE_FORMAT_BEGIN                                                    \
     _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Wformat\"") \
         _Pragma("GCC diagnostic ignored \"-Wformat-extra-args\"")
 #define VELA_WIDE_FORMAT_END _Pragma("GCC diagnostic pop")
@@ -40,8 +40,8 @@ enum LogLevel : std::uint32_t {
 class ILog {
  public:
     // Starts writing to "VelaAgent.log" in `directory`, which is not checked. Calls nest: a second
-    // one only counts, and its directory is ignored. Throws std::system_error when the writer thread
-    // cannot be started.
+    // one only counts, and its directory is ignored. Throws std::system_error when the writer
+    // thread cannot be started.
     virtual void Initialize(const std::wstring& directory) = 0;
 
     // Ends one Initialize. The last one writes what is queued and returns when it is in the file.

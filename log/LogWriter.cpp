@@ -1,5 +1,5 @@
-// The logger's writer thread: takes entries off the queue, turns each into a line, appends it to the
-// file and keeps the file below its size limit.
+// The logger's writer thread: takes entries off the queue, turns each into a line, appends it to
+// the file and keeps the file below its size limit.
 #include <windows.h>
 
 #include <cstdint>
@@ -51,7 +51,8 @@ void Logger::WriteLogEntry(const LogEntry& entry) {
 
     const std::lock_guard<std::mutex> fileLock(fileMutex_);
     try {
-        // Opened anew for every line, so that rotation and outside readers never meet an open handle.
+        // Opened anew for every line, so that rotation and outside readers never meet an open
+        // handle.
         std::ofstream file;
         // A file that cannot be opened stays silent (that sets only the fail bit); a line that does
         // not reach an open file, as on a full disk, is told to the debugger.
@@ -86,7 +87,8 @@ void Logger::CheckErrorLogSize() {
         if (!std::filesystem::exists(path)) return;
         if (std::filesystem::file_size(path) > kMaximumFileSize) BackupLogFile();
     } catch (const std::filesystem::filesystem_error& error) {
-        // A debug entry, which is never written: a warning here would itself ask for the size again.
+        // A debug entry, which is never written: a warning here would itself ask for the size
+        // again.
         EnqueueLogEntry(kLogDebug, error.what(), false, "CheckErrorLogSize");
     }
 }

@@ -1,12 +1,14 @@
 // Overlapped reads and writes, and where they live until the kernel is done with them.
 //
-// Nothing here is ever cancelled: a write may be given up after its time limit, and a read may still
-// be pending when its thread leaves. The kernel then still holds the OVERLAPPED record and the
-// bytes, and writes to them when the operation ends, at the latest when the device handle is closed.
+// Nothing here is ever cancelled: a write may be given up after its time limit, and a read may
+// still be pending when its thread leaves. The kernel then still holds the OVERLAPPED record and
+// the bytes, and writes to them when the operation ends, at the latest when the device handle is
+// closed.
 #pragma once
 
 #include <memory>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 #include <windows.h>

@@ -42,8 +42,8 @@ enum ActivationState : std::uint32_t {
     kSuspended = 5,  // the button table is kept aside
 };
 
-// Opens the touchpad, keeps a reader, a writer and (when it is detachable) a heartbeat thread on it,
-// turns the host's wishes into whole output and feature reports, and its input reports into the
+// Opens the touchpad, keeps a reader, a writer and (when it is detachable) a heartbeat thread on
+// it, turns the host's wishes into whole output and feature reports, and its input reports into the
 // host's callbacks. One exists per process, behind the exports; any thread may call any operation.
 // The host's callbacks are called with no lock held.
 //
@@ -52,8 +52,8 @@ enum ActivationState : std::uint32_t {
 // write takes `deviceQueryMutex_` and then `lastReportMutex_`, so whoever queues a report waits for
 // the write in flight. Nothing else nests.
 //
-// Some state is read and written without a lock, as the members say: one byte or pointer each, where
-// a reader that comes a moment early sees the older value.
+// Some state is read and written without a lock, as the members say: one byte or pointer each,
+// where a reader that comes a moment early sees the older value.
 class CTandrelHID : public IHid {
  public:
     CTandrelHID();
@@ -73,7 +73,9 @@ class CTandrelHID : public IHid {
 
     bool IsInitialized() const { return initialized_; }
     void SetButtonPressCallback(ButtonPressCallback callback) { buttonPressCallback_ = callback; }
-    void SetStatusChangeCallback(StatusChangeCallback callback) { statusChangeCallback_ = callback; }
+    void SetStatusChangeCallback(StatusChangeCallback callback) {
+        statusChangeCallback_ = callback;
+    }
     // The record of the open device; null while closed.
     std::shared_ptr<const CHIDInformation> Information() const;
 
@@ -166,7 +168,7 @@ class CTandrelHID : public IHid {
     std::mutex buttonMutex_;  // guards: buttons_, but for UpdateLedCtrl's and Activate's reads
     std::mutex readMutex_;    // guards: issuing a read against the stop
     ButtonTable buttons_;
-    ButtonTable savedButtonTable_;  // Activate's only
+    ButtonTable savedButtonTable_;             // Activate's only
     std::atomic<std::uint8_t> brightness_{3};  // no lock
     std::atomic<bool> stop_{false};
     std::thread readerThread_;

@@ -59,7 +59,8 @@ bool CTandrelHID::SetClickMode(std::uint32_t mode, std::uint16_t value) {
         written = true;
     }
     // Marks the end of the attempt, whatever came of it.
-    log->Log(kLogInfo, kFunction, "SetClickMode (%d, %d) completed.", static_cast<int>(mode), value);
+    log->Log(kLogInfo, kFunction, "SetClickMode (%d, %d) completed.", static_cast<int>(mode),
+             value);
     return written;
 }
 
@@ -85,9 +86,9 @@ bool CTandrelHID::GetClickMode() {
         return false;
     }
     ULONG value = 0;
-    const NTSTATUS status =
-        HidP_GetUsageValue(HidP_Feature, caps.UsagePage, kNoLinkCollection, USAGE_DBLTAP_DURATION_MAX,
-                           &value, information->preparsedData, Chars(report), length);
+    const NTSTATUS status = HidP_GetUsageValue(HidP_Feature, caps.UsagePage, kNoLinkCollection,
+                                               USAGE_DBLTAP_DURATION_MAX, &value,
+                                               information->preparsedData, Chars(report), length);
     if (status < 0) {
         log->Log(kLogError, kFunction, "HidP_GetUsageValue failed, the status (%x)",
                  static_cast<unsigned>(status));

@@ -13,9 +13,8 @@ constexpr const wchar_t* kDetachableWords[] = {L"morlo", L"detachable"};
 // The letters A to Z only, as the runtime's tolower does in its default locale, and safe for
 // characters that are no plain char.
 wchar_t LowerCase(wchar_t character) {
-    return character >= L'A' && character <= L'Z'
-               ? static_cast<wchar_t>(character - L'A' + L'a')
-               : character;
+    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a')
+                                                  : character;
 }
 
 }  // namespace

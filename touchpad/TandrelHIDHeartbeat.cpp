@@ -25,7 +25,8 @@ void CTandrelHID::HeartbeatThread() {
     for (;;) {
         {
             std::unique_lock<std::mutex> lock(heartbeatMutex_);
-            if (heartbeatCondition_.wait_until(lock, NextBeat(), [this] { return heartbeatStop_; })) {
+            if (heartbeatCondition_.wait_until(lock, NextBeat(),
+                                               [this] { return heartbeatStop_; })) {
                 break;
             }
         }

@@ -65,8 +65,8 @@ void CTandrelHID::HandleInputReport(std::vector<BYTE>& report, ULONG usageCount)
                        static_cast<ULONG>(report.size()));
     if (status < 0) {
         const auto error = static_cast<int>(GetLastError());
-        GetLogger()->Log(kLogWarning, kFunction, "HidP_GetUsages HidP_Input failed, GetLastError(%d).",
-                         error);
+        GetLogger()->Log(kLogWarning, kFunction,
+                         "HidP_GetUsages HidP_Input failed, GetLastError(%d).", error);
         return;
     }
 

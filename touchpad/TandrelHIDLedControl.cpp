@@ -71,8 +71,8 @@ void ComposeBlank(OutputReport& report) {
         // failure's own.
         if (DarkenLights(row, report) < 0) LogSetValueFailed(HIDP_STATUS_SUCCESS);
     }
-    for (const USAGE usage : {USAGE_CAMERA_ACTIVE, USAGE_SHARE_SCREEN_ACTIVE, USAGE_CHAT_ACTIVE,
-                              USAGE_AUDIO_ACTIVE}) {
+    for (const USAGE usage :
+         {USAGE_CAMERA_ACTIVE, USAGE_SHARE_SCREEN_ACTIVE, USAGE_CHAT_ACTIVE, USAGE_AUDIO_ACTIVE}) {
         UnsetActive(usage, report);
     }
 }
@@ -127,8 +127,9 @@ ULONG CTandrelHID::NextBreathingValue(const ButtonState& chat) {
     return kStartBreathing;
 }
 
-// A report is composed while other threads change buttons: whoever changes one queues another report
-// right behind, so a moment's older flag is soon put right, and no host call waits for a composition.
+// A report is composed while other threads change buttons: whoever changes one queues another
+// report right behind, so a moment's older flag is soon put right, and no host call waits for a
+// composition.
 ButtonState CTandrelHID::ReadButtonUnlocked(std::uint32_t buttonId) const {
     const auto entry = buttons_.find(buttonId);
     return entry != buttons_.end() ? entry->second : ButtonState{};

@@ -10,8 +10,8 @@
 namespace vela {
 
 CTandrelHID::CTandrelHID() {
-    // Room for every id that hosts have been seen to use: reports are composed from the table without
-    // its lock, and must not meet it while it grows.
+    // Room for every id that hosts have been seen to use: reports are composed from the table
+    // without its lock, and must not meet it while it grows.
     buttons_.reserve(64);
 }
 
@@ -43,7 +43,8 @@ std::shared_ptr<const CHIDInformation> CTandrelHID::Information() const {
 std::uint32_t CTandrelHID::Initialize(const std::shared_ptr<const CHIDInformation>& information) {
     constexpr const char* kFunction = "Initialize";
     ILog* const log = GetLogger();
-    log->Log(kLogInfo, kFunction, "================= CTandrelHID initialize start =================");
+    log->Log(kLogInfo, kFunction,
+             "================= CTandrelHID initialize start =================");
     if (information == nullptr) {
         log->Log(kLogWarning, kFunction, "Initialize failed, HID info is null pointer.");
         return kHidFailed;
@@ -54,9 +55,8 @@ std::uint32_t CTandrelHID::Initialize(const std::shared_ptr<const CHIDInformatio
     }
 
     // Exclusive: two agents that drive one touchpad's lights would undo each other's reports.
-    const HANDLE device =
-        CreateFileW(information->devicePath.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                    OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
+    const HANDLE device = CreateFileW(information->devicePath.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                      0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
     if (device == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
         log->Log(kLogError, kFunction, "Initialize failed, CreateFile failed GetLastError(%d).",

@@ -18,8 +18,7 @@ void CTandrelHID::ReadInputReportThread() {
     const std::size_t length = information->caps.InputReportByteLength;
     if (length == 0) return;
     OverlappedOperations::Pointer read = operations_.Make(std::vector<BYTE>(length));
-    const ULONG usageCount =
-        HidP_MaxUsageListLength(HidP_Input, 0, information->preparsedData);
+    const ULONG usageCount = HidP_MaxUsageListLength(HidP_Input, 0, information->preparsedData);
 
     while (!stop_) {
         // A wait that failed may have left the read behind with the kernel.
@@ -37,9 +36,9 @@ bool CTandrelHID::ReadInputReport(OverlappedOperation& read) {
         const std::lock_guard<std::mutex> lock(readMutex_);
         if (stop_) return false;
         read.Prepare(readEvent_);
-        const BOOL completed = ReadFile(device_, read.bytes.data(),
-                                        static_cast<DWORD>(read.bytes.size()), nullptr,
-                                        &read.overlapped);
+        const BOOL completed =
+            ReadFile(device_, read.bytes.data(), static_cast<DWORD>(read.bytes.size()), nullptr,
+                     &read.overlapped);
         read.Issued(completed || GetLastError() == ERROR_IO_PENDING);
         if (completed) return true;
     }
@@ -102,8 +101,8 @@ bool CTandrelHID::WriteAndWait(const std::vector<BYTE>& report) {
     DWORD error = GetLastError();
     write->Issued(error == ERROR_IO_PENDING);
     if (error == ERROR_IO_PENDING && WaitForWrite(*write, device, error)) return true;
-    GetLogger()->Log(kLogError, "WriteOutputReportInternal", "Write File failed with last error (%d)",
-                     static_cast<int>(error));
+    GetLogger()->Log(kLogError, "WriteOutputReportInternal",
+                     "Write File failed with last error (%d)", static_cast<int>(error));
     return false;
 }
 
@@ -124,8 +123,7 @@ bool CTandrelHID::WaitForWrite(OverlappedOperation& write, HANDLE device, DWORD&
     if (waited == WAIT_TIMEOUT) {
         GetLogger()->Log(kLogError, kFunction, "WaitForSingleObject timeout");
     } else {
-        GetLogger()->Log(kLogError, kFunction,
-                         "WaitForSingleObject dwRet = %d, the last error(%d)",
+        GetLogger()->Log(kLogError, kFunction, "WaitForSingleObject dwRet = %d, the last error(%d)",
                          static_cast<int>(waited), static_cast<int>(error));
     }
     return false;

@@ -1,0 +1,24 @@
+# VelaAgent.dll: the exports of interface/VelaAgent.def, a version resource, and no runtime files
+# beside it.
+enable_language(RC)
+configure_file(interface/VelaAgent.rc.in ${CMAKE_CURRENT_BINARY_DIR}/VelaAgent.rc @ONLY)
+
+add_library(VelaAgent SHARED
+  ${VELA_AGENT_SOURCES}
+  interface/VelaAgent.def
+  ${CMAKE_CURRENT_BINARY_DIR}/VelaAgent.rc)
+set_target_properties(VelaAgent PROPERTIES PREFIX "")
+target_include_directories(VelaAgent PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(VelaAgent PRIVATE vela_warnings hid setupapi)
+target_compile_definitions(VelaAgent PRIVATE UNICODE _UNICODE)
+
+if(MSVC)
+  set_property(TARGET VelaAgent PROPERTY MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  target_link_options(VelaAgent PRIVATE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf)
+else()
+  # Paths of the build machine stay out of the file (assertions of the C++ runtime would bring them).
+  target_compile_options(VelaAgent PRIVATE
+    -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -fvisibility=hidden)
+  target_link_options(VelaAgent PRIVATE
+    -static -s -Wl,--dynamicbase,--high-entropy-va,--nxcompat -Wl,--no-insert-timestamp)
+endif()

@@ -1,0 +1,92 @@
+/* A conferencing host in small, to copy from: it opens the touchpad, lights its buttons, hears their
+ * presses and closes it again.
+ *
+ *   host LOGDIRECTORY
+ *
+ * What a real host's user interface would do comes as lines on standard input:
+ *   join    the meeting begins: lights on
+ *   chat    a chat message came: the chat light breathes
+ *   read    the message was read
+ *   leave   the meeting ends (so does the end of input)
+ * Each callback is printed as a line on standard output. */
+#include <stdio.h>
+#include <string.h>
+#include <wchar.h>
+
+#include "VelaAgent.h"
+
+static const char* const button_names[] = {"camera", "microphone", "chat", "share screen"};
+
+/* Both callbacks come on the library's reader thread. A real host posts to its own thread here; it
+ * must not call UnInit. */
+static void on_button_press(uint32_t button, uint32_t new_light) {
+    const char* const name = button < 4 ? button_names[button] : "unknown";
+    printf("callback: %s pressed, light to be %s\n", name, new_light ? "on" : "off");
+    fflush(stdout);
+}
+
+static void on_status_change(uint32_t status) {
+    const char* const text = status == VELA_STATUS_TEMPORARILY_DISABLED ? "disabled by a gesture"
+                             : status == VELA_STATUS_DISABLED           ? "disabled"
+                             : status == VELA_STATUS_DEACTIVATED        ? "deactivated"
+                                                                        : "normal";
+    printf("callback: status %u (%s)\n", (unsigned)status, text);
+    fflush(stdout);
+}
+
+static int join(void) {
+    uint32_t button;
+    const int32_t result = Init();
+    if (result != VELA_INIT_OPEN) {
+        fprintf(stderr, "host: %s\n",
+                result == VELA_INIT_HELD_BY_OTHER ? "the touchpad is held by another process"
+                                                  : "no touchpad found; see VelaAgent.log");
+        return 0;
+    }
+    SetVelaButtonPressCallback(on_button_press);
+    SetVelaStatusChangeCallback(on_status_change);
+    EnableFeature(1);
+    Activate(VELA_ACTIVE);
+    SetVelaBrightness(200);
+    for (button = VELA_BUTTON_CAMERA; button <= VELA_BUTTON_SHARE_SCREEN; ++button) {
+        EnableSingleButton(button, 1);
+        SetButtonVisible(button, 1);
+    }
+    EnableChatBreathing(1);
+    return 1;
+}
+
+static void leave(void) {
+    Activate(VELA_DEACTIVATED);
+    UnInit();
+}
+
+enum outcome { GO_ON, LEAVE, FAILED };
+
+static enum outcome obey(const char* command) {
+    if (strcmp(command, "join") == 0) return join() ? GO_ON : FAILED;
+    if (strcmp(command, "chat") == 0) SetButtonBreathing(VELA_BUTTON_CHAT, 1);
+    if (strcmp(command, "read") == 0) SetButtonBreathing(VELA_BUTTON_CHAT, 0);
+    return strcmp(command, "leave") == 0 ? LEAVE : GO_ON;
+}
+
+int wmain(int argc, wchar_t** argv) {
+    char command[64];
+    enum outcome outcome = GO_ON;
+    if (argc != 2) {
+        fprintf(stderr, "usage: host LOGDIRECTORY\n");
+        return 2;
+    }
+    InitLogger(argv[1]);
+    printf("host: touchpad %s\n", IsVelaPresent() ? "present" : "not present");
+    fflush(stdout);
+    while (outcome == GO_ON && fgets(command, sizeof(command), stdin) != NULL) {
+        command[strcspn(command, "\r\n")] = '\0';
+        outcome = obey(command);
+        printf("host: done %s\n", command);
+        fflush(stdout);
+    }
+    leave();
+    UnInitLogger();
+    return outcome == FAILED ? 1 : 0;
+}
