@@ -1,6 +1,6 @@
 // How the simulated platform functions announce themselves: each begins with
 //
-//     if (const auto fault = Enter("HidD_GetFeature", Arguments(Handle(device), Count(length))))
+//     if (const auto fault = Enter("HidD_GetFeature", Arguments(HandleName(device), Count(length))))
 //         return fault->Failed<BOOLEAN>(FALSE);
 //
 // Enter records the call and asks the machine for a fault.
@@ -18,7 +18,8 @@ namespace simulator {
 
 class Injected {
  public:
-    explicit Injected(const Fault& fault) : fault_(fault) {}
+    Injected(const Fault& fault, bool keepsLastError)
+        : fault_(fault), keepsLastError_(keepsLastError) {}
 
     // Sets the thread's last error as the fault says and gives the value to return, `ordinary` when
     // the fault names none.
@@ -33,9 +34,13 @@ class Injected {
     void Apply() const;
 
     Fault fault_;
+    bool keepsLastError_;  // when the fault names no error
 };
 
 std::optional<Injected> Enter(const char* function, const std::string& arguments);
+
+// For Machine::Misuse.
+void NoteMisuse(const std::string& text);
 
 // Argument texts, in the forms that Calls.h lists. Join puts ", " between non-empty texts.
 std::string Hex(std::uint64_t value);

@@ -1,0 +1,55 @@
+#include "simulator/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cwctype>
+
+namespace simulator {
+namespace {
+
+constexpr std::uint32_t kReplacement = 0xFFFD;
+
+bool IsCodePoint(std::uint32_t value) {
+    return value <= 0x10FFFF && !(value >= 0xD800 && value <= 0xDFFF);
+}
+
+void AppendUtf8(std::string& out, std::uint32_t codePoint) {
+    const auto append = [&out](std::uint32_t byte) { out += static_cast<char>(byte); };
+    const auto tail = [&](int shift) { append(0x80 | ((codePoint >> shift) & 0x3F)); };
+    if (codePoint < 0x80) {
+        append(codePoint);
+    } else if (codePoint < 0x800) {
+        append(0xC0 | (codePoint >> 6));
+        tail(0);
+    } else if (codePoint < 0x10000) {
+        append(0xE0 | (codePoint >> 12));
+        tail(6);
+        tail(0);
+    } else {
+        append(0xF0 | (codePoint >> 18));
+        tail(12);
+        tail(6);
+        tail(0);
+    }
+}
+
+}  // namespace
+
+std::string Utf8(const wchar_t* text) {
+    std::string out;
+    for (; *text != L'\0'; ++text) {
+        const auto value = static_cast<std::uint32_t>(*text);
+        AppendUtf8(out, IsCodePoint(value) ? value : kReplacement);
+    }
+    return out;
+}
+
+std::wstring FoldCase(const std::wstring& text) {
+    std::wstring folded = text;
+    std::transform(folded.begin(), folded.end(), folded.begin(), [](wchar_t character) {
+        return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(character)));
+    });
+    return folded;
+}
+
+}  // namespace simulator

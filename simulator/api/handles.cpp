@@ -1,0 +1,36 @@
+// CloseHandle and the thread's last error.
+#include <windows.h>
+
+#include "simulator/CallRecorder.h"
+#include "simulator/LastError.h"
+#include "simulator/MachineState.h"
+
+using namespace simulator;
+
+namespace {
+
+thread_local DWORD lastError = ERROR_SUCCESS;
+
+bool CloseKernelHandle(HANDLE handle) {
+    const MachineLock lock;
+    // Device information lists are no kernel handles; they have a closing function of their own.
+    return !IsOfKind(handle, HandleKind::Devices) && State().handles.Close(handle);
+}
+
+}  // namespace
+
+extern "C" {
+
+DWORD WINAPI GetLastError(void) { return lastError; }
+
+void WINAPI SetLastError(DWORD dwErrCode) { lastError = dwErrCode; }
+
+BOOL WINAPI CloseHandle(HANDLE hObject) {
+    const std::string arguments = Arguments(HandleName(hObject));
+    if (const auto fault = Enter("CloseHandle", arguments)) return fault->Failed<BOOL>(FALSE);
+    if (CloseKernelHandle(hObject)) return TRUE;
+    NoteMisuse("CloseHandle(" + arguments + "): not an open handle");
+    return Answer(ERROR_INVALID_HANDLE);
+}
+
+}  // extern "C"

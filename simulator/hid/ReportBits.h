@@ -1,0 +1,30 @@
+// Fields of a report: little-endian runs of bits that may start anywhere and cross byte boundaries.
+#pragma once
+
+#include <cstdint>
+
+namespace simulator::hid {
+
+// `size` is 1 to 32; bit 0 is the lowest bit of byte 0. Not sign-extended.
+inline std::uint32_t GetBits(const std::uint8_t* report, std::uint32_t start, std::uint32_t size) {
+    std::uint32_t value = 0;
+    for (std::uint32_t i = 0; i < size; ++i) {
+        const std::uint32_t bit = start + i;
+        value |= ((report[bit / 8] >> (bit % 8)) & 1u) << i;
+    }
+    return value;
+}
+
+// Keeps the lowest `size` bits of the value, and every neighbour in the report.
+inline void SetBits(std::uint8_t* report, std::uint32_t start, std::uint32_t size,
+                    std::uint32_t value) {
+    for (std::uint32_t i = 0; i < size; ++i) {
+        const std::uint32_t bit = start + i;
+        const auto mask = static_cast<std::uint8_t>(1u << (bit % 8));
+        const bool isSet = ((value >> i) & 1u) != 0;
+        report[bit / 8] =
+            static_cast<std::uint8_t>(isSet ? report[bit / 8] | mask : report[bit / 8] & ~mask);
+    }
+}
+
+}  // namespace simulator::hid

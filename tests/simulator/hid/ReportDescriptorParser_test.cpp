@@ -1,0 +1,258 @@
+#include <gtest/gtest.h>
+
+#include "tests/simulator/hid/ParsedDevice.h"
+
+namespace simulator::hid {
+namespace {
+
+std::size_t CollectionCount(const Bytes& descriptor) {
+    return ParseReportDescriptor(descriptor).size();
+}
+
+TEST(TopLevelCollections, AreOneEachWithTheirOwnUsageAndReports) {
+    ReportDescriptorBuilder builder = Application(0x0D, 0x05);
+    builder.ReportId(1).Value(Main::Input, 0x51, 8, 0xFF).EndCollection();
+    builder.UsagePage(kPage).Usage(0x80).Collection(CollectionKind::Application);
+    builder.ReportId(2).Value(Main::Output, 0x20, 16, 0xFF).EndCollection();
+    ASSERT_EQ(CollectionCount(builder.Bytes()), 2u);
+
+    const HIDP_CAPS first = ParsedDevice(builder.Bytes(), 0).Caps();
+    EXPECT_EQ(first.UsagePage, 0x0D);
+    EXPECT_EQ(first.Usage, 0x05);
+    EXPECT_EQ(first.InputReportByteLength, 2);
+    EXPECT_EQ(first.OutputReportByteLength, 0);
+
+    const HIDP_CAPS second = ParsedDevice(builder.Bytes(), 1).Caps();
+    EXPECT_EQ(second.UsagePage, kPage);
+    EXPECT_EQ(second.Usage, 0x80);
+    EXPECT_EQ(second.InputReportByteLength, 0);
+    EXPECT_EQ(second.OutputReportByteLength, 3);
+}
+
+TEST(TopLevelCollections, AnEmptyDescriptorHasNone) { EXPECT_EQ(CollectionCount({}), 0u); }
+
+TEST(TopLevelCollections, MayHaveNoReports) {
+    const HIDP_CAPS caps = ParsedDevice(Application()).Caps();
+    EXPECT_EQ(caps.InputReportByteLength, 0);
+    EXPECT_EQ(caps.OutputReportByteLength, 0);
+    EXPECT_EQ(caps.FeatureReportByteLength, 0);
+    EXPECT_EQ(caps.NumberLinkCollectionNodes, 1);
+}
+
+TEST(ReportLengths, AreThoseOfTheLongestReportOfTheTypeWithItsIdByte) {
+    const HIDP_CAPS caps = ParsedDevice(Application()
+                                            .ReportId(1)
+                                            .Value(Main::Input, 0x20, 8, 0xFF)
+                                            .ReportId(2)
+                                            .Value(Main::Input, 0x21, 24, 0xFF)
+                                            .Value(Main::Feature, 0x22, 16, 0xFF))
+                               .Caps();
+    EXPECT_EQ(caps.InputReportByteLength, 4);
+    EXPECT_EQ(caps.FeatureReportByteLength, 3);
+    EXPECT_EQ(caps.OutputReportByteLength, 0);
+}
+
+TEST(ReportLengths, CountTheIdByteEvenWithoutIds) {
+    EXPECT_EQ(
+        ParsedDevice(Application().Value(Main::Input, 0x20, 8, 0xFF)).Caps().InputReportByteLength,
+        2);
+}
+
+TEST(ReportLengths, AreWholeBytes) {
+    EXPECT_EQ(ParsedDevice(Application().Buttons(Main::Input, 1, 9)).Caps().InputReportByteLength,
+              3);
+}
+
+TEST(ReportLengths, OfPaddingAloneCount) {
+    EXPECT_EQ(ParsedDevice(Application().Padding(Main::Input, 9)).Caps().InputReportByteLength, 3);
+}
+
+TEST(ReportLengths, OfOneReportAreKnownByTypeAndId) {
+    const auto collection = ParseReportDescriptor(Application()
+                                                      .ReportId(1)
+                                                      .Value(Main::Input, 0x20, 8, 0xFF)
+                                                      .ReportId(2)
+                                                      .Value(Main::Input, 0x21, 24, 0xFF)
+                                                      .Value(Main::Feature, 0x22, 16, 0xFF)
+                                                      .EndCollection()
+                                                      .Bytes())
+                                .at(0);
+    EXPECT_EQ(ReportLength(*collection, HidP_Input, 1), 2u);
+    EXPECT_EQ(ReportLength(*collection, HidP_Input, 2), 4u);
+    EXPECT_EQ(ReportLength(*collection, HidP_Feature, 2), 3u);
+    EXPECT_EQ(ReportLength(*collection, HidP_Feature, 1), std::nullopt);
+    EXPECT_EQ(ReportLength(*collection, HidP_Input, 0), std::nullopt);
+    EXPECT_EQ(ReportIds(*collection, HidP_Input), (Bytes{1, 2}));
+    EXPECT_EQ(ReportIds(*collection, HidP_Feature), (Bytes{2}));
+    EXPECT_EQ(ReportIds(*collection, HidP_Output), Bytes{});
+    EXPECT_TRUE(UsesReportIds(*collection));
+}
+
+TEST(ReportLengths, WithoutIdsAreThoseOfIdZero) {
+    const auto collection =
+        ParseReportDescriptor(
+            Application().Value(Main::Feature, 0x20, 8, 0xFF).EndCollection().Bytes())
+            .at(0);
+    EXPECT_EQ(ReportLength(*collection, HidP_Feature, 0), 2u);
+    EXPECT_EQ(ReportIds(*collection, HidP_Feature), (Bytes{0}));
+    EXPECT_FALSE(UsesReportIds(*collection));
+}
+
+TEST(ReportIdInForce, IsTheOneAtTheMainItemWhereverTheUsageStood) {
+    const ParsedDevice device(
+        Application().ReportId(1).ReportSize(8).ReportCount(1).Usage(0x20).ReportId(2).Main(
+            Main::Output, kDataVariable));
+    EXPECT_EQ(device.ValueCaps(HidP_Output).at(0).ReportID, 2);
+}
+
+TEST(ReportIdInForce, OfAReportMayAlternate) {
+    const ParsedDevice device(Application()
+                                  .ReportId(1)
+                                  .Value(Main::Output, 0x20, 8, 0xFF)
+                                  .ReportId(2)
+                                  .Value(Main::Output, 0x21, 8, 0xFF)
+                                  .ReportId(1)
+                                  .Value(Main::Output, 0x22, 8, 0xFF));
+    Bytes report = device.EmptyReport(HidP_Output);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x20, 0x0A, report), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x22, 0x0B, report), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{1, 0x0A, 0x0B}));
+}
+
+TEST(PushAndPop, BringBackEveryGlobalItem) {
+    const ParsedDevice device(Application()
+                                  .ReportId(1)
+                                  .LogicalMinimum(2)
+                                  .LogicalMaximum(3)
+                                  .Raw({0x35, 0x04, 0x45, 0x05, 0x55, 0x0E, 0x65, 0x11})
+                                  .ReportSize(8)
+                                  .ReportCount(2)
+                                  .Raw({0xA4})  // push
+                                  .UsagePage(kOtherPage)
+                                  .ReportId(9)
+                                  .LogicalMinimum(20)
+                                  .LogicalMaximum(30)
+                                  .Raw({0x35, 0x40, 0x45, 0x50, 0x55, 0x01, 0x65, 0x22})
+                                  .ReportSize(4)
+                                  .ReportCount(1)
+                                  .Raw({0xB4})  // pop
+                                  .Usage(0x20)
+                                  .Main(Main::Output, kDataVariable));
+    const HIDP_VALUE_CAPS caps = device.ValueCaps(HidP_Output).at(0);
+    EXPECT_EQ(caps.UsagePage, kPage);
+    EXPECT_EQ(caps.ReportID, 1);
+    EXPECT_EQ(caps.LogicalMin, 2);
+    EXPECT_EQ(caps.LogicalMax, 3);
+    EXPECT_EQ(caps.PhysicalMin, 4);
+    EXPECT_EQ(caps.PhysicalMax, 5);
+    EXPECT_EQ(caps.UnitsExp, 0x0Eu);
+    EXPECT_EQ(caps.Units, 0x11u);
+    EXPECT_EQ(caps.BitSize, 8);
+    EXPECT_EQ(caps.ReportCount, 2);
+}
+
+TEST(ExtendedUsages, CarryTheirPage) {
+    const ParsedDevice device(Application()
+                                  .ReportSize(8)
+                                  .ReportCount(1)
+                                  .Raw({0x0B, 0x51, 0x00, 0x0D, 0x00})
+                                  .Main(Main::Input, kDataVariable)
+                                  .ReportSize(1)
+                                  .ReportCount(2)
+                                  .Raw({0x1B, 0x01, 0x00, 0x09, 0x00})
+                                  .Raw({0x2B, 0x02, 0x00, 0x09, 0x00})
+                                  .Main(Main::Input, kDataVariable));
+    EXPECT_EQ(device.ValueCaps(HidP_Input).at(0).UsagePage, 0x0D);
+    EXPECT_EQ(device.ValueCaps(HidP_Input).at(0).NotRange.Usage, 0x51);
+    EXPECT_EQ(device.ButtonCaps(HidP_Input).at(0).UsagePage, 0x09);
+    EXPECT_EQ(device.ButtonCaps(HidP_Input).at(0).Range.UsageMin, 0x01);
+    EXPECT_EQ(device.ButtonCaps(HidP_Input).at(0).Range.UsageMax, 0x02);
+}
+
+TEST(ShortUsages, AreOfThePageInForceWhereTheyStand) {
+    const ParsedDevice device(Application()
+                                  .ReportSize(8)
+                                  .ReportCount(2)
+                                  .Usage(0x20)
+                                  .UsagePage(kOtherPage)
+                                  .Usage(0x21)
+                                  .Main(Main::Output, kDataVariable));
+    Bytes report = device.EmptyReport(HidP_Output);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x20, 1, report, kPage), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x21, 2, report, kOtherPage), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{0, 1, 2}));
+}
+
+TEST(LocalItems, CountForOneMainItemOnly) {
+    const ParsedDevice device(Application()
+                                  .ReportSize(8)
+                                  .ReportCount(1)
+                                  .Usage(0x20)
+                                  .Main(Main::Output, kDataVariable)
+                                  .Main(Main::Output, kDataVariable)
+                                  .Usage(0x22)
+                                  .Collection(CollectionKind::Logical)
+                                  .Main(Main::Output, kDataVariable)
+                                  .EndCollection());
+    EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 1u);
+    EXPECT_EQ(device.Caps().OutputReportByteLength, 4);
+}
+
+TEST(LocalItems, EndWithTheirCollection) {
+    const ParsedDevice device(Application()
+                                  .ReportSize(8)
+                                  .ReportCount(1)
+                                  .Collection(CollectionKind::Logical)
+                                  .Usage(0x20)
+                                  .EndCollection()
+                                  .Main(Main::Output, kDataVariable));
+    EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 0u);
+}
+
+TEST(LocalItems, StringsAndDesignatorsChangeNothing) {
+    const ParsedDevice device(Application()
+                                  .Raw({0x39, 0x01, 0x49, 0x01, 0x59, 0x02})
+                                  .Raw({0x79, 0x01, 0x89, 0x01, 0x99, 0x02})
+                                  .Value(Main::Output, 0x20, 8, 0xFF));
+    ASSERT_EQ(device.ValueCaps(HidP_Output).size(), 1u);
+    EXPECT_EQ(device.ValueCaps(HidP_Output).at(0).NotRange.StringIndex, 0);
+}
+
+TEST(LongItems, ArePassedOver) {
+    const ParsedDevice device(
+        Application().Raw({0xFE, 0x03, 0xF0, 0xC0, 0xC0, 0xC0}).Value(Main::Output, 0x20, 8, 0xFF));
+    EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 1u);
+}
+
+TEST(LinkCollections, AreNumberedInTheOrderInWhichTheyOpen) {
+    const ParsedDevice device(Application()
+                                  .Usage(0x22)
+                                  .Collection(CollectionKind::Logical)
+                                  .UsagePage(kOtherPage)
+                                  .Usage(0x23)
+                                  .Collection(CollectionKind::Physical)
+                                  .Value(Main::Input, 0x30, 8, 0xFF)
+                                  .EndCollection()
+                                  .Value(Main::Input, 0x31, 8, 0xFF)
+                                  .EndCollection()
+                                  .Collection(CollectionKind::Logical)
+                                  .Value(Main::Input, 0x32, 8, 0xFF)
+                                  .EndCollection()
+                                  .Value(Main::Input, 0x33, 8, 0xFF));
+    EXPECT_EQ(device.Caps().NumberLinkCollectionNodes, 4);
+    struct {
+        USHORT link;
+        USAGE page, usage;
+    } const expected[] = {
+        {2, kOtherPage, 0x23}, {1, kPage, 0x22}, {3, kOtherPage, 0x00}, {0, kPage, 0x80}};
+    const auto caps = device.ValueCaps(HidP_Input);
+    ASSERT_EQ(caps.size(), 4u);
+    for (std::size_t i = 0; i < caps.size(); ++i) {
+        EXPECT_EQ(caps[i].LinkCollection, expected[i].link) << i;
+        EXPECT_EQ(caps[i].LinkUsagePage, expected[i].page) << i;
+        EXPECT_EQ(caps[i].LinkUsage, expected[i].usage) << i;
+    }
+}
+
+}  // namespace
+}  // namespace simulator::hid
