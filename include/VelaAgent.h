@@ -14,7 +14,10 @@
  *     but the next report waits: return soon.
  *  6. A false result and a line in "VelaAgent.log" are the whole report of a failure. Only a mutex or a
  *     thread that the system refuses is raised, as a C++ std::system_error.
- *  7. A light change is queued and written by a thread of the session's own. While a write is in flight
+ *  7. Call UnInit before the process exits. One that exits with the session open, or after a detachable
+ *     touchpad was active, is ended by the C++ runtime ("terminate called") while the library is
+ *     unloaded, as threads that nobody waited for are; TerminateProcess avoids that.
+ *  8. A light change is queued and written by a thread of the session's own. While a write is in flight
  *     (at most 30 seconds, usually a few milliseconds) calls that queue another wait for it.
  */
 #ifndef VELA_AGENT_H

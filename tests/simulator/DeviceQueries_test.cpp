@@ -66,14 +66,15 @@ TEST_P(RefusedFeatureReports, FailBothWays) {
     EXPECT_THAT(device->FeatureWrites(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, RefusedFeatureReports,
-    testing::Values(FeatureRefusal{"Empty", 4, 0, ERROR_INVALID_USER_BUFFER},
-                    FeatureRefusal{"Short", 6, 4, ERROR_INVALID_PARAMETER},
-                    FeatureRefusal{"UnknownId", 9, 8, ERROR_INVALID_PARAMETER},
-                    FeatureRefusal{"OutputId", 2, 8, ERROR_INVALID_PARAMETER},
-                    FeatureRefusal{"NoId", 0, 8, ERROR_INVALID_PARAMETER}),
-    [](const testing::TestParamInfo<FeatureRefusal>& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Rows, RefusedFeatureReports,
+                         testing::Values(FeatureRefusal{"Empty", 4, 0, ERROR_INVALID_USER_BUFFER},
+                                         FeatureRefusal{"Short", 6, 4, ERROR_INVALID_PARAMETER},
+                                         FeatureRefusal{"UnknownId", 9, 8, ERROR_INVALID_PARAMETER},
+                                         FeatureRefusal{"OutputId", 2, 8, ERROR_INVALID_PARAMETER},
+                                         FeatureRefusal{"NoId", 0, 8, ERROR_INVALID_PARAMETER}),
+                         [](const testing::TestParamInfo<FeatureRefusal>& row) {
+                             return row.param.name;
+                         });
 
 TEST_F(FeatureReports, OfTheTestMustFitTheDescriptor) {
     const auto device = Plug();

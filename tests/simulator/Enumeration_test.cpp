@@ -28,8 +28,8 @@ class EnumeratingInterfaces : public SimulatorTest {
         SetupDiGetDeviceInterfaceDetailW(list_, &interface_, nullptr, 0, &size, nullptr);
         buffer_.assign(size, 0);
         Detail()->cbSize = sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W);
-        EXPECT_TRUE(SetupDiGetDeviceInterfaceDetailW(list_, &interface_, Detail(), size, nullptr,
-                                                     nullptr));
+        EXPECT_TRUE(
+            SetupDiGetDeviceInterfaceDetailW(list_, &interface_, Detail(), size, nullptr, nullptr));
         return Detail()->DevicePath;
     }
     SP_DEVICE_INTERFACE_DETAIL_DATA_W* Detail() {
@@ -121,7 +121,8 @@ TEST_F(EnumeratingInterfaces, ChecksTheDetailRecord) {
     const auto detail = [&](DWORD cbSize, DWORD size) {
         buffer_.assign(1024, 0);
         Detail()->cbSize = cbSize;
-        return SetupDiGetDeviceInterfaceDetailW(list_, &interface_, Detail(), size, nullptr, nullptr)
+        return SetupDiGetDeviceInterfaceDetailW(list_, &interface_, Detail(), size, nullptr,
+                                                nullptr)
                    ? ERROR_SUCCESS
                    : GetLastError();
     };
@@ -176,10 +177,12 @@ TEST_F(DevicePathsInThePlatformsForm, NumberSeveralCollections) {
     EXPECT_THROW(machine_.Plug(description), std::invalid_argument);
     const auto devices = machine_.PlugAll(description);
     ASSERT_EQ(devices.size(), 2U);
-    EXPECT_EQ(devices[0]->Path(), L"\\\\?\\hid#vid_0000&pid_0000&col01#1&0&0000#"
-                                  L"{4d1e55b2-f16f-11cf-88cb-001111000030}");
-    EXPECT_EQ(devices[1]->Path(), L"\\\\?\\hid#vid_0000&pid_0000&col02#1&0&0001#"
-                                  L"{4d1e55b2-f16f-11cf-88cb-001111000030}");
+    EXPECT_EQ(devices[0]->Path(),
+              L"\\\\?\\hid#vid_0000&pid_0000&col01#1&0&0000#"
+              L"{4d1e55b2-f16f-11cf-88cb-001111000030}");
+    EXPECT_EQ(devices[1]->Path(),
+              L"\\\\?\\hid#vid_0000&pid_0000&col02#1&0&0001#"
+              L"{4d1e55b2-f16f-11cf-88cb-001111000030}");
 
     description.path = L"\\\\?\\HID#Pad#7#{x}";
     EXPECT_EQ(machine_.PlugAll(description)[1]->Path(), L"\\\\?\\HID#Pad&col02#7#{x}");

@@ -19,9 +19,8 @@ TEST_F(OpeningADevice, ComparesPathsWithoutCase) {
     description.reportDescriptor = DescriptorWithIds();
     description.path = L"\\\\?\\HID#Vid_0488#1#{4D1E55B2-F16F-11CF-88CB-001111000030}";
     const auto device = machine_.Plug(description);
-    const HANDLE file =
-        CreateFileW(L"\\\\?\\hid#vID_0488#1#{4d1e55b2-f16f-11cf-88cb-001111000030}", 0, 0, nullptr,
-                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE file = CreateFileW(L"\\\\?\\hid#vID_0488#1#{4d1e55b2-f16f-11cf-88cb-001111000030}",
+                                    0, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
     EXPECT_TRUE(CloseHandle(file));
     EXPECT_EQ(device->Path(), description.path);
@@ -65,8 +64,8 @@ TEST_F(OpeningADevice, PermitsOnlyWhatWasAskedFor) {
 
 TEST_F(OpeningADevice, WithoutOverlappedIoIsForQueriesOnly) {
     const auto device = Plug();
-    const HANDLE file = CreateFileW(device->Path().c_str(), kReadWrite, 0, nullptr, OPEN_EXISTING, 0,
-                                    nullptr);
+    const HANDLE file =
+        CreateFileW(device->Path().c_str(), kReadWrite, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
     DWORD transferred = 0;
     BYTE bytes[5] = {};
@@ -108,17 +107,15 @@ constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, ShareModes,
-    testing::Values(Sharing{"ExclusiveAndShared", kBoth, 0, kBoth, kAll, true},
-                    Sharing{"ExclusiveReaderAndWriter", kRead, 0, kWrite, kAll, true},
-                    Sharing{"ExclusiveAndNoAccess", kBoth, 0, 0, kAll, false},
-                    Sharing{"ExclusiveAndNoAccessUnshared", kBoth, 0, 0, 0, false},
-                    Sharing{"BothShared", kBoth, kAll, kBoth, kAll, false},
-                    Sharing{"ReadersSharingReading", kRead, FILE_SHARE_READ, kRead,
-                            FILE_SHARE_READ, false},
-                    Sharing{"WriterAndSharedReadingOnly", kWrite, kAll, kRead, FILE_SHARE_READ,
-                            true},
-                    Sharing{"ReaderAndSharedWritingOnly", kRead, kAll, kWrite, FILE_SHARE_WRITE,
-                            true}),
+    testing::Values(
+        Sharing{"ExclusiveAndShared", kBoth, 0, kBoth, kAll, true},
+        Sharing{"ExclusiveReaderAndWriter", kRead, 0, kWrite, kAll, true},
+        Sharing{"ExclusiveAndNoAccess", kBoth, 0, 0, kAll, false},
+        Sharing{"ExclusiveAndNoAccessUnshared", kBoth, 0, 0, 0, false},
+        Sharing{"BothShared", kBoth, kAll, kBoth, kAll, false},
+        Sharing{"ReadersSharingReading", kRead, FILE_SHARE_READ, kRead, FILE_SHARE_READ, false},
+        Sharing{"WriterAndSharedReadingOnly", kWrite, kAll, kRead, FILE_SHARE_READ, true},
+        Sharing{"ReaderAndSharedWritingOnly", kRead, kAll, kWrite, FILE_SHARE_WRITE, true}),
     [](const testing::TestParamInfo<Sharing>& row) { return row.param.name; });
 
 TEST_F(OpeningADevice, FailsWhileAnotherProcessHoldsIt) {

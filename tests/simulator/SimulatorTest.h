@@ -1,5 +1,5 @@
-// The stage of the kernel side's tests: an empty machine, small devices, and operations that live as
-// long as the test.
+// The stage of the kernel side's tests: an empty machine, small devices, and operations that live
+// as long as the test.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -26,36 +26,36 @@ using simulator::Fault;
 using simulator::Machine;
 using simulator::WriteBehaviour;
 
-// Vendor-defined, with report ids. Payloads: input 1 two bytes, 5 four; output 2 three bytes, 3 five;
-// feature 4 two bytes, 6 four.
+// Vendor-defined, with report ids. Payloads: input 1 two bytes, 5 four; output 2 three bytes, 3
+// five; feature 4 two bytes, 6 four.
 inline Bytes DescriptorWithIds() {
-    return {0x06, 0x80, 0xFF, 0x09, 0x80, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75, 0x08,
-            0x85, 0x01, 0x95, 0x02, 0x09, 0x48, 0x81, 0x02,   //
-            0x85, 0x05, 0x95, 0x04, 0x09, 0x49, 0x81, 0x02,   //
-            0x85, 0x02, 0x95, 0x03, 0x09, 0x20, 0x91, 0x02,   //
-            0x85, 0x03, 0x95, 0x05, 0x09, 0x21, 0x91, 0x02,   //
-            0x85, 0x04, 0x95, 0x02, 0x09, 0x61, 0xB1, 0x02,   //
+    return {0x06, 0x80, 0xFF, 0x09, 0x80, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF,
+            0x00, 0x75, 0x08, 0x85, 0x01, 0x95, 0x02, 0x09, 0x48, 0x81, 0x02,  //
+            0x85, 0x05, 0x95, 0x04, 0x09, 0x49, 0x81, 0x02,                    //
+            0x85, 0x02, 0x95, 0x03, 0x09, 0x20, 0x91, 0x02,                    //
+            0x85, 0x03, 0x95, 0x05, 0x09, 0x21, 0x91, 0x02,                    //
+            0x85, 0x04, 0x95, 0x02, 0x09, 0x61, 0xB1, 0x02,                    //
             0x85, 0x06, 0x95, 0x04, 0x09, 0x62, 0xB1, 0x02, 0xC0};
 }
 
 // Without ids: two bytes of input, three of output, two of feature.
 inline Bytes DescriptorWithoutIds() {
-    return {0x06, 0x80, 0xFF, 0x09, 0x81, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75, 0x08,
-            0x95, 0x02, 0x09, 0x48, 0x81, 0x02,  //
-            0x95, 0x03, 0x09, 0x20, 0x91, 0x02,  //
+    return {0x06, 0x80, 0xFF, 0x09, 0x81, 0xA1, 0x01, 0x15, 0x00, 0x26,
+            0xFF, 0x00, 0x75, 0x08, 0x95, 0x02, 0x09, 0x48, 0x81, 0x02,  //
+            0x95, 0x03, 0x09, 0x20, 0x91, 0x02,                          //
             0x95, 0x02, 0x09, 0x61, 0xB1, 0x02, 0xC0};
 }
 
 // One byte of output, nothing else.
 inline Bytes DescriptorWithoutInput() {
-    return {0x06, 0x80, 0xFF, 0x09, 0x82, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00,
-            0x75, 0x08, 0x95, 0x01, 0x09, 0x20, 0x91, 0x02, 0xC0};
+    return {0x06, 0x80, 0xFF, 0x09, 0x82, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF,
+            0x00, 0x75, 0x08, 0x95, 0x01, 0x09, 0x20, 0x91, 0x02, 0xC0};
 }
 
 // A collection of usage 0x83 and one of usage 0x84, each with an input report of one byte.
 inline Bytes DescriptorOfTwoCollections() {
-    return {0x06, 0x80, 0xFF, 0x09, 0x83, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75, 0x08,
-            0x85, 0x01, 0x95, 0x01, 0x09, 0x48, 0x81, 0x02, 0xC0,  //
+    return {0x06, 0x80, 0xFF, 0x09, 0x83, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF, 0x00, 0x75,
+            0x08, 0x85, 0x01, 0x95, 0x01, 0x09, 0x48, 0x81, 0x02, 0xC0,  //
             0x09, 0x84, 0xA1, 0x01, 0x85, 0x02, 0x95, 0x01, 0x09, 0x49, 0x81, 0x02, 0xC0};
 }
 
@@ -98,8 +98,8 @@ class SimulatorTest : public testing::Test {
     }
 
     HANDLE Open(const Device& device, DWORD access = kReadWrite, DWORD share = kShareAll) {
-        const HANDLE file = CreateFileW(device.Path().c_str(), access, share, nullptr, OPEN_EXISTING,
-                                        FILE_FLAG_OVERLAPPED, nullptr);
+        const HANDLE file = CreateFileW(device.Path().c_str(), access, share, nullptr,
+                                        OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
         if (file != INVALID_HANDLE_VALUE) files_.push_back(file);
         return file;
     }
@@ -114,16 +114,16 @@ class SimulatorTest : public testing::Test {
     // The error of the call, 0 for one that succeeded at once.
     static DWORD Read(HANDLE file, Operation& operation) {
         DWORD transferred = 0;
-        const BOOL done = ReadFile(file, operation.bytes.data(),
-                                   static_cast<DWORD>(operation.bytes.size()), &transferred,
-                                   &operation.overlapped);
+        const BOOL done =
+            ReadFile(file, operation.bytes.data(), static_cast<DWORD>(operation.bytes.size()),
+                     &transferred, &operation.overlapped);
         return done ? ERROR_SUCCESS : GetLastError();
     }
     static DWORD Write(HANDLE file, Operation& operation) {
         DWORD transferred = 0;
-        const BOOL done = WriteFile(file, operation.bytes.data(),
-                                    static_cast<DWORD>(operation.bytes.size()), &transferred,
-                                    &operation.overlapped);
+        const BOOL done =
+            WriteFile(file, operation.bytes.data(), static_cast<DWORD>(operation.bytes.size()),
+                      &transferred, &operation.overlapped);
         return done ? ERROR_SUCCESS : GetLastError();
     }
     Operation& StartRead(HANDLE file, std::size_t length = 5) {
@@ -133,8 +133,9 @@ class SimulatorTest : public testing::Test {
     }
     // The error of the ended operation, without waiting.
     static DWORD Result(HANDLE file, Operation& operation, DWORD* transferred = nullptr) {
-        return GetOverlappedResult(file, &operation.overlapped, transferred, FALSE) ? ERROR_SUCCESS
-                                                                                    : GetLastError();
+        return GetOverlappedResult(file, &operation.overlapped, transferred, FALSE)
+                   ? ERROR_SUCCESS
+                   : GetLastError();
     }
     static bool IsSignalled(HANDLE event) { return WaitForSingleObject(event, 0) == WAIT_OBJECT_0; }
 

@@ -1,0 +1,128 @@
+#include "examples/demo/HostProcess.h"
+
+#include <algorithm>
+#include <chrono>
+#include <stdexcept>
+
+namespace demo {
+namespace {
+
+constexpr std::chrono::seconds kPatience{40};
+constexpr char kCallbackPrefix[] = "callback: ";
+
+struct Pipe {
+    HANDLE read = nullptr;
+    HANDLE write = nullptr;
+};
+
+Pipe MakePipe() {
+    SECURITY_ATTRIBUTES inheritable{sizeof(inheritable), nullptr, TRUE};
+    Pipe pipe;
+    if (!CreatePipe(&pipe.read, &pipe.write, &inheritable, 0)) {
+        throw std::runtime_error("no pipe to the host");
+    }
+    return pipe;
+}
+
+}  // namespace
+
+HostProcess::HostProcess(const std::filesystem::path& program,
+                         const std::filesystem::path& logDirectory) {
+    const Pipe toHost = MakePipe();
+    const Pipe fromHost = MakePipe();
+    SetHandleInformation(toHost.write, HANDLE_FLAG_INHERIT, 0);
+    SetHandleInformation(fromHost.read, HANDLE_FLAG_INHERIT, 0);
+
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = toHost.read;
+    startup.hStdOutput = fromHost.write;
+    startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+    std::wstring commandLine =
+        L"\"" + program.wstring() + L"\" \"" + logDirectory.wstring() + L"\"";
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                        nullptr, &startup, &started)) {
+        throw std::runtime_error("cannot start " + program.string() + ", error " +
+                                 std::to_string(GetLastError()));
+    }
+    CloseHandle(started.hThread);
+    CloseHandle(toHost.read);
+    CloseHandle(fromHost.write);
+    process_ = started.hProcess;
+    input_ = toHost.write;
+    output_ = fromHost.read;
+    reader_ = std::thread(&HostProcess::ReadLines, this);
+}
+
+HostProcess::~HostProcess() {
+    CloseHandle(input_);
+    reader_.join();
+    CloseHandle(output_);
+    CloseHandle(process_);
+}
+
+void HostProcess::ReadLines() {
+    std::string text;
+    char buffer[256];
+    DWORD length = 0;
+    while (ReadFile(output_, buffer, sizeof(buffer), &length, nullptr) && length > 0) {
+        text.append(buffer, length);
+        for (std::size_t end; (end = text.find('\n')) != std::string::npos;) {
+            std::string line = text.substr(0, end);
+            text.erase(0, end + 1);
+            if (!line.empty() && line.back() == '\r') line.pop_back();
+            const std::lock_guard<std::mutex> lock(mutex_);
+            const bool isCallback = line.rfind(kCallbackPrefix, 0) == 0;
+            (isCallback ? callbacks_ : lines_)
+                .push_back(isCallback ? line.substr(sizeof(kCallbackPrefix) - 1) : line);
+            arrived_.notify_all();
+        }
+    }
+    const std::lock_guard<std::mutex> lock(mutex_);
+    ended_ = true;
+    arrived_.notify_all();
+}
+
+bool HostProcess::WaitForLine(const std::string& line) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    const auto isThere = [&] {
+        return std::find(lines_.begin(), lines_.end(), line) != lines_.end();
+    };
+    arrived_.wait_for(lock, kPatience, [&] { return ended_ || isThere(); });
+    return isThere();
+}
+
+void HostProcess::Tell(const std::string& command) {
+    const std::string line = command + "\n";
+    DWORD written = 0;
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        lines_.clear();
+    }
+    if (!WriteFile(input_, line.data(), static_cast<DWORD>(line.size()), &written, nullptr) ||
+        !WaitForLine("host: done " + command)) {
+        throw std::runtime_error("the host did not answer to \"" + command + "\"");
+    }
+}
+
+std::vector<std::string> HostProcess::Callbacks(std::size_t count) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    if (!arrived_.wait_for(lock, kPatience, [&] { return ended_ || callbacks_.size() >= count; }) ||
+        callbacks_.size() < count) {
+        throw std::runtime_error("the host got no callback");
+    }
+    std::vector<std::string> callbacks;
+    callbacks.swap(callbacks_);
+    return callbacks;
+}
+
+DWORD HostProcess::Wait() {
+    DWORD code = 1;
+    WaitForSingleObject(process_, INFINITE);
+    GetExitCodeProcess(process_, &code);
+    return code;
+}
+
+}  // namespace demo

@@ -1,0 +1,112 @@
+// Plays a short meeting: starts the example host, is the person in front of the virtual touchpad,
+// and shows after each event what the host was told and what the touchpad's lights show.
+//
+//   meeting HOST LOGDIRECTORY
+#include <windows.h>
+
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "examples/demo/HostProcess.h"
+#include "examples/demo/Picture.h"
+#include "virtual-touchpad/control/TouchpadControl.h"
+
+namespace demo {
+namespace {
+
+using virtual_touchpad::Lights;
+using virtual_touchpad::TouchpadControl;
+
+constexpr std::chrono::seconds kPatience{10};
+
+LightState StateOf(const Lights& lights) {
+    return {lights.Brightness(0x21), lights.Brightness(0x20), lights.Brightness(0x27),
+            lights.Brightness(0x26), lights.Brightness(0x24), lights.Brightness(0x22),
+            lights.breathing};
+}
+
+struct Event {
+    const char* title;
+    std::function<void(HostProcess&, TouchpadControl&)> happen;
+    std::size_t callbacks;                       // that the host is to get
+    std::function<bool(const LightState&)> lit;  // how the lights are to end up
+};
+
+const std::vector<Event>& Meeting() {
+    static const std::vector<Event> meeting{
+        {"The meeting begins: the host opens the touchpad and lights its buttons",
+         [](HostProcess& host, TouchpadControl&) { host.Tell("join"); }, 1,
+         [](const LightState& lights) { return lights.cameraOff && lights.shareScreen; }},
+        {"The person presses the camera button",
+         [](HostProcess&, TouchpadControl& touchpad) { touchpad.Press(0x41); }, 1,
+         [](const LightState& lights) { return lights.cameraOn && !lights.cameraOff; }},
+        {"The person presses the microphone button",
+         [](HostProcess&, TouchpadControl& touchpad) { touchpad.Press(0x44); }, 1,
+         [](const LightState& lights) { return lights.microphoneOn && !lights.microphoneOff; }},
+        {"A chat message arrives: the chat light breathes",
+         [](HostProcess& host, TouchpadControl&) { host.Tell("chat"); }, 0,
+         [](const LightState& lights) { return lights.breathing != 0; }},
+        {"The person presses the chat button; the host opens the chat",
+         [](HostProcess& host, TouchpadControl& touchpad) {
+             touchpad.Press(0x43);
+             host.Tell("read");
+         },
+         1, [](const LightState& lights) { return lights.breathing == 0; }},
+        {"A gesture on the touchpad disables the buttons for a while",
+         [](HostProcess&, TouchpadControl& touchpad) { touchpad.SendEvent(0x45); }, 1,
+         [](const LightState&) { return true; }},
+        {"The touchpad is back (SYNC)",
+         [](HostProcess&, TouchpadControl& touchpad) { touchpad.SendEvent(0x40); }, 1,
+         [](const LightState& lights) { return lights.cameraOn != 0; }},
+        {"The meeting ends: the host leaves",
+         [](HostProcess& host, TouchpadControl&) { host.Tell("leave"); }, 2,
+         [](const LightState& lights) { return !lights.cameraOn && !lights.shareScreen; }},
+    };
+    return meeting;
+}
+
+LightState WaitForLights(const TouchpadControl& touchpad,
+                         const std::function<bool(const LightState&)>& lit) {
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    while (std::chrono::steady_clock::now() < deadline) {
+        const LightState lights = StateOf(touchpad.CurrentLights());
+        if (lit(lights)) return lights;
+        Sleep(20);
+    }
+    throw std::runtime_error("the lights did not change as they should have");
+}
+
+void Play(HostProcess& host, TouchpadControl& touchpad) {
+    for (const Event& event : Meeting()) {
+        std::printf("\n%s\n", event.title);
+        event.happen(host, touchpad);
+        for (const std::string& callback : host.Callbacks(event.callbacks)) {
+            std::printf("    host: %s\n", callback.c_str());
+        }
+        std::printf("%s", Picture(WaitForLights(touchpad, event.lit)).c_str());
+        std::fflush(stdout);
+    }
+}
+
+}  // namespace
+}  // namespace demo
+
+int wmain(int argc, wchar_t** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: meeting HOST LOGDIRECTORY\n");
+        return 2;
+    }
+    try {
+        virtual_touchpad::TouchpadControl touchpad;
+        demo::HostProcess host(argv[1], argv[2]);
+        demo::Play(host, touchpad);
+        return static_cast<int>(host.Wait());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "meeting: %s\n", error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,25 @@
+// The touchpad's four buttons as a small coloured picture for a terminal.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace demo {
+
+enum class Breathing : std::uint8_t { None = 0, Starts = 8, GoesOn = 15 };
+
+// What the last light report told the touchpad: brightness of each light, 0 = dark.
+struct LightState {
+    std::uint8_t cameraOff = 0;
+    std::uint8_t cameraOn = 0;
+    std::uint8_t microphoneOff = 0;
+    std::uint8_t microphoneOn = 0;
+    std::uint8_t chat = 0;
+    std::uint8_t shareScreen = 0;
+    std::uint8_t breathing = 0;  // a Breathing value
+};
+
+// One line in ANSI colours, ended by a newline.
+std::string Picture(const LightState& lights);
+
+}  // namespace demo

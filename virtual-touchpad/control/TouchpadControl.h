@@ -1,0 +1,54 @@
+// The virtual touchpad as somebody in front of it meets it: buttons to press, lights to look at.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <map>
+#include <set>
+
+#include "virtual-touchpad/control/VirtualDevice.h"
+#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+
+namespace virtual_touchpad {
+
+// What a light report says.
+struct Lights {
+    std::map<std::uint16_t, std::uint8_t> brightness;  // by value usage, without the breathing one
+    std::set<std::uint16_t> active;                    // of the usages 0x01 to 0x04
+    std::uint8_t breathing = 0;                        // value of the usage 0xA2
+
+    std::uint8_t Brightness(std::uint16_t usage) const;
+    bool IsActive(std::uint16_t usage) const { return active.count(usage) != 0; }
+};
+
+// The report has to be a light report of this layout.
+Lights DecodeLights(const Report& report, const TouchpadLayout& layout);
+bool IsLightReport(const OutputReport& report);
+bool IsStateRequest(const OutputReport& report);
+
+class TouchpadControl {
+ public:
+    explicit TouchpadControl(const std::wstring& name = L"touchpad", TouchpadLayout layout = {});
+
+    VirtualDevice& Device() { return device_; }
+    const VirtualDevice& Device() const { return device_; }
+
+    // One input report with the bits of these usages (0x40 to 0x47) set.
+    void SendEvents(std::initializer_list<std::uint16_t> usages);
+    void SendEvent(std::uint16_t usage) { SendEvents({usage}); }
+    // The touchpad sends nothing when a button is let go.
+    void Press(std::uint16_t buttonUsage) { SendEvent(buttonUsage); }
+    // One input report without events, with the firmware's state in the usage 0x48.
+    void SendFirmwareState(std::uint8_t bits);
+
+    // The last light report after `since`; all dark when there was none.
+    Lights CurrentLights(std::uint64_t since = 0) const;
+
+ private:
+    void SendInput(std::uint8_t events, std::uint8_t firmwareState);
+
+    VirtualDevice device_;
+    TouchpadLayout layout_;
+};
+
+}  // namespace virtual_touchpad

@@ -1,0 +1,72 @@
+#include "IrpQueue.h"
+
+// One lock for all queues, so that a cancel routine needs nothing of a queue that may be gone.
+static KSPIN_LOCK queuesLock;
+
+void InitializeIrpQueues(void) { KeInitializeSpinLock(&queuesLock); }
+
+void InitializeIrpQueue(IrpQueue* queue) { InitializeListHead(&queue->irps); }
+
+NTSTATUS CompleteIrp(IRP* irp, NTSTATUS status, ULONG_PTR information) {
+    irp->IoStatus.Status = status;
+    irp->IoStatus.Information = information;
+    IoCompleteRequest(irp, IO_NO_INCREMENT);
+    return status;
+}
+
+static VOID NTAPI CancelQueuedIrp(DEVICE_OBJECT* device, IRP* irp) {
+    KIRQL irql;
+    UNREFERENCED_PARAMETER(device);
+    IoReleaseCancelSpinLock(irp->CancelIrql);
+    KeAcquireSpinLock(&queuesLock, &irql);
+    RemoveEntryList(&irp->Tail.Overlay.ListEntry);
+    KeReleaseSpinLock(&queuesLock, irql);
+    CompleteIrp(irp, STATUS_CANCELLED, 0);
+}
+
+NTSTATUS PushIrp(IrpQueue* queue, IRP* irp) {
+    KIRQL irql;
+    KeAcquireSpinLock(&queuesLock, &irql);
+    IoSetCancelRoutine(irp, CancelQueuedIrp);
+    // Cancelled before the routine was set: nobody else will complete it. If the routine is gone, it
+    // runs already, waits for the lock and expects to find the request in the queue.
+    if (irp->Cancel && IoSetCancelRoutine(irp, NULL) != NULL) {
+        KeReleaseSpinLock(&queuesLock, irql);
+        return CompleteIrp(irp, STATUS_CANCELLED, 0);
+    }
+    IoMarkIrpPending(irp);
+    InsertTailList(&queue->irps, &irp->Tail.Overlay.ListEntry);
+    KeReleaseSpinLock(&queuesLock, irql);
+    return STATUS_PENDING;
+}
+
+IRP* PopIrp(IrpQueue* queue) {
+    IRP* found = NULL;
+    KIRQL irql;
+    KeAcquireSpinLock(&queuesLock, &irql);
+    while (found == NULL && !IsListEmpty(&queue->irps)) {
+        LIST_ENTRY* entry = RemoveHeadList(&queue->irps);
+        IRP* irp = CONTAINING_RECORD(entry, IRP, Tail.Overlay.ListEntry);
+        if (IoSetCancelRoutine(irp, NULL) != NULL) {
+            found = irp;
+        } else {
+            // Its cancel routine waits for the lock and will unlink it once more.
+            InitializeListHead(entry);
+        }
+    }
+    KeReleaseSpinLock(&queuesLock, irql);
+    return found;
+}
+
+ULONG CountIrps(IrpQueue* queue) {
+    ULONG count = 0;
+    KIRQL irql;
+    KeAcquireSpinLock(&queuesLock, &irql);
+    for (LIST_ENTRY* entry = queue->irps.Flink; entry != &queue->irps; entry = entry->Flink) ++count;
+    KeReleaseSpinLock(&queuesLock, irql);
+    return count;
+}
+
+void CompleteAllIrps(IrpQueue* queue, NTSTATUS status) {
+    for (IRP* irp = PopIrp(queue); irp != NULL; irp = PopIrp(queue)) CompleteIrp(irp, status, 0);
+}

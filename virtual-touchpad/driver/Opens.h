@@ -1,0 +1,21 @@
+// Who has a device open, and the share modes between them, which Wine's HID class driver leaves to
+// nobody.
+#pragma once
+
+#include "VirtualDevice.h"
+
+// Access and share mode in the same bits: FILE_SHARE_READ and FILE_SHARE_WRITE.
+typedef struct OpenMode {
+    ULONG access;
+    ULONG share;
+} OpenMode;
+
+OpenMode OpenModeOf(IRP* createIrp);
+
+// STATUS_SHARING_VIOLATION when it conflicts with an open that is there. An open without read and
+// write access conflicts with none.
+NTSTATUS AddOpen(VirtualDevice* device, const FILE_OBJECT* file, OpenMode mode);
+BOOLEAN IsOpen(VirtualDevice* device, const FILE_OBJECT* file);
+void RemoveOpen(VirtualDevice* device, const FILE_OBJECT* file);
+// The caller holds the device's lock.
+void CountOpens(const VirtualDevice* device, VirtualHidState* state);

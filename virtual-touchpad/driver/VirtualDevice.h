@@ -1,0 +1,56 @@
+// One virtual device: its configuration, what hosts have done to it, and who has it open.
+#pragma once
+
+#include "../control/ControlProtocol.h"
+#include "DeviceConfiguration.h"
+#include "IrpQueue.h"
+
+#define MAX_COLLECTIONS 8
+#define MAX_FEATURES 16
+#define MAX_QUEUED_INPUTS 64
+
+typedef struct Report {
+    ULONG length;
+    UCHAR bytes[VIRTUAL_HID_MAX_REPORT];
+} Report;
+
+typedef struct VirtualDevice {
+    LIST_ENTRY link;  // in the list of all devices
+    LONG references;
+    DeviceConfiguration configuration;
+    // The device objects that belong to it: the class driver's function device, the collections it
+    // exposes, and our control device.
+    DEVICE_OBJECT* functionDevice;
+    DEVICE_OBJECT* collections[MAX_COLLECTIONS];
+    DEVICE_OBJECT* controlDevice;
+
+    IrpQueue reads;       // the class driver's reads, waiting for an input report
+    IrpQueue heldWrites;  // hosts' writes, waiting for the release
+
+    KSPIN_LOCK lock;  // guards: all below
+    LIST_ENTRY opens;
+    BOOLEAN holdsWrites;
+    NTSTATUS nextWriteStatus;
+    NTSTATUS nextFeatureStatus;
+    ULONGLONG outputCount;
+    VirtualHidOutput outputs[VIRTUAL_HID_OUTPUT_HISTORY];  // number n at n % the size
+    ULONG featureSetCount;
+    ULONG featureGetCount;
+    Report features[MAX_FEATURES];  // the first ones are used; byte 0 is the id
+    ULONG inputCount;
+    ULONG firstInput;
+    Report inputs[MAX_QUEUED_INPUTS];
+} VirtualDevice;
+
+void InitializeVirtualDevices(void);
+
+// Each returns a reference that ReleaseVirtualDevice gives back; null when there is none.
+VirtualDevice* CreateVirtualDevice(DEVICE_OBJECT* functionDevice);
+VirtualDevice* FindByFunctionDevice(const DEVICE_OBJECT* device);
+VirtualDevice* FindByCollection(const DEVICE_OBJECT* device);
+VirtualDevice* FindByControlDevice(const DEVICE_OBJECT* device);
+void ReleaseVirtualDevice(VirtualDevice* device);
+// Takes it off the list: it is found no more, and its creator's reference is given back.
+void ForgetVirtualDevice(VirtualDevice* device);
+
+void SetCollections(VirtualDevice* device, const DEVICE_RELATIONS* relations);

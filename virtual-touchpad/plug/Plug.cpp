@@ -1,0 +1,106 @@
+#include "virtual-touchpad/plug/Plug.h"
+
+#include <windows.h>
+
+#include <chrono>
+#include <stdexcept>
+#include <thread>
+
+#include "virtual-touchpad/control/ControlProtocol.h"
+#include "virtual-touchpad/plug/HidInterfaces.h"
+#include "virtual-touchpad/plug/RootDevice.h"
+
+namespace virtual_touchpad {
+namespace {
+
+// Far beyond what it takes; a first start on a busy machine is the slowest.
+constexpr std::chrono::seconds kPatience{30};
+constexpr std::chrono::milliseconds kPollInterval{10};
+
+void CheckName(const std::wstring& name) {
+    const wchar_t allowed[] =
+        L"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_";
+    if (name.empty() || name.size() > 32 || name.find_first_not_of(allowed) != name.npos) {
+        throw std::runtime_error(
+            "a device's name is 1 to 32 letters, digits, '-' and '_', without blanks");
+    }
+}
+
+std::wstring ControlLink(const std::wstring& name) { return VIRTUAL_HID_LINK_PREFIX + name; }
+
+template <typename Condition>
+bool WaitUntil(Condition condition) {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= end) return false;
+        std::this_thread::sleep_for(kPollInterval);
+    }
+    return true;
+}
+
+}  // namespace
+
+DeviceSettings SettingsOf(const TouchpadLayout& layout) {
+    DeviceSettings settings;
+    settings.reportDescriptor = BuildReportDescriptor(layout);
+    settings.vendorId = layout.vendorId;
+    settings.productId = layout.productId;
+    settings.versionNumber = layout.versionNumber;
+    settings.productString = layout.productString;
+    const std::uint8_t requestId = layout.hasRequest ? layout.requestReportId : kLightReportId;
+    settings.outputIdRule = OutputIdRule{kRequestByteOffset, requestId, kLightReportId};
+    return settings;
+}
+
+std::filesystem::path DefaultDriverFolder() {
+    wchar_t program[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    return std::filesystem::path(program).parent_path() / "virtual-touchpad";
+}
+
+std::wstring Plug(const DeviceSettings& settings, const std::wstring& name,
+                  const std::filesystem::path& driverFolder) {
+    CheckName(name);
+    const std::wstring link = ControlLink(name);
+    RegisterRootDevice(name, link, settings);
+    try {
+        StartRootDevice(name, driverFolder);
+        std::wstring path;
+        if (!WaitUntil([&] { return !(path = FindHidPath(link)).empty(); })) {
+            throw std::runtime_error("the driver runs, but no HID interface appeared");
+        }
+        return path;
+    } catch (...) {
+        try {
+            RemoveRootDevice(name);
+        } catch (const std::runtime_error&) {
+            // The first failure is the one to tell.
+        }
+        throw;
+    }
+}
+
+std::wstring Plug(const TouchpadLayout& layout, const std::wstring& name,
+                  const std::filesystem::path& driverFolder) {
+    return Plug(SettingsOf(layout), name, driverFolder);
+}
+
+void Unplug(const std::wstring& name) {
+    CheckName(name);
+    RemoveRootDevice(name);
+    if (!WaitUntil([&] { return FindHidPath(ControlLink(name)).empty(); })) {
+        throw std::runtime_error("the device was removed, but its HID interface is still there");
+    }
+}
+
+std::vector<PluggedDevice> PluggedDevices() {
+    std::vector<PluggedDevice> devices;
+    const std::size_t prefixLength = std::wstring(VIRTUAL_HID_LINK_PREFIX).size();
+    for (const std::wstring& link : RootDeviceControlLinks()) {
+        if (link.size() <= prefixLength) continue;
+        devices.push_back({link.substr(prefixLength), FindHidPath(link)});
+    }
+    return devices;
+}
+
+}  // namespace virtual_touchpad
