@@ -133,6 +133,20 @@ VELA_BOOL IsDetachable(void);
 /* 0 without a session, and for firmware older than version 99 with the older gesture. */
 VELA_BOOL IsSupportBiDirectionSwipe(void);
 
+/* ---- Haptic touchpad: a session of its own, independent of the one above ---------------------- */
+
+/* 1 when a touchpad whose haptic feedback has an intensity is attached. */
+VELA_BOOL IsHapticTPPresent(void);
+/* 1 when it is open, now or already. */
+VELA_BOOL InitHapticTP(void);
+/* 0 when it was not open. Not while another thread sets or gets the intensity. */
+VELA_BOOL UnInitHapticTP(void);
+/* The strength of the feedback, in the device's own units and unchecked. 1 when it was set.
+ * Synchronous. */
+VELA_BOOL SetHapticTPIntensityLevel(uint32_t level);
+/* The device's current intensity; 0 on any failure. Synchronous. */
+uint32_t GetHapticTPIntensityLevel(void);
+
 #ifdef __cplusplus
 }
 #endif

@@ -7,4 +7,9 @@ CTandrelHID& TouchpadSession() {
     return session;
 }
 
+CHapticTouchpadHID& HapticTouchpadSession() {
+    static CHapticTouchpadHID session;
+    return session;
+}
+
 }  // namespace vela

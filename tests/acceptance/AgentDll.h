@@ -14,13 +14,16 @@
     X(EnableFeature)               \
     X(EnableSingleButton)          \
     X(GetClickMode)                \
+    X(GetHapticTPIntensityLevel)   \
     X(GetVelaBrightness)           \
     X(Init)                        \
+    X(InitHapticTP)                \
     X(InitLogger)                  \
     X(IsActivated)                 \
     X(IsChatBreathingEnabled)      \
     X(IsDetachable)                \
     X(IsFeatureEnabled)            \
+    X(IsHapticTPPresent)           \
     X(IsSingleButtonEnabled)       \
     X(IsSupportBiDirectionSwipe)   \
     X(IsVelaPresent)               \
@@ -28,10 +31,12 @@
     X(SetButtonLight)              \
     X(SetButtonVisible)            \
     X(SetClickMode)                \
+    X(SetHapticTPIntensityLevel)   \
     X(SetVelaBrightness)           \
     X(SetVelaButtonPressCallback)  \
     X(SetVelaStatusChangeCallback) \
     X(UnInit)                      \
+    X(UnInitHapticTP)              \
     X(UnInitLogger)                \
     X(UpdateVelaState)
 
