@@ -1,6 +1,7 @@
 // How the simulated platform functions announce themselves: each begins with
 //
-//     if (const auto fault = Enter("HidD_GetFeature", Arguments(HandleName(device), Count(length))))
+//     if (const auto fault = Enter("HidD_GetFeature", Arguments(HandleName(device),
+//     Count(length))))
 //         return fault->Failed<BOOLEAN>(FALSE);
 //
 // Enter records the call and asks the machine for a fault.

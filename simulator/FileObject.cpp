@@ -49,7 +49,6 @@ DWORD FileObject::Read(const IoOperation& operation, void* buffer) {
 }
 
 void FileObject::Receive(const Bytes& report) {
-    if (!access_.Reads() || !connected_) return;
     if (pendingReads_.empty()) {
         if (queuedReports_.size() == kQueuedReports) queuedReports_.pop_front();
         queuedReports_.push_back(report);
@@ -75,7 +74,6 @@ void FileObject::FailReads(DWORD error) {
 
 void FileObject::Disconnect() {
     connected_ = false;
-    queuedReports_.clear();
     FailReads(ERROR_DEVICE_NOT_CONNECTED);
 }
 

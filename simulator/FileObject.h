@@ -46,6 +46,7 @@ class FileObject : public KernelObject {
 
     // The oldest queued report, if any, completes the read within the call.
     DWORD Read(const IoOperation& operation, void* buffer);
+    // On a handle that cannot read, or not any more, nobody will see the report.
     void Receive(const Bytes& report);
     bool FailOldestRead(DWORD error);
     void FailReads(DWORD error);

@@ -150,6 +150,14 @@ TEST_F(Waiting, ThatHasBegunEndsAsWellWhenTimeStartsToFly) {
     other.join();
 }
 
+TEST_F(Waiting, TakesItsTimeAgainAfterAReset) {
+    machine_.ExpireTimedWaits(true);
+    machine_.Reset();
+    const auto start = steady_clock::now();
+    EXPECT_EQ(WaitForSingleObject(CreateEventW(nullptr, TRUE, FALSE, nullptr), 30), WAIT_TIMEOUT);
+    EXPECT_GE(steady_clock::now() - start, std::chrono::milliseconds(30));
+}
+
 TEST_F(Waiting, WithoutLimitIsNotCutShortWhenTimeFlies) {
     machine_.ExpireTimedWaits(true);
     const HANDLE event = CreateEventW(nullptr, TRUE, FALSE, nullptr);

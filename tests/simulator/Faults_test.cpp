@@ -76,6 +76,7 @@ TEST_F(ScriptedFaults, MayLookAtTheMachineFromThePolicy) {
 TEST_F(ScriptedFaults, MayNameTheResult) {
     machine_.FailNext("WaitForSingleObject", Fault::Result(258));
     SetEvent(event_);
+    SetLastError(4711);
     EXPECT_EQ(WaitForSingleObject(event_, INFINITE), WAIT_TIMEOUT);
     EXPECT_EQ(GetLastError(), 0U);
 

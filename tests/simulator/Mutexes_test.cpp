@@ -86,6 +86,10 @@ TEST_F(NamedMutexes, AreGoneAfterAReset) {
     machine_.Reset();
     EXPECT_FALSE(machine_.MutexExists(kName));
     EXPECT_TRUE(CloseHandle(created));
+
+    machine_.HoldMutexElsewhere(kName, true);
+    machine_.Reset();
+    EXPECT_NE(CreateMutexW(nullptr, FALSE, kName), nullptr);
 }
 
 TEST_F(NamedMutexes, CannotBeWaitedFor) {

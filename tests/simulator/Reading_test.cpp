@@ -27,6 +27,17 @@ TEST_F(Reading, IsPendingUntilAReportComes) {
     EXPECT_EQ(device->PendingReads(), 0U);
 }
 
+TEST_F(Reading, ThatIsPendingOrFailsHasTransferredNothing) {
+    const auto device = Plug();
+    Operation& read = MakeOperation(Bytes(5));
+    DWORD transferred = 7;
+    EXPECT_FALSE(ReadFile(Open(*device), read.bytes.data(), 5, &transferred, &read.overlapped));
+    EXPECT_EQ(transferred, 0U);
+    transferred = 7;
+    EXPECT_FALSE(ReadFile(nullptr, read.bytes.data(), 5, &transferred, nullptr));
+    EXPECT_EQ(transferred, 0U);
+}
+
 TEST_F(Reading, GivesTheWholeInputLengthOfAShorterReport) {
     const auto device = Plug();
     const HANDLE file = Open(*device);

@@ -46,7 +46,9 @@ Bytes RequestReport(std::uint8_t reportId) {
     return report;
 }
 
-TouchpadTest::TouchpadTest() {
+TouchpadTest::TouchpadTest() : TouchpadTest(*new vela::CTandrelHID()) {}
+
+TouchpadTest::TouchpadTest(vela::CTandrelHID& session) : session_(session) {
     machine_.Reset();
     HostCallbacks::Reset();
 }

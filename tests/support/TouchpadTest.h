@@ -44,6 +44,8 @@ Bytes RequestReport(std::uint8_t reportId = virtual_touchpad::kRequestReportId);
 class TouchpadTest : public testing::Test {
  protected:
     TouchpadTest();
+    // On a session that lives elsewhere.
+    explicit TouchpadTest(vela::CTandrelHID& session);
     ~TouchpadTest() override;
 
     // Plugs the touchpad in and opens a session on it with both callbacks registered.
@@ -70,7 +72,7 @@ class TouchpadTest : public testing::Test {
     std::shared_ptr<simulator::Device> device_;
     // Never destroyed: with a detachable touchpad the heartbeat's thread object stays joinable, and
     // its destruction would end the process.
-    vela::CTandrelHID& session_ = *new vela::CTandrelHID();
+    vela::CTandrelHID& session_;
 };
 
 }  // namespace test_support

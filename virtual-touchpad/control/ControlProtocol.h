@@ -12,11 +12,12 @@
 #define VIRTUAL_HID_LINK_PREFIX L"VirtualTouchpad-"
 
 /* Longest report in either direction, the report id included. */
-#define VIRTUAL_HID_MAX_REPORT 256
+#define VIRTUAL_HID_MAX_REPORT 512
 /* Output reports that a device remembers; older ones are dropped. */
 #define VIRTUAL_HID_OUTPUT_HISTORY 64
 
-#define VIRTUAL_HID_IOCTL(n) CTL_CODE(FILE_DEVICE_UNKNOWN, 0x800 + (n), METHOD_BUFFERED, FILE_ANY_ACCESS)
+#define VIRTUAL_HID_IOCTL(n) \
+    CTL_CODE(FILE_DEVICE_UNKNOWN, 0x800 + (n), METHOD_BUFFERED, FILE_ANY_ACCESS)
 
 /* in: report bytes. Delivered to the HID class driver as an input report, in order. */
 #define IOCTL_VIRTUAL_HID_SEND_INPUT VIRTUAL_HID_IOCTL(0)
@@ -56,12 +57,12 @@ typedef struct VirtualHidOutput {
 } VirtualHidOutput;
 
 /* Registry values of a device, in its hardware key ("Device Parameters"). */
-#define VIRTUAL_HID_VALUE_DESCRIPTOR L"ReportDescriptor"  /* REG_BINARY, needed */
-#define VIRTUAL_HID_VALUE_CONTROL_LINK L"ControlLink"     /* REG_SZ, needed */
-#define VIRTUAL_HID_VALUE_VENDOR_ID L"VendorId"           /* REG_DWORD, as the next two */
+#define VIRTUAL_HID_VALUE_DESCRIPTOR L"ReportDescriptor" /* REG_BINARY, needed */
+#define VIRTUAL_HID_VALUE_CONTROL_LINK L"ControlLink"    /* REG_SZ, needed */
+#define VIRTUAL_HID_VALUE_VENDOR_ID L"VendorId"          /* REG_DWORD, as the next two */
 #define VIRTUAL_HID_VALUE_PRODUCT_ID L"ProductId"
 #define VIRTUAL_HID_VALUE_VERSION L"VersionNumber"
-#define VIRTUAL_HID_VALUE_PRODUCT L"ProductString"        /* REG_SZ */
+#define VIRTUAL_HID_VALUE_PRODUCT L"ProductString" /* REG_SZ */
 /* For an output report whose byte 0 a host left 0, though the device has report ids: the byte at
  * this offset of the report tells which id was meant (REG_DWORD each; all three or none). */
 #define VIRTUAL_HID_VALUE_ID_OFFSET L"OutputIdOffset"

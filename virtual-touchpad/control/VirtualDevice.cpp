@@ -71,9 +71,8 @@ void VirtualDevice::SendInput(const Report& report) {
 
 std::vector<OutputReport> VirtualDevice::OutputReports(std::uint64_t since) const {
     std::vector<VirtualHidOutput> outputs(VIRTUAL_HID_OUTPUT_HISTORY);
-    const std::size_t size =
-        Control(IOCTL_VIRTUAL_HID_GET_OUTPUTS, &since, sizeof(since), outputs.data(),
-                outputs.size() * sizeof(VirtualHidOutput));
+    const std::size_t size = Control(IOCTL_VIRTUAL_HID_GET_OUTPUTS, &since, sizeof(since),
+                                     outputs.data(), outputs.size() * sizeof(VirtualHidOutput));
     outputs.resize(size / sizeof(VirtualHidOutput));
     std::vector<OutputReport> reports;
     for (const VirtualHidOutput& output : outputs) {

@@ -1,4 +1,4 @@
-// Writes HID report descriptors item by item, in the words of the HID specification (USB Device
+// Writes HID report descriptors item by item, in the words of the HID standard (USB Device
 // Class Definition for HID 1.11, section 6.2.2).
 #pragma once
 

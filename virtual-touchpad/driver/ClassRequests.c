@@ -80,8 +80,7 @@ static NTSTATUS AnswerReport(VirtualDevice* device, IRP* irp, ULONG code) {
 
 static NTSTATUS AnswerClassRequest(VirtualDevice* device, IRP* irp) {
     const DeviceConfiguration* configuration = &device->configuration;
-    const ULONG code =
-        IoGetCurrentIrpStackLocation(irp)->Parameters.DeviceIoControl.IoControlCode;
+    const ULONG code = IoGetCurrentIrpStackLocation(irp)->Parameters.DeviceIoControl.IoControlCode;
     switch (code) {
         case IOCTL_HID_GET_DEVICE_DESCRIPTOR:
             return AnswerDeviceDescriptor(configuration, irp);

@@ -82,9 +82,9 @@ static NTSTATUS Control(VirtualDevice* device, ULONG code, void* buffer, ULONG l
             return STATUS_SUCCESS;
         case IOCTL_VIRTUAL_HID_GET_OUTPUTS:
             if (length != sizeof(ULONGLONG)) return STATUS_INVALID_PARAMETER;
-            *written = sizeof(VirtualHidOutput) *
-                       CopyOutputsSince(device, *(ULONGLONG*)buffer, buffer,
-                                        room / sizeof(VirtualHidOutput));
+            *written =
+                sizeof(VirtualHidOutput) * CopyOutputsSince(device, *(ULONGLONG*)buffer, buffer,
+                                                            room / sizeof(VirtualHidOutput));
             return STATUS_SUCCESS;
         case IOCTL_VIRTUAL_HID_HOLD_WRITES:
             if (length != sizeof(ULONG)) return STATUS_INVALID_PARAMETER;

@@ -52,7 +52,8 @@ static void ReadOutputIdRule(HANDLE key, DeviceConfiguration* configuration) {
     configuration->outputIdIfClear = (UCHAR)ifClear;
 }
 
-NTSTATUS ReadDeviceConfiguration(DEVICE_OBJECT* physicalDevice, DeviceConfiguration* configuration) {
+NTSTATUS ReadDeviceConfiguration(DEVICE_OBJECT* physicalDevice,
+                                 DeviceConfiguration* configuration) {
     HANDLE key;
     NTSTATUS status =
         IoOpenDeviceRegistryKey(physicalDevice, PLUGPLAY_REGKEY_DEVICE, KEY_READ, &key);

@@ -6,6 +6,7 @@
 #include "ClassRequests.h"
 #include "ControlDevice.h"
 #include "HostRequests.h"
+#include "Opens.h"
 
 static HID_DEVICE_EXTENSION* ExtensionOf(DEVICE_OBJECT* functionDevice) {
     return functionDevice->DeviceExtension;
@@ -65,6 +66,7 @@ NTSTATUS NTAPI DriverEntry(DRIVER_OBJECT* driver, UNICODE_STRING* registryPath) 
     NTSTATUS status;
     InitializeIrpQueues();
     InitializeVirtualDevices();
+    InitializeOpens();
     driver->DriverExtension->AddDevice = AddDevice;
     driver->DriverUnload = Unload;
     driver->MajorFunction[IRP_MJ_INTERNAL_DEVICE_CONTROL] = DispatchClassRequest;

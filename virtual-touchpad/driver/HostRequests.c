@@ -58,8 +58,8 @@ static NTSTATUS HostRequest(VirtualDevice* device, DEVICE_OBJECT* collection, IR
     const IO_STACK_LOCATION* stack = IoGetCurrentIrpStackLocation(irp);
     const UCHAR major = stack->MajorFunction;
     if (major == IRP_MJ_CREATE) return Create(device, collection, irp);
-    // Wine's CreateFile succeeds whatever the driver answers to the create request. A handle that was
-    // refused is refused again at each use; the class driver has never seen it.
+    // Wine's CreateFile succeeds whatever the driver answers to the create request. A handle that
+    // was refused is refused again at each use; the class driver has never seen it.
     if (stack->FileObject != NULL && !IsOpen(device, stack->FileObject)) {
         return CompleteIrp(irp, major == IRP_MJ_CLOSE ? STATUS_SUCCESS : STATUS_SHARING_VIOLATION,
                            0);
@@ -92,9 +92,8 @@ static NTSTATUS NTAPI Dispatch(DEVICE_OBJECT* object, IRP* irp) {
 // The collections of a device are what the class driver answers for its bus relations.
 static NTSTATUS NTAPI DispatchPnp(DEVICE_OBJECT* object, IRP* irp) {
     const IO_STACK_LOCATION* stack = IoGetCurrentIrpStackLocation(irp);
-    const BOOLEAN asksForCollections =
-        stack->MinorFunction == IRP_MN_QUERY_DEVICE_RELATIONS &&
-        stack->Parameters.QueryDeviceRelations.Type == BusRelations;
+    const BOOLEAN asksForCollections = stack->MinorFunction == IRP_MN_QUERY_DEVICE_RELATIONS &&
+                                       stack->Parameters.QueryDeviceRelations.Type == BusRelations;
     // The request is gone when the class driver returns; its sender's status block is not.
     const IO_STATUS_BLOCK* answer = irp->UserIosb;
     VirtualDevice* device = asksForCollections ? FindByFunctionDevice(object) : NULL;

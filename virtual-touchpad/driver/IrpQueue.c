@@ -28,8 +28,8 @@ NTSTATUS PushIrp(IrpQueue* queue, IRP* irp) {
     KIRQL irql;
     KeAcquireSpinLock(&queuesLock, &irql);
     IoSetCancelRoutine(irp, CancelQueuedIrp);
-    // Cancelled before the routine was set: nobody else will complete it. If the routine is gone, it
-    // runs already, waits for the lock and expects to find the request in the queue.
+    // Cancelled before the routine was set: nobody else will complete it. If the routine is gone,
+    // it runs already, waits for the lock and expects to find the request in the queue.
     if (irp->Cancel && IoSetCancelRoutine(irp, NULL) != NULL) {
         KeReleaseSpinLock(&queuesLock, irql);
         return CompleteIrp(irp, STATUS_CANCELLED, 0);
@@ -62,7 +62,8 @@ ULONG CountIrps(IrpQueue* queue) {
     ULONG count = 0;
     KIRQL irql;
     KeAcquireSpinLock(&queuesLock, &irql);
-    for (LIST_ENTRY* entry = queue->irps.Flink; entry != &queue->irps; entry = entry->Flink) ++count;
+    for (LIST_ENTRY* entry = queue->irps.Flink; entry != &queue->irps; entry = entry->Flink)
+        ++count;
     KeReleaseSpinLock(&queuesLock, irql);
     return count;
 }

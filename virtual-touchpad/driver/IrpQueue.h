@@ -11,8 +11,8 @@ typedef struct IrpQueue {
 void InitializeIrpQueues(void);
 
 void InitializeIrpQueue(IrpQueue* queue);
-// Returns what the dispatch routine has to return: STATUS_PENDING, or STATUS_CANCELLED for a request
-// that was cancelled already and has been completed.
+// Returns what the dispatch routine has to return: STATUS_PENDING, or STATUS_CANCELLED for a
+// request that was cancelled already and has been completed.
 NTSTATUS PushIrp(IrpQueue* queue, IRP* irp);
 // Null when the queue is empty. The request is the caller's to complete.
 IRP* PopIrp(IrpQueue* queue);

@@ -16,23 +16,43 @@ typedef struct ObjectBasicInformation {
 NTSYSAPI NTSTATUS NTAPI ZwQueryObject(HANDLE handle, int informationClass, PVOID information,
                                       ULONG length, PULONG returned);
 
-// A create request on Wine comes without a security context, but the driver's process holds a handle
-// of the file being opened, granted what the opener asked for: a low one, as handles are reused.
+static HANDLE driverProcess;
+
+void InitializeOpens(void) { driverProcess = PsGetCurrentProcessId(); }
+
+static BOOLEAN GrantedThrough(LONG_PTR handle, const FILE_OBJECT* file, ACCESS_MASK* access) {
+    // CreateFile asks for these always. Most other handles lack one and are passed over cheaply.
+    const ACCESS_MASK always = SYNCHRONIZE | FILE_READ_ATTRIBUTES;
+    ObjectBasicInformation information;
+    void* object;
+    if (!NT_SUCCESS(ZwQueryObject((HANDLE)handle, OBJECT_BASIC_INFORMATION_CLASS, &information,
+                                  sizeof(information), NULL)) ||
+        (information.grantedAccess & always) != always ||
+        !NT_SUCCESS(
+            ObReferenceObjectByHandle((HANDLE)handle, 0, NULL, KernelMode, &object, NULL))) {
+        return FALSE;
+    }
+    ObDereferenceObject(object);
+    *access = information.grantedAccess;
+    return object == file;
+}
+
+// A create request on Wine comes without a security context, but the driver's process holds a
+// handle of the file being opened, granted what the opener asked for. Its value is the lowest that
+// is free, so mostly the same as the last time; Wine leaves a dozen others behind at each plugging
+// in.
 static ACCESS_MASK AccessOfFile(const FILE_OBJECT* file) {
-    const ULONG_PTR lastHandle = 0x4000;
-    for (ULONG_PTR value = 4; value <= lastHandle; value += 4) {
-        const HANDLE handle = (HANDLE)value;
-        ObjectBasicInformation information;
-        void* object;
-        if (!NT_SUCCESS(ZwQueryObject(handle, OBJECT_BASIC_INFORMATION_CLASS, &information,
-                                      sizeof(information), NULL))) {
-            continue;
+    static LONG_PTR lastFound = 4;
+    const LONG_PTR farthest = 0x20000;
+    const LONG_PTR start = lastFound;
+    ACCESS_MASK access;
+    for (LONG_PTR distance = 0; distance <= farthest; distance += 4) {
+        const LONG_PTR candidates[] = {start - distance, start + distance};
+        for (ULONG i = 0; i < 2; ++i) {
+            if (candidates[i] <= 0 || !GrantedThrough(candidates[i], file, &access)) continue;
+            lastFound = candidates[i];
+            return access;
         }
-        if (!NT_SUCCESS(ObReferenceObjectByHandle(handle, 0, NULL, KernelMode, &object, NULL))) {
-            continue;
-        }
-        ObDereferenceObject(object);
-        if (object == file) return information.grantedAccess;
     }
     return FILE_READ_DATA | FILE_WRITE_DATA;
 }
@@ -40,11 +60,13 @@ static ACCESS_MASK AccessOfFile(const FILE_OBJECT* file) {
 OpenMode OpenModeOf(IRP* createIrp) {
     const IO_STACK_LOCATION* stack = IoGetCurrentIrpStackLocation(createIrp);
     const IO_SECURITY_CONTEXT* context = stack->Parameters.Create.SecurityContext;
-    const ACCESS_MASK access =
-        context != NULL ? context->DesiredAccess : AccessOfFile(stack->FileObject);
-    OpenMode mode;
-    mode.share = stack->Parameters.Create.ShareAccess & (FILE_SHARE_READ | FILE_SHARE_WRITE);
-    mode.access = 0;
+    OpenMode mode = {0,
+                     stack->Parameters.Create.ShareAccess & (FILE_SHARE_READ | FILE_SHARE_WRITE)};
+    ACCESS_MASK access = 0;
+    // At a device's first input report Wine's raw input opens every HID device with read and write
+    // access, from the process that runs the drivers, and keeps it open. That is no host.
+    if (PsGetCurrentProcessId() == driverProcess) return mode;
+    access = context != NULL ? context->DesiredAccess : AccessOfFile(stack->FileObject);
     if (access & (FILE_READ_DATA | GENERIC_READ)) mode.access |= FILE_SHARE_READ;
     if (access & (FILE_WRITE_DATA | GENERIC_WRITE)) mode.access |= FILE_SHARE_WRITE;
     return mode;

@@ -10,6 +10,9 @@ typedef struct OpenMode {
     ULONG share;
 } OpenMode;
 
+// Once, from the driver's entry point.
+void InitializeOpens(void);
+
 OpenMode OpenModeOf(IRP* createIrp);
 
 // STATUS_SHARING_VIOLATION when it conflicts with an open that is there. An open without read and

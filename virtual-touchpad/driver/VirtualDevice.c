@@ -67,7 +67,8 @@ VirtualDevice* FindByControlDevice(const DEVICE_OBJECT* device) {
 
 void ReleaseVirtualDevice(VirtualDevice* device) {
     if (InterlockedDecrement(&device->references) != 0) return;
-    while (!IsListEmpty(&device->opens)) ExFreePoolWithTag(RemoveHeadList(&device->opens), POOL_TAG);
+    while (!IsListEmpty(&device->opens))
+        ExFreePoolWithTag(RemoveHeadList(&device->opens), POOL_TAG);
     ExFreePoolWithTag(device, POOL_TAG);
 }
 

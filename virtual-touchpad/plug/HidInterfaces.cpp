@@ -38,8 +38,8 @@ std::wstring InterfacePath(HDEVINFO set, SP_DEVICE_INTERFACE_DATA& data) {
 std::wstring FindHidPath(const std::wstring& controlLink) {
     GUID hid;
     HidD_GetHidGuid(&hid);
-    const HDEVINFO set = SetupDiGetClassDevsW(&hid, nullptr, nullptr,
-                                              DIGCF_DEVICEINTERFACE | DIGCF_PRESENT);
+    const HDEVINFO set =
+        SetupDiGetClassDevsW(&hid, nullptr, nullptr, DIGCF_DEVICEINTERFACE | DIGCF_PRESENT);
     if (set == INVALID_HANDLE_VALUE) return {};
     std::wstring found;
     SP_DEVICE_INTERFACE_DATA data = {};

@@ -14,12 +14,11 @@ namespace virtual_touchpad {
 namespace {
 
 // Far beyond what it takes; a first start on a busy machine is the slowest.
-constexpr std::chrono::seconds kPatience{30};
+constexpr std::chrono::seconds kPatience{15};
 constexpr std::chrono::milliseconds kPollInterval{10};
 
 void CheckName(const std::wstring& name) {
-    const wchar_t allowed[] =
-        L"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_";
+    const wchar_t allowed[] = L"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_";
     if (name.empty() || name.size() > 32 || name.find_first_not_of(allowed) != name.npos) {
         throw std::runtime_error(
             "a device's name is 1 to 32 letters, digits, '-' and '_', without blanks");
@@ -38,19 +37,27 @@ bool WaitUntil(Condition condition) {
     return true;
 }
 
-}  // namespace
-
-DeviceSettings SettingsOf(const TouchpadLayout& layout) {
+template <typename Layout>
+DeviceSettings CommonSettings(const Layout& layout) {
     DeviceSettings settings;
     settings.reportDescriptor = BuildReportDescriptor(layout);
     settings.vendorId = layout.vendorId;
     settings.productId = layout.productId;
     settings.versionNumber = layout.versionNumber;
     settings.productString = layout.productString;
+    return settings;
+}
+
+}  // namespace
+
+DeviceSettings SettingsOf(const TouchpadLayout& layout) {
+    DeviceSettings settings = CommonSettings(layout);
     const std::uint8_t requestId = layout.hasRequest ? layout.requestReportId : kLightReportId;
     settings.outputIdRule = OutputIdRule{kRequestByteOffset, requestId, kLightReportId};
     return settings;
 }
+
+DeviceSettings SettingsOf(const HapticLayout& layout) { return CommonSettings(layout); }
 
 std::filesystem::path DefaultDriverFolder() {
     wchar_t program[MAX_PATH] = {};

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "virtual-touchpad/descriptor/HapticLayout.h"
 #include "virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace virtual_touchpad {
@@ -30,6 +31,7 @@ struct DeviceSettings {
 };
 
 DeviceSettings SettingsOf(const TouchpadLayout& layout);
+DeviceSettings SettingsOf(const HapticLayout& layout);
 
 struct PluggedDevice {
     std::wstring name;

@@ -96,6 +96,28 @@ TEST(Enumeration, TwoDevicesLiveSideBySide) {
     EXPECT_EQ(right.Device().Opens(), 1u);
 }
 
+TEST(Enumeration, AHapticTouchpadLivesBesideATouchpad) {
+    PluggedTouchpad touchpad;
+    const HapticLayout layout;
+    const std::wstring path = Plug(SettingsOf(layout), L"tested-haptic");
+    {
+        HostFile file(path, 0);
+        EXPECT_EQ(AttributesOf(file).VendorID, layout.vendorId);
+        EXPECT_EQ(CapsOf(file).UsagePage, HID_USAGE_PAGE_DIGITIZER);
+        VirtualDevice device(L"tested-haptic");
+        HapticFields fields;
+        fields.intensity = 75;
+        device.SetFeature(HapticsReport(fields));
+        Report report(CapsOf(file).FeatureReportByteLength);
+        report[0] = kHapticsReportId;
+        ASSERT_TRUE(
+            HidD_GetFeature(file.Handle(), report.data(), static_cast<ULONG>(report.size())));
+        report.resize(kHapticsReportLength);
+        EXPECT_EQ(report, HapticsReport(fields));
+    }
+    Unplug(L"tested-haptic");
+}
+
 TEST(Enumeration, PluggingANameTwiceFails) {
     PluggedTouchpad touchpad;
     EXPECT_THROW(Plug(TouchpadLayout{}, L"tested"), std::runtime_error);

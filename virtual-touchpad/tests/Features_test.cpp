@@ -39,7 +39,8 @@ TEST(Features, TheDeviceKeepsWhatAHostSets) {
     PluggedTouchpad touchpad;
     HostFile host(touchpad.Path(), 0);
     EXPECT_TRUE(Set(host, {kClickModeReportId, 5, 6, 7, 8}));
-    EXPECT_EQ(touchpad.Device().Feature(kClickModeReportId), (Report{kClickModeReportId, 5, 6, 7, 8}));
+    EXPECT_EQ(touchpad.Device().Feature(kClickModeReportId),
+              (Report{kClickModeReportId, 5, 6, 7, 8}));
     EXPECT_EQ(touchpad.Device().State().featureSetCount, 1u);
 }
 

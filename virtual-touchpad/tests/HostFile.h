@@ -25,7 +25,9 @@ constexpr std::chrono::milliseconds kShortly{100};
 class Transfer {
  public:
     Transfer(HANDLE file, Report bytes)
-        : buffer(std::move(bytes)), file_(file), event_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
+        : buffer(std::move(bytes)),
+          file_(file),
+          event_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
         overlapped_.hEvent = event_;
     }
     ~Transfer() {
@@ -57,7 +59,8 @@ class Transfer {
         *size = 0;
         if (!pending_) return error_;
         pending_ = false;
-        return GetOverlappedResult(file_, &overlapped_, size, TRUE) ? ERROR_SUCCESS : GetLastError();
+        return GetOverlappedResult(file_, &overlapped_, size, TRUE) ? ERROR_SUCCESS
+                                                                    : GetLastError();
     }
 
     Report buffer;

@@ -11,7 +11,8 @@ namespace virtual_touchpad {
 
 class PluggedTouchpad {
  public:
-    explicit PluggedTouchpad(const TouchpadLayout& layout = {}, const std::wstring& name = L"tested")
+    explicit PluggedTouchpad(const TouchpadLayout& layout = {},
+                             const std::wstring& name = L"tested")
         : name_(name), path_(PlugAnew(layout, name)), control_(name, layout) {}
     ~PluggedTouchpad() {
         if (plugged_) Unplug(name_);

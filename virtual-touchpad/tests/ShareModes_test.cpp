@@ -1,5 +1,5 @@
-// Wine's CreateFile succeeds whatever the driver answers, so a refused open shows at the first use of
-// the handle here. On Windows it shows at CreateFile.
+// Wine's CreateFile succeeds whatever the driver answers, so a refused open shows at the first use
+// of the handle here. On Windows it shows at CreateFile.
 #include <gtest/gtest.h>
 
 #include "virtual-touchpad/tests/HostFile.h"
@@ -61,6 +61,19 @@ TEST(ShareModes, ClosingFreesIt) {
     ASSERT_EQ(holder.AttributesError(), ERROR_SUCCESS);
     holder.Close();
     EXPECT_EQ(OpenError(touchpad.Path(), kReadWrite, kExclusive), ERROR_SUCCESS);
+}
+
+// Wine's raw input opens every device then.
+TEST(ShareModes, AnInputReportBlocksNobody) {
+    PluggedTouchpad touchpad;
+    {
+        HostFile host(touchpad.Path());
+        auto read = host.Read(3);
+        touchpad.Control().SendEvent(0x40);
+        ASSERT_TRUE(read->WaitFor(kSoon));
+    }
+    EXPECT_EQ(OpenError(touchpad.Path(), kReadWrite, kExclusive), ERROR_SUCCESS);
+    EXPECT_EQ(touchpad.Device().Opens(), 0u);
 }
 
 TEST(ShareModes, OpensAreCounted) {
