@@ -57,9 +57,9 @@ enum ActivationState : std::uint32_t {
 class CTandrelHID : public IHid {
  public:
     CTandrelHID();
-    // Ends the process when a thread object was not joined: the session lives until process exit,
-    // and a host that leaves it open is told so in the platform's own way.
-    ~CTandrelHID() override = default;
+    // Ends the process when one of the threads was not joined, as a thread object's own destruction
+    // would: the session lives until process exit, and this tells a host that left it open.
+    ~CTandrelHID() override;
 
     // --- IHid: lifecycle -------------------------------------------------------------------------
     HidDeviceFilterList GetHidDeviceFilters() override;

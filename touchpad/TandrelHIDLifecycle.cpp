@@ -1,6 +1,8 @@
 // Opening and closing the touchpad, and what the session asks of discovery.
 #include <windows.h>
 
+#include <exception>
+
 #include "interface/DeviceMutex.h"
 #include "interface/VendorList.h"
 #include "log/ILog.h"
@@ -13,6 +15,14 @@ CTandrelHID::CTandrelHID() {
     // Room for every id that hosts have been seen to use: reports are composed from the table
     // without its lock, and must not meet it while it grows.
     buttons_.reserve(64);
+}
+
+CTandrelHID::~CTandrelHID() {
+    // Asked before the members go: some platforms wait for ever in the destruction of a condition
+    // variable that a thread still waits on.
+    if (readerThread_.joinable() || writerThread_.joinable() || heartbeatThread_.joinable()) {
+        std::terminate();
+    }
 }
 
 HidDeviceFilterList CTandrelHID::GetHidDeviceFilters() {

@@ -1,4 +1,5 @@
 // A whole meeting on the real HID stack: everything that a host and a person do with one touchpad.
+#include "tests/acceptance/LitLights.h"
 #include "tests/acceptance/TouchpadAcceptanceTest.h"
 
 namespace acceptance {
@@ -8,20 +9,6 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 
 class MeetingTest : public TouchpadAcceptanceTest {};
-
-bool AllFourLit(const Lights& lights) {
-    return lights.Brightness(0x21) == 3 && lights.Brightness(0x20) == 0 &&
-           lights.Brightness(0x27) == 3 && lights.Brightness(0x26) == 0 &&
-           lights.Brightness(0x24) == 3 && lights.Brightness(0x22) == 3 &&
-           lights.active == std::set<std::uint16_t>{1, 2, 3, 4} && lights.breathing == 0;
-}
-
-bool AllDark(const Lights& lights) {
-    for (const auto& [usage, brightness] : lights.brightness) {
-        if (brightness != 0) return false;
-    }
-    return lights.active.empty() && lights.breathing == 0;
-}
 
 TEST_F(MeetingTest, LightsPressesBreathingGestureClickModeAndLeaving) {
     Plug();
@@ -162,22 +149,6 @@ TEST_F(MeetingTest, StrayArgumentsDoNoHarm) {
     EXPECT_EQ(agent_.SetClickMode(7, 5), 1);
     Touchpad().Press(0x41);
     EXPECT_EQ(agent_.UnInit(), 1);
-}
-
-class SlowHeartbeatTest : public TouchpadAcceptanceTest {};
-
-TEST_F(SlowHeartbeatTest, SendsADetachableTouchpadsLightsAgainAfterTwentySeconds) {
-    TouchpadLayout layout;
-    layout.productString = L"Vela Detachable Touchpad";
-    Plug(layout);
-    ASSERT_NO_FATAL_FAILURE(Open());
-    EXPECT_EQ(agent_.IsDetachable(), 1);
-    LightAll();
-    ASSERT_TRUE(WaitForLights(AllFourLit));
-    const std::uint64_t before = Touchpad().Device().LastSequence();
-    const auto beat = Touchpad().Device().WaitForOutputs(1, std::chrono::seconds(25), before);
-    ASSERT_EQ(beat.size(), 1U);
-    EXPECT_TRUE(AllFourLit(virtual_touchpad::DecodeLights(beat[0].bytes, layout)));
 }
 
 }  // namespace

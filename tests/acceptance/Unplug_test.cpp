@@ -111,7 +111,7 @@ TEST_P(UnplugTest, TheTouchpadWorksAgainAfterUnInitAndInit) {
 
 class UnpluggedTest : public TouchpadAcceptanceTest {};
 
-TEST_F(UnpluggedTest, AWriteInFlightLeavesOneLineInTheLog) {
+TEST_F(UnpluggedTest, AWriteInFlightFailsAndLeavesItsTwoLines) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(Open());
     LightAll();
