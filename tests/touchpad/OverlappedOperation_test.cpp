@@ -1,0 +1,64 @@
+// Operations live until the kernel is done with them.
+#include "touchpad/OverlappedOperation.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using vela::OverlappedOperation;
+using vela::OverlappedOperations;
+
+// The status that the kernel leaves in a record while it works on it.
+constexpr ULONG_PTR kPending = 0x103;
+
+TEST(OverlappedOperationTest, IsOursUntilIssued) {
+    OverlappedOperation operation({1, 2});
+    operation.Prepare(nullptr);
+    EXPECT_FALSE(operation.IsWithKernel());
+}
+
+TEST(OverlappedOperationTest, IsWithTheKernelWhilePending) {
+    OverlappedOperation operation({1, 2});
+    operation.Prepare(nullptr);
+    operation.overlapped.Internal = kPending;
+    operation.Issued(true);
+    EXPECT_TRUE(operation.IsWithKernel());
+    operation.overlapped.Internal = 0;
+    EXPECT_FALSE(operation.IsWithKernel());
+}
+
+TEST(OverlappedOperationTest, ThatFailedAtOnceIsOursThoughItsRecordSaysPending) {
+    OverlappedOperation operation({1, 2});
+    operation.Prepare(nullptr);
+    operation.overlapped.Internal = kPending;
+    operation.Issued(false);
+    EXPECT_FALSE(operation.IsWithKernel());
+}
+
+TEST(OverlappedOperationTest, PrepareForgetsTheLastIssue) {
+    OverlappedOperation operation({1, 2});
+    operation.overlapped.Internal = kPending;
+    operation.Issued(true);
+    operation.Prepare(&operation);
+    EXPECT_FALSE(operation.IsWithKernel());
+    EXPECT_EQ(operation.overlapped.hEvent, &operation);
+}
+
+TEST(OverlappedOperationsTest, KeepAnOperationThatItsOwnerGaveUp) {
+    OverlappedOperations operations;
+    OverlappedOperation* kept = nullptr;
+    {
+        const auto operation = operations.Make({1, 2});
+        operation->overlapped.Internal = kPending;
+        operation->Issued(true);
+        kept = operation.get();
+    }
+    operations.FreeEnded();
+    // The kernel ends it late: record and bytes are still there to be written.
+    kept->bytes[0] = 9;
+    EXPECT_EQ(kept->overlapped.Internal, kPending);
+    kept->overlapped.Internal = 0;
+    operations.FreeEnded();
+}
+
+}  // namespace
