@@ -38,7 +38,7 @@ struct ButtonCapability {
         return HidP_GetButtonCaps(type, caps, length, preparsed);
     }
     static constexpr const char* kFunction = "FillButtonCapUsagePages";
-    // Support's scripts look for this call name in both texts.
+    // Known to log readers as it stands, with the other list's call.
     static constexpr char kCallFailed[] =
         "FillButtonCapUsagePages HidP_GetValueCaps faild, last error (%d).";
     static constexpr char kNoMatch[] =

@@ -19,6 +19,16 @@ struct GlobalMemoryDeleter {
 };
 using InterfaceDetail = std::unique_ptr<SP_DEVICE_INTERFACE_DETAIL_DATA_W, GlobalMemoryDeleter>;
 
+// Destroyed in every case, the invalid value of a failed call included: the platform refuses that
+// one without harm.
+struct DeviceInfoList {
+    HDEVINFO handle;
+    explicit DeviceInfoList(HDEVINFO list) : handle(list) {}
+    ~DeviceInfoList() { SetupDiDestroyDeviceInfoList(handle); }
+    DeviceInfoList(const DeviceInfoList&) = delete;
+    DeviceInfoList& operator=(const DeviceInfoList&) = delete;
+};
+
 void AppendPath(HDEVINFO devices, SP_DEVICE_INTERFACE_DATA& interfaceData,
                 std::vector<std::wstring>& paths) {
     DWORD size = 0;
@@ -44,21 +54,20 @@ std::vector<std::wstring> GetHidDevicePathList() {
     GUID hidGuid{};
     HidD_GetHidGuid(&hidGuid);
 
-    const HDEVINFO devices =
-        SetupDiGetClassDevsW(&hidGuid, nullptr, nullptr, DIGCF_PRESENT | DIGCF_DEVICEINTERFACE);
-    if (devices == INVALID_HANDLE_VALUE) {
+    const DeviceInfoList devices(
+        SetupDiGetClassDevsW(&hidGuid, nullptr, nullptr, DIGCF_PRESENT | DIGCF_DEVICEINTERFACE));
+    if (devices.handle == INVALID_HANDLE_VALUE) {
         const auto error = static_cast<int>(GetLastError());
         GetLogger()->Log(kLogError, kFunction, "SetupDiGetClassDevs faild, last error (%d).",
                          error);
-        // The platform refuses the invalid value without harm, so both ways out end alike.
-        SetupDiDestroyDeviceInfoList(devices);
         return paths;
     }
 
     SP_DEVICE_INTERFACE_DATA interfaceData{};
     interfaceData.cbSize = sizeof(interfaceData);
     for (DWORD index = 0;; ++index) {
-        if (!SetupDiEnumDeviceInterfaces(devices, nullptr, &hidGuid, index, &interfaceData)) {
+        if (!SetupDiEnumDeviceInterfaces(devices.handle, nullptr, &hidGuid, index,
+                                         &interfaceData)) {
             const DWORD error = GetLastError();
             if (error != ERROR_NO_MORE_ITEMS) {
                 GetLogger()->Log(kLogError, kFunction,
@@ -67,9 +76,8 @@ std::vector<std::wstring> GetHidDevicePathList() {
             }
             break;
         }
-        AppendPath(devices, interfaceData, paths);
+        AppendPath(devices.handle, interfaceData, paths);
     }
-    SetupDiDestroyDeviceInfoList(devices);
     return paths;
 }
 
