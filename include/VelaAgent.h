@@ -9,8 +9,8 @@
  *  4. Calling order: InitLogger (optional), IsVelaPresent (optional), Init, the two callback setters,
  *     Activate, EnableFeature, then buttons, brightness, click mode and state in any order; finally
  *     UnInit and UnInitLogger.
- *  5. Callbacks come on the session's reader thread and, inside Activate and EnableFeature, on the
- *     calling thread. They may call every function but UnInit. The library holds no lock meanwhile,
+ *  5. Callbacks come on the session's reader thread and, inside Activate, EnableFeature and UnInit, on
+ *     the calling thread. They may call every function but UnInit. The library holds no lock meanwhile,
  *     but the next report waits: return soon.
  *  6. A false result and a line in "VelaAgent.log" are the whole report of a failure. Only a mutex or a
  *     thread that the system refuses is raised, as a C++ std::system_error.
@@ -79,7 +79,8 @@ void UnInitLogger(void);
 
 /* ---- Session ------------------------------------------------------------------------------------- */
 
-/* Finds the touchpad and opens it for this process alone. A VelaInitResult. Open already: 1. */
+/* Finds the touchpad and opens it for this process alone. A VelaInitResult. Open already: 1, or 2 (and
+ * it stays open) when the touchpad is not found any more. */
 int32_t Init(void);
 /* Darkens the lights, closes the touchpad and forgets both callbacks; afterwards none is called. 0 when
  * no session was open. Takes as long as a write in flight. Not from a callback. */

@@ -50,7 +50,8 @@ enum ActivationState : std::uint32_t {
 // Lock order: Uninitialize holds `operationMutex_` and takes the others one at a time. Activate
 // holds `statusMutex_` while Update takes those it needs. The writer holds `queueMutex_` while a
 // write takes `deviceQueryMutex_` and then `lastReportMutex_`, so whoever queues a report waits for
-// the write in flight. Nothing else nests.
+// the write in flight. A start of the heartbeat holds `heartbeatStartMutex_`. `productMutex_` and the
+// mutex of the operations are taken last, under any of these.
 //
 // Some state is read and written without a lock, as the members say: one byte or pointer each,
 // where a reader that comes a moment early sees the older value.

@@ -14,7 +14,9 @@ namespace virtual_touchpad {
 namespace {
 
 // Far beyond what it takes; a first start on a busy machine is the slowest.
-constexpr std::chrono::seconds kPatience{15};
+constexpr std::chrono::seconds kPatience{5};
+// On a loaded machine Wine now and then loses a device's arrival; plugged again, it appears.
+constexpr int kPlugAttempts = 3;
 constexpr std::chrono::milliseconds kPollInterval{10};
 
 void CheckName(const std::wstring& name) {
@@ -65,17 +67,17 @@ std::filesystem::path DefaultDriverFolder() {
     return std::filesystem::path(program).parent_path() / "virtual-touchpad";
 }
 
-std::wstring Plug(const DeviceSettings& settings, const std::wstring& name,
-                  const std::filesystem::path& driverFolder) {
-    CheckName(name);
+namespace {
+
+// The path of the HID interface; empty when it did not appear, and the device is gone again then.
+std::wstring TryToPlug(const DeviceSettings& settings, const std::wstring& name,
+                       const std::filesystem::path& driverFolder) {
     const std::wstring link = ControlLink(name);
     RegisterRootDevice(name, link, settings);
     try {
         StartRootDevice(name, driverFolder);
         std::wstring path;
-        if (!WaitUntil([&] { return !(path = FindHidPath(link)).empty(); })) {
-            throw std::runtime_error("the driver runs, but no HID interface appeared");
-        }
+        if (!WaitUntil([&] { return !(path = FindHidPath(link)).empty(); })) RemoveRootDevice(name);
         return path;
     } catch (...) {
         try {
@@ -85,6 +87,18 @@ std::wstring Plug(const DeviceSettings& settings, const std::wstring& name,
         }
         throw;
     }
+}
+
+}  // namespace
+
+std::wstring Plug(const DeviceSettings& settings, const std::wstring& name,
+                  const std::filesystem::path& driverFolder) {
+    CheckName(name);
+    for (int attempt = 0; attempt < kPlugAttempts; ++attempt) {
+        std::wstring path = TryToPlug(settings, name, driverFolder);
+        if (!path.empty()) return path;
+    }
+    throw std::runtime_error("the driver runs, but no HID interface appeared");
 }
 
 std::wstring Plug(const TouchpadLayout& layout, const std::wstring& name,
