@@ -44,6 +44,8 @@ TEST_F(ReportWriterTest, DoesNotRememberAForcedReportAsTheLastOne) {
     OpenAndLight();
     // The request is forced, so the light report before it is still the last one.
     ASSERT_TRUE(session_.UpdateVelaState());
+    EXPECT_EQ(OutputNumber(1), RequestReport());
+    device_->ForgetOutputs();
     session_.SetButtonLight(3, true);
     Settle();
     EXPECT_THAT(machine_.CallTexts({"WriteFile"}), SizeIs(2));
