@@ -9,10 +9,12 @@
 
 namespace acceptance {
 
-LogFolder::LogFolder()
-    : path_(std::filesystem::temp_directory_path() /
+LogFolder::LogFolder() {
+    // Several of one test are made within one tick of the clock.
+    static int count = 0;
+    path_ = std::filesystem::temp_directory_path() /
             ("vela-" + std::to_string(GetCurrentProcessId()) + "-" +
-             std::to_string(GetTickCount64()))) {
+             std::to_string(GetTickCount64()) + "-" + std::to_string(++count));
     std::filesystem::create_directories(path_);
 }
 

@@ -4,6 +4,8 @@
 #include <mutex>
 #include <stdexcept>
 
+#include "tests/acceptance/LitLights.h"
+
 namespace acceptance {
 namespace {
 
@@ -72,6 +74,13 @@ void TouchpadAcceptanceTest::LightAll(std::uint32_t activation) {
         EXPECT_EQ(agent_.EnableSingleButton(button, 1), 1);
         EXPECT_EQ(agent_.SetButtonVisible(button, 1), 1);
     }
+}
+
+void TouchpadAcceptanceTest::OpenLit(const TouchpadLayout& layout) {
+    Plug(layout);
+    ASSERT_NO_FATAL_FAILURE(Open());
+    LightAll();
+    ASSERT_TRUE(WaitForLights(AllFourLit));
 }
 
 bool TouchpadAcceptanceTest::WaitForLights(const std::function<bool(const Lights&)>& wanted) {

@@ -43,6 +43,9 @@ class TouchpadAcceptanceTest : public testing::Test {
     // All four buttons enabled and visible, the feature on, activated with `activation`.
     void LightAll(std::uint32_t activation = VELA_ACTIVE);
 
+    // Plugged in, open, and all four buttons lit. To be called within ASSERT_NO_FATAL_FAILURE.
+    void OpenLit(const TouchpadLayout& layout = {});
+
     // True once the touchpad's lights are as wanted.
     bool WaitForLights(const std::function<bool(const Lights&)>& wanted);
 

@@ -3,15 +3,12 @@
 #include "tests/acceptance/ExportCalls.h"
 #include "tests/acceptance/LitLights.h"
 #include "tests/acceptance/TouchpadAcceptanceTest.h"
-#include "tests/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
 using testing::ElementsAreArray;
-using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
@@ -112,10 +109,7 @@ TEST_P(UnplugTest, TheTouchpadWorksAgainAfterUnInitAndInit) {
 class UnpluggedTest : public TouchpadAcceptanceTest {};
 
 TEST_F(UnpluggedTest, AWriteInFlightFailsAndLeavesItsTwoLines) {
-    Plug();
-    ASSERT_NO_FATAL_FAILURE(Open());
-    LightAll();
-    ASSERT_TRUE(WaitForLights(AllFourLit));
+    ASSERT_NO_FATAL_FAILURE(OpenLit());
     Touchpad().Device().HoldWrites(true);
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
     ASSERT_TRUE(Touchpad().Device().WaitForState(
@@ -132,10 +126,7 @@ TEST_F(UnpluggedTest, AWriteInFlightFailsAndLeavesItsTwoLines) {
 }
 
 TEST_F(UnpluggedTest, NothingIsWrittenToADetachableOneThatIsGone) {
-    Plug(DetachableTouchpad());
-    ASSERT_NO_FATAL_FAILURE(Open());
-    LightAll();
-    ASSERT_TRUE(WaitForLights(AllFourLit));
+    ASSERT_NO_FATAL_FAILURE(OpenLit(DetachableTouchpad()));
     Unplug();
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
     EXPECT_EQ(agent_.UnInit(), 1);
@@ -157,57 +148,11 @@ TEST_F(UnpluggedTest, OneThatNeverToldItsNameCountsAsDetachableAndGone) {
 }
 
 TEST_F(UnpluggedTest, AnotherInitFindsNothingAndLeavesTheSessionOpen) {
-    Plug();
-    ASSERT_NO_FATAL_FAILURE(Open());
-    LightAll();
-    ASSERT_TRUE(WaitForLights(AllFourLit));
+    ASSERT_NO_FATAL_FAILURE(OpenLit());
     Unplug();
     EXPECT_EQ(agent_.Init(), VELA_INIT_NOT_FOUND);
     EXPECT_EQ(agent_.IsActivated(), 1);
     EXPECT_EQ(agent_.UnInit(), 1);
-}
-
-// Init without UnInit finds the new device but keeps the old one's session.
-TEST_F(UnpluggedTest, OneThatCameBackIsReachedOnlyByANewSession) {
-    Plug();
-    ASSERT_NO_FATAL_FAILURE(Open());
-    LightAll();
-    ASSERT_TRUE(WaitForLights(AllFourLit));
-    Unplug();
-    Plug();
-    EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);
-    EXPECT_TRUE(
-        WaitForLogLine(log_, "{INFO @ Initialize} Initialize re-initialize, return true "
-                             "immediately."));
-    EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
-    EXPECT_EQ(agent_.UnInit(), 1);
-    EXPECT_EQ(Touchpad().Device().LastSequence(), 0U);
-
-    ASSERT_NO_FATAL_FAILURE(Open());
-    LightAll();
-    EXPECT_TRUE(WaitForLights(AllFourLit));
-}
-
-TEST_F(UnpluggedTest, PressesReachTheHostOnlyOnceItsCallbacksAreSetAgain) {
-    Plug();
-    ASSERT_NO_FATAL_FAILURE(Open());
-    LightAll();
-    Touchpad().Press(0x44);
-    ASSERT_TRUE(WaitForCallbackCalls(2));
-    Unplug();
-    EXPECT_EQ(agent_.UnInit(), 1);
-    Plug();
-    ASSERT_EQ(agent_.Init(), VELA_INIT_OPEN);
-    LightAll();
-    // Without callbacks the light still follows the press.
-    Touchpad().Press(0x44);
-    EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x26) == 3; }));
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "press 1 1"));
-
-    ASSERT_NO_FATAL_FAILURE(Open());
-    Touchpad().Press(0x44);
-    ASSERT_TRUE(WaitForCallbackCalls(3));
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "press 1 1", "press 1 0"));
 }
 
 // The reader thread is in the host's code when its device goes.
@@ -226,19 +171,6 @@ TEST_F(UnpluggedTest, ACallbackMayBeRunningMeanwhile) {
     Unplug();
     SetEvent(mayLeave);
     EXPECT_EQ(agent_.UnInit(), 1);
-}
-
-TEST_F(UnpluggedTest, ItMayComeAndGoManyTimes) {
-    for (int round = 0; round < 5; ++round) {
-        SCOPED_TRACE(round);
-        Plug(DetachableTouchpad());
-        ASSERT_NO_FATAL_FAILURE(Open());
-        LightAll();
-        EXPECT_TRUE(WaitForLights(AllFourLit));
-        Unplug();
-        EXPECT_EQ(agent_.IsVelaPresent(), 0);
-        EXPECT_EQ(agent_.UnInit(), 1);
-    }
 }
 
 }  // namespace

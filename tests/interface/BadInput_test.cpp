@@ -37,6 +37,8 @@ TEST_P(UnknownButton, NeverReadsAsEnabled) {
     EXPECT_EQ(IsSingleButtonEnabled(GetParam()), 0);
     EXPECT_EQ(EnableSingleButton(GetParam(), 1), 1);
     EXPECT_EQ(IsSingleButtonEnabled(GetParam()), 0);
+    EXPECT_TRUE(session_.EnableButtonBreathing(GetParam(), true));
+    EXPECT_FALSE(session_.IsButtonBreathingEnabled(GetParam()));
 }
 
 TEST_P(UnknownButton, MayBeAskedForWithoutASession) {

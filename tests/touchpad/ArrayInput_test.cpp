@@ -14,8 +14,8 @@ using virtual_touchpad::kDataArray;
 using virtual_touchpad::MainItem;
 using virtual_touchpad::ReportDescriptorBuilder;
 
-// Input reports: an array of three usages 0x3E to 0x4A, then the firmware state. The light report
-// is the usual one.
+// Input reports: an array of three usages 0x3E to 0x4A, then a value that is no firmware state. The
+// output reports are the usual ones.
 class ArrayInputTest : public InputTest {
  protected:
     void OpenAndLightArray(std::uint8_t reportId) {

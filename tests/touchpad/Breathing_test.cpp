@@ -1,4 +1,6 @@
 // The chat light's breathing: requested, started, kept going, stopped.
+#include <thread>
+
 #include "tests/support/CompositionTest.h"
 
 namespace {
@@ -9,7 +11,6 @@ using test_support::Bytes;
 using test_support::CompositionTest;
 using test_support::LightReport;
 using test_support::SetValueCall;
-using test_support::TouchpadLayout;
 using test_support::WrittenReports;
 using testing::ElementsAre;
 using testing::HasSubstr;

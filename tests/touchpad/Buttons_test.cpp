@@ -3,15 +3,12 @@
 
 namespace {
 
-using simulator::Fault;
 using test_support::Bytes;
 using test_support::CannotUpdate;
-using test_support::DetachableLayout;
 using test_support::InputTest;
 using test_support::LightReport;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using vela::CTandrelHID;
 
 Bytes AllLit() { return LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F); }
 
