@@ -136,9 +136,10 @@ VELA_BOOL IsSupportBiDirectionSwipe(void);
 
 /* ---- Haptic touchpad: a session of its own, independent of the one above ---------------------- */
 
-/* 1 when a touchpad whose haptic feedback has an intensity is attached. */
+/* 1 when a touchpad whose haptic feedback can be configured is attached. Opens nothing. */
 VELA_BOOL IsHapticTPPresent(void);
-/* 1 when it is open, now or already. */
+/* 1 when it is open, now or already; 0 when there is none, when its feedback has no intensity, or
+ * when another process has it to itself. */
 VELA_BOOL InitHapticTP(void);
 /* 0 when it was not open. Not while another thread sets or gets the intensity. */
 VELA_BOOL UnInitHapticTP(void);

@@ -8,7 +8,16 @@ namespace demo {
 namespace {
 
 constexpr std::chrono::seconds kPatience{40};
-constexpr char kCallbackPrefix[] = "callback: ";
+// How the lines begin that tell what the library told the host.
+const std::string kToldPrefixes[] = {"callback: ", "answer: "};
+
+// The line without its prefix; empty for the host's other lines.
+std::string ToldBy(const std::string& line) {
+    for (const std::string& prefix : kToldPrefixes) {
+        if (line.rfind(prefix, 0) == 0) return line.substr(prefix.size());
+    }
+    return {};
+}
 
 struct Pipe {
     HANDLE read = nullptr;
@@ -74,9 +83,8 @@ void HostProcess::ReadLines() {
             text.erase(0, end + 1);
             if (!line.empty() && line.back() == '\r') line.pop_back();
             const std::lock_guard<std::mutex> lock(mutex_);
-            const bool isCallback = line.rfind(kCallbackPrefix, 0) == 0;
-            (isCallback ? callbacks_ : lines_)
-                .push_back(isCallback ? line.substr(sizeof(kCallbackPrefix) - 1) : line);
+            const std::string told = ToldBy(line);
+            told.empty() ? lines_.push_back(line) : told_.push_back(told);
             arrived_.notify_all();
         }
     }
@@ -107,15 +115,15 @@ void HostProcess::Tell(const std::string& command) {
     }
 }
 
-std::vector<std::string> HostProcess::Callbacks(std::size_t count) {
+std::vector<std::string> HostProcess::Told(std::size_t count) {
     std::unique_lock<std::mutex> lock(mutex_);
-    if (!arrived_.wait_for(lock, kPatience, [&] { return ended_ || callbacks_.size() >= count; }) ||
-        callbacks_.size() < count) {
-        throw std::runtime_error("the host got no callback");
+    if (!arrived_.wait_for(lock, kPatience, [&] { return ended_ || told_.size() >= count; }) ||
+        told_.size() < count) {
+        throw std::runtime_error("the host was told nothing");
     }
-    std::vector<std::string> callbacks;
-    callbacks.swap(callbacks_);
-    return callbacks;
+    std::vector<std::string> told;
+    told.swap(told_);
+    return told;
 }
 
 DWORD HostProcess::Wait() {

@@ -23,8 +23,9 @@ class HostProcess {
 
     // Sends a command line and waits until the host has answered "host: done <command>".
     void Tell(const std::string& command);
-    // The callback lines printed since the last call, after waiting for at least `count`.
-    std::vector<std::string> Callbacks(std::size_t count);
+    // What the host was told since the last call, by callbacks and in answer to what it asked,
+    // after waiting for at least `count` lines.
+    std::vector<std::string> Told(std::size_t count);
     // Waits for the end and returns the exit code.
     DWORD Wait();
 
@@ -35,10 +36,10 @@ class HostProcess {
     HANDLE process_ = nullptr;
     HANDLE input_ = nullptr;
     HANDLE output_ = nullptr;
-    std::mutex mutex_;  // guards: lines_, callbacks_ and ended_
+    std::mutex mutex_;  // guards: lines_, told_ and ended_
     std::condition_variable arrived_;
     std::vector<std::string> lines_;
-    std::vector<std::string> callbacks_;
+    std::vector<std::string> told_;
     bool ended_ = false;
     std::thread reader_;
 };

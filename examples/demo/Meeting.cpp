@@ -1,5 +1,6 @@
 // Plays a short meeting: starts the example host, is the person in front of the virtual touchpad,
-// and shows after each event what the host was told and what the touchpad's lights show.
+// and shows after each event what the host was told and what the touchpad's lights show. A haptic
+// touchpad is there as well; its feedback is made stronger before the meeting.
 //
 //   meeting HOST LOGDIRECTORY
 #include <windows.h>
@@ -14,12 +15,15 @@
 #include "examples/demo/HostProcess.h"
 #include "examples/demo/Picture.h"
 #include "virtual-touchpad/control/TouchpadControl.h"
+#include "virtual-touchpad/descriptor/HapticLayout.h"
 
 namespace demo {
 namespace {
 
+using virtual_touchpad::HapticsReport;
 using virtual_touchpad::Lights;
 using virtual_touchpad::TouchpadControl;
+using virtual_touchpad::VirtualDevice;
 
 constexpr std::chrono::seconds kPatience{10};
 
@@ -32,7 +36,7 @@ LightState StateOf(const Lights& lights) {
 struct Event {
     const char* title;
     std::function<void(HostProcess&, TouchpadControl&)> happen;
-    std::size_t callbacks;                       // that the host is to get
+    std::size_t told;                            // lines: the callbacks that the host is to get
     std::function<bool(const LightState&)> lit;  // how the lights are to end up
 };
 
@@ -80,13 +84,29 @@ LightState WaitForLights(const TouchpadControl& touchpad,
     throw std::runtime_error("the lights did not change as they should have");
 }
 
+void PrintTold(HostProcess& host, std::size_t count) {
+    for (const std::string& told : host.Told(count)) std::printf("    host: %s\n", told.c_str());
+}
+
+// The intensity is one of the four fields of a report; the host sets that one only.
+void MakeFeedbackStronger(HostProcess& host, VirtualDevice& haptic) {
+    virtual_touchpad::HapticFields fields{9, 50, 17, 200};
+    haptic.SetFeature(HapticsReport(fields));
+    std::printf("\nThe host makes the haptic touchpad's feedback stronger\n");
+    host.Tell("haptic 80");
+    PrintTold(host, 2);
+    fields.intensity = 80;
+    if (haptic.Feature(virtual_touchpad::kHapticsReportId) != HapticsReport(fields)) {
+        throw std::runtime_error("the haptic touchpad's report is not as it should be");
+    }
+    std::printf("%s", HapticPicture(fields.intensity).c_str());
+}
+
 void Play(HostProcess& host, TouchpadControl& touchpad) {
     for (const Event& event : Meeting()) {
         std::printf("\n%s\n", event.title);
         event.happen(host, touchpad);
-        for (const std::string& callback : host.Callbacks(event.callbacks)) {
-            std::printf("    host: %s\n", callback.c_str());
-        }
+        PrintTold(host, event.told);
         std::printf("%s", Picture(WaitForLights(touchpad, event.lit)).c_str());
         std::fflush(stdout);
     }
@@ -102,7 +122,9 @@ int wmain(int argc, wchar_t** argv) {
     }
     try {
         virtual_touchpad::TouchpadControl touchpad;
+        virtual_touchpad::VirtualDevice haptic(L"haptic");
         demo::HostProcess host(argv[1], argv[2]);
+        demo::MakeFeedbackStronger(host, haptic);
         demo::Play(host, touchpad);
         return static_cast<int>(host.Wait());
     } catch (const std::exception& error) {

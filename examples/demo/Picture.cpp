@@ -61,4 +61,11 @@ std::string Picture(const LightState& lights) {
            Cell("share screen", kShareLight, lights.shareScreen) + "\n";
 }
 
+std::string HapticPicture(std::uint8_t intensity) {
+    constexpr std::size_t kCells = 25;
+    const std::size_t full = kCells * std::min<std::size_t>(intensity, 100) / 100;
+    return "    feedback \x1b[48;2;60;220;110m" + std::string(full, ' ') + "\x1b[48;2;40;40;40m" +
+           std::string(kCells - full, ' ') + "\x1b[0m " + std::to_string(intensity) + "\n";
+}
+
 }  // namespace demo

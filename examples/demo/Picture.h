@@ -1,4 +1,4 @@
-// The touchpad's four buttons as a small coloured picture for a terminal.
+// The touchpads as small coloured pictures for a terminal.
 #pragma once
 
 #include <cstdint>
@@ -21,5 +21,7 @@ struct LightState {
 
 // One line in ANSI colours, ended by a newline.
 std::string Picture(const LightState& lights);
+// The same for the strength of a haptic touchpad's feedback, 0 to 100.
+std::string HapticPicture(std::uint8_t intensity);
 
 }  // namespace demo

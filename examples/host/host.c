@@ -7,9 +7,11 @@
  *   join    the meeting begins: lights on
  *   chat    a chat message came: the chat light breathes
  *   read    the message was read
+ *   haptic  how strong a haptic touchpad's feedback is; "haptic 80" sets it as well
  *   leave   the meeting ends (so does the end of input)
- * Each callback is printed as a line on standard output. */
+ * Each callback is printed as a line on standard output, and so is what was asked for. */
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 #include <wchar.h>
 
@@ -56,6 +58,23 @@ static int join(void) {
     return 1;
 }
 
+/* The haptic session is independent of the touchpad's. The level is in the device's own range, which
+ * is mostly 0 to 100. */
+static void show_haptic_level(const char* new_level) {
+    if (!InitHapticTP()) {
+        printf("answer: %s\n", IsHapticTPPresent() ? "the haptic touchpad cannot be opened"
+                                                   : "no haptic touchpad");
+        return;
+    }
+    printf("answer: haptic touchpad present, level %u\n", (unsigned)GetHapticTPIntensityLevel());
+    if (*new_level != '\0') {
+        const int32_t was_set = SetHapticTPIntensityLevel((uint32_t)strtoul(new_level, NULL, 10));
+        printf("answer: level %s, reads %u\n", was_set ? "set" : "not set",
+               (unsigned)GetHapticTPIntensityLevel());
+    }
+    UnInitHapticTP();
+}
+
 static void leave(void) {
     Activate(VELA_DEACTIVATED);
     UnInit();
@@ -67,6 +86,7 @@ static enum outcome obey(const char* command) {
     if (strcmp(command, "join") == 0) return join() ? GO_ON : FAILED;
     if (strcmp(command, "chat") == 0) SetButtonBreathing(VELA_BUTTON_CHAT, 1);
     if (strcmp(command, "read") == 0) SetButtonBreathing(VELA_BUTTON_CHAT, 0);
+    if (strncmp(command, "haptic", 6) == 0) show_haptic_level(command + 6);
     return strcmp(command, "leave") == 0 ? LEAVE : GO_ON;
 }
 

@@ -38,10 +38,7 @@ bool WaitForCallbackCalls(std::size_t count) {
 }
 
 TouchpadAcceptanceTest::TouchpadAcceptanceTest() {
-    // A test that was ended may have left its touchpad behind.
-    for (const auto& device : virtual_touchpad::PluggedDevices()) {
-        virtual_touchpad::Unplug(device.name);
-    }
+    virtual_touchpad::UnplugAll();
     agent_.InitLogger(log_.Path().c_str());
 }
 

@@ -38,6 +38,10 @@
 #define IOCTL_VIRTUAL_HID_FAIL_NEXT_WRITE VIRTUAL_HID_IOCTL(6)
 /* The same for the next feature request of a host, get or set. */
 #define IOCTL_VIRTUAL_HID_FAIL_NEXT_FEATURE VIRTUAL_HID_IOCTL(7)
+/* in: uint32_t, a number of opens that are still let through, whatever their access; those after
+ * them fail with a sharing violation. VIRTUAL_HID_UNLIMITED_OPENS, as at first, refuses none. */
+#define IOCTL_VIRTUAL_HID_LIMIT_OPENS VIRTUAL_HID_IOCTL(8)
+#define VIRTUAL_HID_UNLIMITED_OPENS 0xFFFFFFFFu
 
 typedef struct VirtualHidState {
     uint64_t outputCount;     /* output reports received so far = sequence number of the last one */

@@ -129,6 +129,10 @@ void VirtualDevice::FailNextFeature(std::int32_t ntstatus) {
     Control(IOCTL_VIRTUAL_HID_FAIL_NEXT_FEATURE, &ntstatus, sizeof(ntstatus), nullptr, 0);
 }
 
+void VirtualDevice::LimitOpens(std::uint32_t allowed) {
+    Control(IOCTL_VIRTUAL_HID_LIMIT_OPENS, &allowed, sizeof(allowed), nullptr, 0);
+}
+
 bool VirtualDevice::WaitForState(const std::function<bool(const VirtualHidState&)>& wanted,
                                  std::chrono::milliseconds timeout) const {
     return Poll(timeout, [&] { return wanted(State()); });

@@ -54,6 +54,10 @@ class VirtualDevice {
     void FailNextWrite(std::int32_t ntstatus);
     void FailNextFeature(std::int32_t ntstatus);
 
+    // After `allowed` more opens every open fails with a sharing violation, whatever its access, as
+    // when a driver keeps the device to itself. Without a number none fails any more.
+    void LimitOpens(std::uint32_t allowed = VIRTUAL_HID_UNLIMITED_OPENS);
+
     // Handles that hosts have open now with read or write access.
     std::uint32_t Opens() const { return State().readWriteOpens; }
 

@@ -98,6 +98,10 @@ static NTSTATUS Control(VirtualDevice* device, ULONG code, void* buffer, ULONG l
             if (length != sizeof(NTSTATUS)) return STATUS_INVALID_PARAMETER;
             SetNextStatus(device, &device->nextFeatureStatus, *(NTSTATUS*)buffer);
             return STATUS_SUCCESS;
+        case IOCTL_VIRTUAL_HID_LIMIT_OPENS:
+            if (length != sizeof(ULONG)) return STATUS_INVALID_PARAMETER;
+            LimitOpens(device, *(ULONG*)buffer);
+            return STATUS_SUCCESS;
         default:
             return STATUS_INVALID_DEVICE_REQUEST;
     }

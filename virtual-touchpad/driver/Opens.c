@@ -77,6 +77,13 @@ static BOOLEAN Conflict(OpenMode a, OpenMode b) {
            ((a.access & ~b.share) != 0 || (b.access & ~a.share) != 0);
 }
 
+// The caller holds the lock.
+static BOOLEAN TakeAllowedOpen(VirtualDevice* device) {
+    if (device->allowedOpens == 0) return FALSE;
+    if (device->allowedOpens != VIRTUAL_HID_UNLIMITED_OPENS) --device->allowedOpens;
+    return TRUE;
+}
+
 NTSTATUS AddOpen(VirtualDevice* device, const FILE_OBJECT* file, OpenMode mode) {
     NTSTATUS status = STATUS_SUCCESS;
     KIRQL irql;
@@ -89,6 +96,7 @@ NTSTATUS AddOpen(VirtualDevice* device, const FILE_OBJECT* file, OpenMode mode) 
         const Open* open = CONTAINING_RECORD(entry, Open, link);
         if (Conflict(open->mode, mode)) status = STATUS_SHARING_VIOLATION;
     }
+    if (NT_SUCCESS(status) && !TakeAllowedOpen(device)) status = STATUS_SHARING_VIOLATION;
     if (NT_SUCCESS(status)) InsertTailList(&device->opens, &added->link);
     KeReleaseSpinLock(&device->lock, irql);
     if (!NT_SUCCESS(status)) ExFreePoolWithTag(added, POOL_TAG);
@@ -121,6 +129,13 @@ void RemoveOpen(VirtualDevice* device, const FILE_OBJECT* file) {
     if (removed != NULL) RemoveEntryList(&removed->link);
     KeReleaseSpinLock(&device->lock, irql);
     if (removed != NULL) ExFreePoolWithTag(removed, POOL_TAG);
+}
+
+void LimitOpens(VirtualDevice* device, ULONG allowed) {
+    KIRQL irql;
+    KeAcquireSpinLock(&device->lock, &irql);
+    device->allowedOpens = allowed;
+    KeReleaseSpinLock(&device->lock, irql);
 }
 
 void CountOpens(const VirtualDevice* device, VirtualHidState* state) {

@@ -15,10 +15,11 @@ void InitializeOpens(void);
 
 OpenMode OpenModeOf(IRP* createIrp);
 
-// STATUS_SHARING_VIOLATION when it conflicts with an open that is there. An open without read and
-// write access conflicts with none.
+// STATUS_SHARING_VIOLATION when it conflicts with an open that is there, or no further open is
+// allowed. An open without read and write access conflicts with none.
 NTSTATUS AddOpen(VirtualDevice* device, const FILE_OBJECT* file, OpenMode mode);
 BOOLEAN IsOpen(VirtualDevice* device, const FILE_OBJECT* file);
 void RemoveOpen(VirtualDevice* device, const FILE_OBJECT* file);
+void LimitOpens(VirtualDevice* device, ULONG allowed);
 // The caller holds the device's lock.
 void CountOpens(const VirtualDevice* device, VirtualHidState* state);

@@ -21,6 +21,7 @@ VirtualDevice* CreateVirtualDevice(DEVICE_OBJECT* functionDevice) {
     InitializeIrpQueue(&device->heldWrites);
     KeInitializeSpinLock(&device->lock);
     InitializeListHead(&device->opens);
+    device->allowedOpens = VIRTUAL_HID_UNLIMITED_OPENS;
     KeAcquireSpinLock(&devicesLock, &irql);
     InsertTailList(&devices, &device->link);
     KeReleaseSpinLock(&devicesLock, irql);

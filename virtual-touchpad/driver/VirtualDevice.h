@@ -29,6 +29,7 @@ typedef struct VirtualDevice {
 
     KSPIN_LOCK lock;  // guards: all below
     LIST_ENTRY opens;
+    ULONG allowedOpens;  // still to come; VIRTUAL_HID_UNLIMITED_OPENS: no limit
     BOOLEAN holdsWrites;
     NTSTATUS nextWriteStatus;
     NTSTATUS nextFeatureStatus;

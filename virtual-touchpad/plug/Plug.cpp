@@ -124,4 +124,8 @@ std::vector<PluggedDevice> PluggedDevices() {
     return devices;
 }
 
+void UnplugAll() {
+    for (const PluggedDevice& device : PluggedDevices()) Unplug(device.name);
+}
+
 }  // namespace virtual_touchpad

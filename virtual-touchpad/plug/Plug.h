@@ -54,4 +54,7 @@ void Unplug(const std::wstring& name = kDefaultName);
 
 std::vector<PluggedDevice> PluggedDevices();
 
+// For tests: one that was ended may have left devices behind.
+void UnplugAll();
+
 }  // namespace virtual_touchpad

@@ -7,6 +7,7 @@
 
 namespace {
 
+using virtual_touchpad::HapticLayout;
 using virtual_touchpad::TouchpadLayout;
 
 std::wstring Widen(const std::string& text) {
@@ -28,23 +29,39 @@ std::string Narrow(const std::wstring& text) {
 
 struct Arguments {
     std::string name = "touchpad";
-    std::string product = Narrow(TouchpadLayout{}.productString);
+    std::string product;
     std::string driverFolder;
+};
+
+struct TouchpadArguments : Arguments {
     bool noRequest = false;
     bool noFeature = false;
     TouchpadLayout layout;
+};
+
+struct HapticArguments : Arguments {
+    bool noIntensity = false;
+    HapticLayout layout;
 };
 
 void AddNameOption(CLI::App& command, Arguments& arguments) {
     command.add_option("--name", arguments.name, "Name of the device")->capture_default_str();
 }
 
-void AddLayoutOptions(CLI::App& command, Arguments& arguments) {
-    TouchpadLayout& layout = arguments.layout;
+template <typename Layout>
+void AddDeviceOptions(CLI::App& command, Arguments& arguments, Layout& layout) {
+    AddNameOption(command, arguments);
+    arguments.product = Narrow(layout.productString);
     command.add_option("--vid", layout.vendorId, "Vendor id (numbers may be hexadecimal: 0x0488)");
     command.add_option("--pid", layout.productId, "Product id");
     command.add_option("--version", layout.versionNumber, "Version number");
     command.add_option("--product", arguments.product, "Product string")->capture_default_str();
+    command.add_option("--driver", arguments.driverFolder,
+                       "Folder of the driver, \"virtual-touchpad\" beside this program by default");
+}
+
+void AddLayoutOptions(CLI::App& command, TouchpadArguments& arguments) {
+    TouchpadLayout& layout = arguments.layout;
     command.add_option("--usage-page", layout.usagePage, "Usage page of the collection");
     command.add_option("--usage", layout.usage, "Usage of the collection");
     command.add_option("--input-report-id", layout.inputReportIds, "Ids of the input reports");
@@ -55,20 +72,26 @@ void AddLayoutOptions(CLI::App& command, Arguments& arguments) {
                      "Active usages as an array instead of bits");
     command.add_option("--missing-light", layout.missingLightUsages,
                        "Light usages that the touchpad does not have");
-    command.add_option("--driver", arguments.driverFolder,
-                       "Folder of the driver, \"virtual-touchpad\" beside this program by default");
 }
 
-void Plug(Arguments& arguments) {
-    arguments.layout.productString = Widen(arguments.product);
-    arguments.layout.hasRequest = !arguments.noRequest;
-    arguments.layout.hasFeatureReport = !arguments.noFeature;
+void Plug(const Arguments& arguments, virtual_touchpad::DeviceSettings settings) {
+    settings.productString = Widen(arguments.product);
     const std::filesystem::path folder = arguments.driverFolder.empty()
                                              ? virtual_touchpad::DefaultDriverFolder()
                                              : std::filesystem::path(arguments.driverFolder);
-    const std::wstring path =
-        virtual_touchpad::Plug(arguments.layout, Widen(arguments.name), folder);
-    std::cout << Narrow(path) << std::endl;
+    std::cout << Narrow(virtual_touchpad::Plug(settings, Widen(arguments.name), folder))
+              << std::endl;
+}
+
+void Plug(TouchpadArguments& arguments) {
+    arguments.layout.hasRequest = !arguments.noRequest;
+    arguments.layout.hasFeatureReport = !arguments.noFeature;
+    Plug(arguments, virtual_touchpad::SettingsOf(arguments.layout));
+}
+
+void Plug(HapticArguments& arguments) {
+    arguments.layout.hasIntensity = !arguments.noIntensity;
+    Plug(arguments, virtual_touchpad::SettingsOf(arguments.layout));
 }
 
 void List() {
@@ -82,22 +105,31 @@ void List() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    Arguments arguments;
+    TouchpadArguments touchpad;
+    HapticArguments haptic;
+    haptic.name = "haptic";
+    Arguments unplugged;
     CLI::App app{"Plugs virtual touchpads into this machine and out of it.", "vtouchpad"};
     app.require_subcommand(1);
     CLI::App* plug = app.add_subcommand(
         "plug", "Plug a touchpad in and print its HID path; installs the driver on first use");
-    AddNameOption(*plug, arguments);
-    AddLayoutOptions(*plug, arguments);
+    AddDeviceOptions(*plug, touchpad, touchpad.layout);
+    AddLayoutOptions(*plug, touchpad);
+    CLI::App* plugHaptic =
+        app.add_subcommand("plug-haptic", "The same for a haptic touchpad, which has no buttons");
+    AddDeviceOptions(*plugHaptic, haptic, haptic.layout);
+    plugHaptic->add_flag("--no-intensity", haptic.noIntensity, "Without an intensity to set");
     CLI::App* unplug = app.add_subcommand("unplug", "Unplug a touchpad");
-    AddNameOption(*unplug, arguments);
+    AddNameOption(*unplug, unplugged);
     app.add_subcommand("list", "Print the plugged touchpads: name, tab, HID path");
     CLI11_PARSE(app, argc, argv);
     try {
         if (plug->parsed()) {
-            Plug(arguments);
+            Plug(touchpad);
+        } else if (plugHaptic->parsed()) {
+            Plug(haptic);
         } else if (unplug->parsed()) {
-            virtual_touchpad::Unplug(Widen(arguments.name));
+            virtual_touchpad::Unplug(Widen(unplugged.name));
         } else {
             List();
         }

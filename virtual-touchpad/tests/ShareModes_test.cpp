@@ -76,6 +76,18 @@ TEST(ShareModes, AnInputReportBlocksNobody) {
     EXPECT_EQ(touchpad.Device().Opens(), 0u);
 }
 
+TEST(ShareModes, ADeviceMayRefuseEveryOpenAfterSomeMore) {
+    PluggedTouchpad touchpad;
+    touchpad.Device().LimitOpens(1);
+    HostFile allowed(touchpad.Path(), 0);
+    EXPECT_EQ(allowed.AttributesError(), ERROR_SUCCESS);
+    EXPECT_EQ(OpenError(touchpad.Path(), 0, kShared), ERROR_SHARING_VIOLATION);
+    EXPECT_EQ(OpenError(touchpad.Path(), kReadWrite, kShared), ERROR_SHARING_VIOLATION);
+    EXPECT_EQ(allowed.AttributesError(), ERROR_SUCCESS);
+    touchpad.Device().LimitOpens();
+    EXPECT_EQ(OpenError(touchpad.Path(), kReadWrite, kShared), ERROR_SUCCESS);
+}
+
 TEST(ShareModes, OpensAreCounted) {
     PluggedTouchpad touchpad;
     EXPECT_EQ(touchpad.Device().Opens(), 0u);
