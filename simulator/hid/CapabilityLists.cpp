@@ -7,8 +7,8 @@
 namespace simulator::hid {
 namespace {
 
-// The members that both records have. Of the union only the half that IsRange names is filled: a
-// reader that takes the other one finds a maximum of 0.
+// The members that both records have. Of each pair in the union only the half that its flag names
+// is filled: a reader that takes the other one finds a maximum of 0.
 template <typename Caps>
 Caps CommonCaps(const Collection& collection, const Capability& capability) {
     const UsageAndPage& link = collection.Links()[capability.linkCollection];
@@ -31,6 +31,13 @@ Caps CommonCaps(const Collection& collection, const Capability& capability) {
         caps.NotRange.Usage = usages.minimum;
         caps.NotRange.DataIndex = capability.dataIndex;
     }
+    // A single index lies where a range has its minimum.
+    caps.IsStringRange = usages.strings.isRange ? 1 : 0;
+    caps.Range.StringMin = usages.strings.minimum;
+    caps.Range.StringMax = usages.strings.maximum;
+    caps.IsDesignatorRange = usages.designators.isRange ? 1 : 0;
+    caps.Range.DesignatorMin = usages.designators.minimum;
+    caps.Range.DesignatorMax = usages.designators.maximum;
     return caps;
 }
 

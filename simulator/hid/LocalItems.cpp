@@ -24,15 +24,34 @@ bool LocalItems::Take(const Item& item, USAGE page) {
         case ItemTag::UsageMaximum:
             TakeBound(item, usage, maximum_);
             return true;
-        case ItemTag::DesignatorIndex:
-        case ItemTag::DesignatorMinimum:
-        case ItemTag::DesignatorMaximum:
-        case ItemTag::StringIndex:
-        case ItemTag::StringMinimum:
-        case ItemTag::StringMaximum:
-            return true;  // they change no report; the capability records leave their indices 0
         case ItemTag::Delimiter:
             item.Refuse("delimited usage sets are not simulated");
+        default:
+            return TakeIndex(item);
+    }
+}
+
+bool LocalItems::TakeIndex(const Item& item) {
+    const auto index = static_cast<USHORT>(item.value);
+    switch (item.tag) {
+        case ItemTag::StringIndex:
+            strings_.AddIndex(index);
+            return true;
+        case ItemTag::StringMinimum:
+            strings_.AddMinimum(index);
+            return true;
+        case ItemTag::StringMaximum:
+            strings_.AddMaximum(index);
+            return true;
+        case ItemTag::DesignatorIndex:
+            designators_.AddIndex(index);
+            return true;
+        case ItemTag::DesignatorMinimum:
+            designators_.AddMinimum(index);
+            return true;
+        case ItemTag::DesignatorMaximum:
+            designators_.AddMaximum(index);
+            return true;
         default:
             return false;
     }
@@ -52,7 +71,14 @@ void LocalItems::TakeBound(const Item& item, UsageAndPage usage,
 
 std::vector<DeclaredUsages> LocalItems::Collect(const Item& mainItem) {
     if (minimum_ || maximum_) mainItem.Refuse("half a usage range");
-    return std::exchange(usages_, {});
+    std::vector<DeclaredUsages> declared = std::exchange(usages_, {});
+    const DeclaredIndices strings = std::exchange(strings_, {});
+    const DeclaredIndices designators = std::exchange(designators_, {});
+    for (std::size_t i = 0; i < declared.size(); ++i) {
+        declared[i].strings = strings.OfDeclaration(i);
+        declared[i].designators = designators.OfDeclaration(i);
+    }
+    return declared;
 }
 
 }  // namespace simulator::hid

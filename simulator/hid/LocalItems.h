@@ -8,6 +8,7 @@
 #include <windows.h>
 #include <hidpi.h>
 
+#include "simulator/hid/DeclaredIndices.h"
 #include "simulator/hid/DescriptorItems.h"
 
 namespace simulator::hid {
@@ -23,6 +24,9 @@ struct DeclaredUsages {
     USAGE minimum = 0;
     USAGE maximum = 0;
     bool isRange = false;
+    // What a host shows for them; they change no report.
+    IndexRange strings{};
+    IndexRange designators{};
 
     std::uint32_t Count() const { return static_cast<std::uint32_t>(maximum - minimum) + 1; }
 };
@@ -38,11 +42,14 @@ class LocalItems {
     std::vector<DeclaredUsages> Collect(const Item& mainItem);
 
  private:
+    bool TakeIndex(const Item& item);
     void TakeBound(const Item& item, UsageAndPage usage, std::optional<UsageAndPage>& bound);
 
     std::vector<DeclaredUsages> usages_;
     std::optional<UsageAndPage> minimum_;
     std::optional<UsageAndPage> maximum_;
+    DeclaredIndices strings_;
+    DeclaredIndices designators_;
 };
 
 }  // namespace simulator::hid

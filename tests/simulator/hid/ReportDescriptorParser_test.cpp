@@ -150,13 +150,48 @@ TEST(LocalItems, EndWithTheirCollection) {
     EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 0u);
 }
 
-TEST(LocalItems, StringsAndDesignatorsChangeNothing) {
+// A string index, a string range, then the same for designators.
+const Bytes kOneString{0x79, 0x05};
+const Bytes kStringRange{0x89, 0x10, 0x99, 0x13};
+const Bytes kOneDesignator{0x39, 0x03};
+const Bytes kDesignatorRange{0x49, 0x21, 0x59, 0x24};
+
+TEST(StringsAndDesignators, OfASingleUsageAreOneIndexEach) {
+    const ParsedDevice device(
+        Application().Raw(kOneString).Raw(kOneDesignator).Value(Main::Output, 0x20, 8, 0xFF));
+    const HIDP_VALUE_CAPS caps = device.ValueCaps(HidP_Output).at(0);
+    EXPECT_FALSE(caps.IsStringRange);
+    EXPECT_FALSE(caps.IsDesignatorRange);
+    EXPECT_EQ(caps.NotRange.StringIndex, 0x05);
+    EXPECT_EQ(caps.NotRange.DesignatorIndex, 0x03);
+}
+
+TEST(StringsAndDesignators, OfARangeMayBeRanges) {
+    const ParsedDevice device(
+        Application().Raw(kStringRange).Raw(kDesignatorRange).Buttons(Main::Output, 0x01, 0x04));
+    const HIDP_BUTTON_CAPS caps = device.ButtonCaps(HidP_Output).at(0);
+    EXPECT_TRUE(caps.IsStringRange);
+    EXPECT_TRUE(caps.IsDesignatorRange);
+    EXPECT_EQ(caps.Range.StringMin, 0x10);
+    EXPECT_EQ(caps.Range.StringMax, 0x13);
+    EXPECT_EQ(caps.Range.DesignatorMin, 0x21);
+    EXPECT_EQ(caps.Range.DesignatorMax, 0x24);
+}
+
+TEST(StringsAndDesignators, BelongToOneMainItemOnly) {
     const ParsedDevice device(Application()
-                                  .Raw({0x39, 0x01, 0x49, 0x01, 0x59, 0x02})
-                                  .Raw({0x79, 0x01, 0x89, 0x01, 0x99, 0x02})
+                                  .Raw(kOneString)
+                                  .Value(Main::Output, 0x20, 8, 0xFF)
+                                  .Value(Main::Output, 0x21, 8, 0xFF));
+    EXPECT_EQ(device.ValueCaps(HidP_Output).at(1).NotRange.StringIndex, 0);
+}
+
+TEST(StringsAndDesignators, HalfARangeOrNoUsageIsNoError) {
+    const ParsedDevice device(Application()
+                                  .Raw({0x99, 0x13, 0x59, 0x24, 0x89, 0x10})
+                                  .Padding(Main::Output, 8)
                                   .Value(Main::Output, 0x20, 8, 0xFF));
-    ASSERT_EQ(device.ValueCaps(HidP_Output).size(), 1u);
-    EXPECT_EQ(device.ValueCaps(HidP_Output).at(0).NotRange.StringIndex, 0);
+    EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 1u);
 }
 
 TEST(LongItems, ArePassedOver) {
