@@ -1,0 +1,42 @@
+// A device beside the fixture's touchpad, plugged in for as long as this lives.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "virtual-touchpad/control/VirtualDevice.h"
+#include "virtual-touchpad/plug/Plug.h"
+
+namespace acceptance {
+
+class FurtherDevice {
+ public:
+    FurtherDevice(const std::wstring& name, const virtual_touchpad::DeviceSettings& settings)
+        : name_(name),
+          path_(virtual_touchpad::Plug(settings, name)),
+          device_(std::make_unique<virtual_touchpad::VirtualDevice>(name)) {}
+    explicit FurtherDevice(const std::wstring& name,
+                           const virtual_touchpad::TouchpadLayout& layout = {})
+        : FurtherDevice(name, virtual_touchpad::SettingsOf(layout)) {}
+    ~FurtherDevice() {
+        device_.reset();
+        virtual_touchpad::Unplug(name_);
+    }
+    FurtherDevice(const FurtherDevice&) = delete;
+    FurtherDevice& operator=(const FurtherDevice&) = delete;
+
+    const std::wstring& Path() const { return path_; }
+    virtual_touchpad::VirtualDevice& Device() { return *device_; }
+    // No host has it open, and none ever wrote to it.
+    bool IsUntouched() const {
+        const VirtualHidState state = device_->State();
+        return state.readWriteOpens == 0 && state.outputCount == 0 && state.featureGetCount == 0;
+    }
+
+ private:
+    std::wstring name_;
+    std::wstring path_;
+    std::unique_ptr<virtual_touchpad::VirtualDevice> device_;
+};
+
+}  // namespace acceptance
