@@ -1,8 +1,10 @@
 // The four meeting buttons and what the session remembers of each.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <unordered_map>
+
+#include "touchpad/Relaxed.h"
 
 namespace vela {
 
@@ -12,6 +14,7 @@ enum BUTTON_ID : std::uint32_t {
     BUTTON_ID_CHAT = 2,  // the only button with breathing
     BUTTON_ID_SHARE_SCREEN = 3,
 };
+constexpr std::size_t kMeetingButtonCount = 4;
 
 // The order in which the session seeds and resets the four entries.
 constexpr std::uint32_t kSeededButtonIds[] = {BUTTON_ID_AUDIO, BUTTON_ID_CAMERA, BUTTON_ID_CHAT,
@@ -23,18 +26,15 @@ enum BreathingState : std::uint32_t {
     kBreathingStopped = 2,
 };
 
+// Reports are composed from it while hosts change it.
 struct ButtonState {
-    bool present = false;  // the entry belongs to an open session
-    bool enabled = false;  // presses are reported and the lights driven
-    bool breathingEnabled = false;
-    bool lightOn = false;  // which of the button's two lights is lit; told to the host on a press
-    bool visible = false;  // the button's lights are shown
-    std::uint32_t breathingState = kBreathingStopped;
-    // Goes with the record for hosts' diagnostics; no report carries it.
-    std::uint8_t breathingLevel = 8;
+    Relaxed<bool> present = false;  // the entry belongs to an open session
+    Relaxed<bool> enabled = false;  // presses are reported and the lights driven
+    Relaxed<bool> breathingEnabled = false;
+    Relaxed<bool> lightOn = false;  // which of the button's two lights is lit; told on a press
+    Relaxed<bool> visible = false;  // the button's lights are shown
+    Relaxed<std::uint32_t> breathingState = kBreathingStopped;
+    Relaxed<std::uint8_t> breathingLevel = 8;  // no report carries it
 };
-
-// Looking an unknown id up inserts a default entry, which never reaches a report.
-using ButtonTable = std::unordered_map<std::uint32_t, ButtonState>;
 
 }  // namespace vela

@@ -14,7 +14,7 @@
 #include <windows.h>
 
 #include "hid/HIDInformation.h"
-#include "touchpad/ButtonState.h"
+#include "touchpad/ButtonTable.h"
 #include "touchpad/IHid.h"
 #include "touchpad/OverlappedOperation.h"
 
@@ -50,14 +50,14 @@ enum ActivationState : std::uint32_t {
 // Lock order: Uninitialize holds `operationMutex_` and takes the others one at a time. Activate
 // holds `statusMutex_` while Update takes those it needs. The writer holds `queueMutex_` while a
 // write takes `deviceQueryMutex_` and then `lastReportMutex_`, so whoever queues a report waits for
-// the write in flight. A start of the heartbeat holds `heartbeatStartMutex_`. `productMutex_` and the
-// mutex of the operations are taken last, under any of these.
+// the write in flight. A start of the heartbeat holds `heartbeatStartMutex_`. `productMutex_` and
+// the mutex of the operations are taken last, under any of these.
 //
 // Some state is read and written without a lock, as the members say: one byte or pointer each,
 // where a reader that comes a moment early sees the older value.
 class CTandrelHID : public IHid {
  public:
-    CTandrelHID();
+    CTandrelHID() = default;
     // Ends the process when one of the threads was not joined, as a thread object's own destruction
     // would: the session lives until process exit, and this tells a host that left it open.
     ~CTandrelHID() override;
@@ -141,14 +141,13 @@ class CTandrelHID : public IHid {
     // --- button model and output reports (TandrelHIDButtons.cpp, TandrelHIDLedControl.cpp) ---
     std::vector<BYTE> EmptyOutputReport() const;
     ButtonState CopyButton(std::uint32_t buttonId);
-    void SetButtonFlag(std::uint32_t buttonId, bool ButtonState::*flag, bool value);
+    void SetButtonFlag(std::uint32_t buttonId, Relaxed<bool> ButtonState::*flag, bool value);
     void ResetButtonVisibility();
     void Update(bool force);
     void UpdateLedCtrl(std::vector<BYTE>& report);
     void ComposeLit(OutputReport& report);
     void ComposeShownButton(const LedControl& row, const ButtonState& button, OutputReport& report);
     ULONG NextBreathingValue(const ButtonState& chat);
-    ButtonState ReadButtonUnlocked(std::uint32_t buttonId) const;
 
     // --- input handling (TandrelHIDInput.cpp) ---
     void HandleInputReport(std::vector<BYTE>& report, ULONG usageCount);
@@ -169,8 +168,8 @@ class CTandrelHID : public IHid {
     std::mutex buttonMutex_;  // guards: buttons_, but for UpdateLedCtrl's and Activate's reads
     std::mutex readMutex_;    // guards: issuing a read against the stop
     ButtonTable buttons_;
-    ButtonTable savedButtonTable_;             // Activate's only
-    std::atomic<std::uint8_t> brightness_{3};  // no lock
+    ButtonTable::MeetingButtons savedButtons_;  // Activate's only
+    std::atomic<std::uint8_t> brightness_{3};   // no lock
     std::atomic<bool> stop_{false};
     std::thread readerThread_;
     std::thread writerThread_;

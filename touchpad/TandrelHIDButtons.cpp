@@ -11,7 +11,8 @@ ButtonState CTandrelHID::CopyButton(std::uint32_t buttonId) {
     return buttons_[buttonId];
 }
 
-void CTandrelHID::SetButtonFlag(std::uint32_t buttonId, bool ButtonState::*flag, bool value) {
+void CTandrelHID::SetButtonFlag(std::uint32_t buttonId, Relaxed<bool> ButtonState::*flag,
+                                bool value) {
     const std::lock_guard<std::mutex> lock(buttonMutex_);
     buttons_[buttonId].*flag = value;
 }

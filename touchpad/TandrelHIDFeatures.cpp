@@ -94,7 +94,7 @@ bool CTandrelHID::Activate(std::uint32_t value) {
         case kActiveHostSetsLights:
             if (activationState_ == kSuspended) {
                 const std::lock_guard<std::mutex> lock(buttonMutex_);
-                buttons_ = savedButtonTable_;
+                buttons_.SetMeeting(savedButtons_);
             }
             if (IsDetachable()) StopHeartbeat();
             StartHeartbeat();
@@ -108,7 +108,7 @@ bool CTandrelHID::Activate(std::uint32_t value) {
         case kSuspended:
             if (IsDetachable()) StopHeartbeat();
             // A host suspends from the thread that sets its buttons.
-            savedButtonTable_ = buttons_;
+            savedButtons_ = buttons_.Meeting();
             ResetButtonVisibility();
             break;
         default:

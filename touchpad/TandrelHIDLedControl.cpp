@@ -94,7 +94,9 @@ void CTandrelHID::ComposeLit(OutputReport& report) {
     std::vector<USAGE> set;
     std::vector<USAGE> unset;
     for (const LedControl& row : LedControlTable) {
-        const ButtonState button = ReadButtonUnlocked(row.buttonId);
+        // Without the table's lock: whoever changes a button queues another report right behind, so
+        // a moment's older flag is soon put right, and no host call waits for a composition.
+        const ButtonState button = buttons_.Meeting()[row.buttonId];
         if (button.enabled && button.visible) {
             set.push_back(row.active);
             ComposeShownButton(row, button, report);
@@ -125,14 +127,6 @@ ULONG CTandrelHID::NextBreathingValue(const ButtonState& chat) {
     // A stop that came in meanwhile stays; its own report follows this one.
     if (button.breathingState == kBreathingRequested) button.breathingState = kBreathingRunning;
     return kStartBreathing;
-}
-
-// A report is composed while other threads change buttons: whoever changes one queues another
-// report right behind, so a moment's older flag is soon put right, and no host call waits for a
-// composition.
-ButtonState CTandrelHID::ReadButtonUnlocked(std::uint32_t buttonId) const {
-    const auto entry = buttons_.find(buttonId);
-    return entry != buttons_.end() ? entry->second : ButtonState{};
 }
 
 }  // namespace vela

@@ -11,12 +11,6 @@
 
 namespace vela {
 
-CTandrelHID::CTandrelHID() {
-    // Room for every id that hosts have been seen to use: reports are composed from the table
-    // without its lock, and must not meet it while it grows.
-    buttons_.reserve(64);
-}
-
 CTandrelHID::~CTandrelHID() {
     // Asked before the members go: some platforms wait for ever in the destruction of a condition
     // variable that a thread still waits on.
@@ -145,7 +139,7 @@ bool CTandrelHID::Uninitialize() {
 
     {
         const std::lock_guard<std::mutex> lock(buttonMutex_);
-        buttons_.clear();
+        buttons_.Clear();
     }
     buttonPressCallback_ = nullptr;
     statusChangeCallback_ = nullptr;

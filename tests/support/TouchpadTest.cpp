@@ -46,7 +46,15 @@ Bytes RequestReport(std::uint8_t reportId) {
     return report;
 }
 
-TouchpadTest::TouchpadTest() : TouchpadTest(*new vela::CTandrelHID()) {}
+// Sessions are never destroyed here: the thread object of an ended heartbeat is still joinable, and
+// destroying that ends the process. They are kept, for leak checks to find.
+static vela::CTandrelHID& NewSession() {
+    static auto* const kept = new std::vector<std::unique_ptr<vela::CTandrelHID>>;
+    kept->push_back(std::make_unique<vela::CTandrelHID>());
+    return *kept->back();
+}
+
+TouchpadTest::TouchpadTest() : TouchpadTest(NewSession()) {}
 
 TouchpadTest::TouchpadTest(vela::CTandrelHID& session) : session_(session) {
     machine_.Reset();

@@ -108,6 +108,9 @@ TEST_F(UninitializeTest, WritesTheBlankReportOnceOnly) {
 }
 
 TEST_F(UninitializeTest, FromACallbackRaisesADeadlockAndCanBeDoneLater) {
+#ifdef __SANITIZE_THREAD__
+    GTEST_SKIP() << "ThreadSanitizer itself breaks off at a second join after a refused one";
+#endif
     OpenAndLight();
     std::atomic<bool> raised{false};
     HostCallbacks::DuringButtonPress([&] {
