@@ -67,8 +67,8 @@ void ComposeHiddenButton(const LedControl& row, OutputReport& report) {
 // breathing by itself when the chat button is no longer active.
 void ComposeBlank(OutputReport& report) {
     for (const LedControl& row : LedControlTable) {
-        // Support tells this line from the one of a lit report by its number, which is not the
-        // failure's own.
+        // Told once per button and without its status: dark is what the light was to be, so that
+        // it is no light missing, only a touchpad that lacks it.
         if (DarkenLights(row, report) < 0) LogSetValueFailed(HIDP_STATUS_SUCCESS);
     }
     for (const USAGE usage :
