@@ -1,8 +1,10 @@
-// vtouchpad: plugs virtual touchpads into this machine and out of it.
+// vtouchpad: plugs virtual touchpads into this machine and out of it, presses their buttons and
+// tells their lights.
 #include <CLI/CLI.hpp>
 
 #include <iostream>
 
+#include "virtual-touchpad/control/TouchpadControl.h"
 #include "virtual-touchpad/plug/Plug.h"
 
 namespace {
@@ -37,6 +39,15 @@ struct TouchpadArguments : Arguments {
     bool noRequest = false;
     bool noFeature = false;
     TouchpadLayout layout;
+};
+
+// What a person can do to a plugged touchpad, as its event usages.
+const std::map<std::string, std::uint16_t> kEvents = {
+    {"sync", 0x40},       {"camera", 0x41},  {"share-screen", 0x42}, {"chat", 0x43},
+    {"microphone", 0x44}, {"gesture", 0x45}, {"enabled", 0x46},      {"disabled", 0x47}};
+
+struct PressArguments : Arguments {
+    std::vector<std::uint16_t> events;
 };
 
 struct HapticArguments : Arguments {
@@ -102,6 +113,35 @@ void List() {
     }
 }
 
+void Press(const PressArguments& arguments) {
+    virtual_touchpad::TouchpadControl touchpad(Widen(arguments.name));
+    for (const std::uint16_t event : arguments.events) touchpad.SendEvent(event);
+}
+
+// A button's lights: of two, the one for on comes first.
+struct LightNames {
+    const char* name;
+    std::uint16_t active;
+    std::vector<std::uint16_t> lights;
+};
+
+void ShowLights(const Arguments& arguments) {
+    const LightNames buttons[] = {{"camera", 0x01, {0x20, 0x21}},
+                                  {"microphone", 0x04, {0x26, 0x27}},
+                                  {"chat", 0x03, {0x24}},
+                                  {"share-screen", 0x02, {0x22}}};
+    const virtual_touchpad::Lights lights =
+        virtual_touchpad::TouchpadControl(Widen(arguments.name)).CurrentLights();
+    for (const LightNames& button : buttons) {
+        std::cout << button.name;
+        for (const std::uint16_t light : button.lights) {
+            std::cout << '\t' << static_cast<int>(lights.Brightness(light));
+        }
+        std::cout << (lights.IsActive(button.active) ? "\tactive" : "\tinactive") << std::endl;
+    }
+    std::cout << "breathing\t" << static_cast<int>(lights.breathing) << std::endl;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -109,7 +149,10 @@ int main(int argc, char** argv) {
     HapticArguments haptic;
     haptic.name = "haptic";
     Arguments unplugged;
-    CLI::App app{"Plugs virtual touchpads into this machine and out of it.", "vtouchpad"};
+    PressArguments pressed;
+    Arguments shown;
+    CLI::App app{"Plugs virtual touchpads in and out, presses their buttons, tells their lights.",
+                 "vtouchpad"};
     app.require_subcommand(1);
     CLI::App* plug = app.add_subcommand(
         "plug", "Plug a touchpad in and print its HID path; installs the driver on first use");
@@ -121,6 +164,17 @@ int main(int argc, char** argv) {
     plugHaptic->add_flag("--no-intensity", haptic.noIntensity, "Without an intensity to set");
     CLI::App* unplug = app.add_subcommand("unplug", "Unplug a touchpad");
     AddNameOption(*unplug, unplugged);
+    CLI::App* press = app.add_subcommand(
+        "press", "Press buttons, or make what else a touchpad reports, one report each");
+    AddNameOption(*press, pressed);
+    press->add_option("events", pressed.events, "What happens, in order")
+        ->required()
+        ->transform(CLI::CheckedTransformer(kEvents));
+    CLI::App* lights = app.add_subcommand(
+        "lights",
+        "Print the lights of the last report: button, tab, brightness (camera and "
+        "microphone: of the light for on, then of the one for off), tab, active");
+    AddNameOption(*lights, shown);
     app.add_subcommand("list", "Print the plugged touchpads: name, tab, HID path");
     CLI11_PARSE(app, argc, argv);
     try {
@@ -130,6 +184,10 @@ int main(int argc, char** argv) {
             Plug(haptic);
         } else if (unplug->parsed()) {
             virtual_touchpad::Unplug(Widen(unplugged.name));
+        } else if (press->parsed()) {
+            Press(pressed);
+        } else if (lights->parsed()) {
+            ShowLights(shown);
         } else {
             List();
         }

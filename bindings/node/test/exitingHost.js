@@ -1,0 +1,17 @@
+'use strict';
+const path = require('node:path');
+const { VelaAgent } = require('..');
+
+async function main(how) {
+  const agent = VelaAgent.load(path.join(process.env.VELA_BIN, 'VelaAgent.dll'));
+  if ((await agent.open()) !== 'open') process.exit(2);
+  await agent.activate('active');
+  await agent.enableFeature(true);
+  await agent.enableButton('camera', true);
+  await agent.setButtonVisible('camera', true);
+  if (how === 'close') await agent.close();
+  if (how === 'throw') throw new Error('as any host may');
+  process.exit(7);
+}
+
+main(process.argv[2]);
