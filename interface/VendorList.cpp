@@ -32,11 +32,13 @@ std::wstring ConfigurationPath() {
     return directory + L"\\Vela.ini";
 }
 
-// `unsigned long` has 32 bits on Windows, more where the tests run.
+// What stoul makes of it on Windows, where `unsigned long` has 32 bits, wherever this is built: a
+// minus sign counts down from the end of the range.
 std::uint32_t ParseVendorId(const std::wstring& sectionName) {
     constexpr int kHexadecimal = 16;
-    const unsigned long value = std::stoul(sectionName, nullptr, kHexadecimal);
-    if (value > std::numeric_limits<std::uint32_t>::max()) {
+    constexpr long long kLargest = std::numeric_limits<std::uint32_t>::max();
+    const long long value = std::stoll(sectionName, nullptr, kHexadecimal);
+    if (value > kLargest || value < -kLargest) {
         throw std::out_of_range("stoul argument out of range");
     }
     return static_cast<std::uint32_t>(value);

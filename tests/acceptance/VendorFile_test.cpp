@@ -75,6 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
         FileCase{
             "BeyondTheLargest", "[100000000]\r\n[2F00]\r\n", {0x2F00}, {0x0488}, {"100000000"}},
         FileCase{"Duplicates", "[2F00]\r\n[1A2B]\r\n[2F00]\r\n", {0x2F00, 0x1A2B}, {0x0488}, {}},
+        FileCase{"MinusSign", "[-1]\r\n", {0xFFFF}, {0x0488}, {}},
         // Low bits of zero mean any vendor.
         FileCase{"Zero", "[0]\r\n", {0x0488, 0x1A2B}, {}, {}}),
     [](const auto& test) { return test.param.name; });

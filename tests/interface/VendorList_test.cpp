@@ -160,6 +160,12 @@ INSTANTIATE_TEST_SUITE_P(
                  {0x2F00},
                  {0x2F00},
                  {Skipped("100000000"), Skipped("123456789ABCDEF0123")}},
+        // They count down from the end of the range.
+        FileCase{"MinusSigns",
+                 "[-1]\n[-FFFFFFFF]\n[-100000000]\n",
+                 {0xFFFFFFFF, 1},
+                 {0xFFFF, 1},
+                 {Skipped("-100000000")}},
         // Low bits of zero mean any vendor.
         FileCase{"Zero", "[0]\n[10000]\n", {0, 0x10000}, {0, 0}, {}}),
     [](const testing::TestParamInfo<FileCase>& test) { return test.param.name; });
