@@ -1,0 +1,190 @@
+#include "fuzz/CallStage.h"
+
+#include <fstream>
+
+#include "fuzz/FuzzDevice.h"
+#include "fuzz/FuzzSessions.h"
+#include "fuzz/LogFolder.h"
+#include "include/VelaAgent.h"
+#include "tests/support/HostCallbacks.h"
+
+namespace fuzz {
+namespace {
+
+using test_support::HostCallbacks;
+
+const wchar_t* const kDeviceMutex = L"Global\\VelaDeviceMutex";
+
+simulator::Machine& PreparedMachine(const TouchpadLayout& layout) {
+    UseSessionFor(layout.productString);
+    HostCallbacks::Reset();
+    return EmptyMachine();
+}
+
+bool Contains(const std::string& text, const char* part) {
+    return text.find(part) != std::string::npos;
+}
+
+// The line with which a log ends. A heartbeat that was told to stop, but is not waited for, may
+// still log its end behind it.
+std::string LastLine(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::string last;
+    for (std::string line; std::getline(stream, line);) {
+        if (!Contains(line, "{INFO @ HeartbeatThread} ")) last = line;
+    }
+    return last;
+}
+
+}  // namespace
+
+CallStage::CallStage(const TouchpadLayout& layout)
+    : model(layout), machine(PreparedMachine(layout)), touchpad(machine.Plug(Describe(layout))) {
+    hapticTouchpad = machine.Plug(Describe(virtual_touchpad::HapticLayout{}));
+}
+
+CallStage::~CallStage() {
+    UnInit();
+    // These live longer than a session does.
+    if (model.IsTemporarilyDisabled() || model.GetBrightness() != 3) {
+        PlugIn();
+        HoldElsewhere(false);
+        Init();
+        Same(::Activate(0), model.Activate(0), "Activate at the end");
+        Same(::Activate(4), model.Activate(4), "Activate at the end");
+        ::SetVelaBrightness(3);
+        model.SetBrightness(3);
+        CompareAll("the end");
+        UnInit();
+    }
+    ::SetVelaButtonPressCallback(nullptr);
+    ::SetVelaStatusChangeCallback(nullptr);
+    ::UnInitHapticTP();
+    while (loggers_ > 0) UnInitLogger();
+    CheckSame(machine.Misuse(), {}, "misuse of the platform");
+}
+
+void CallStage::CompareAll(const char* step) {
+    for (const Bytes& report : model.TakeReports()) expectedReports_.push_back(report);
+    const std::string at = std::string(" after ") + step;
+    Check(touchpad->WaitForOutputs(expectedReports_.size()), "a report did not come" + at);
+    CheckSame(touchpad->Outputs(), expectedReports_, "what the touchpad received" + at);
+    CheckSame(HostCallbacks::Calls(), model.TakeCallbacks(), "what the host was told" + at);
+    HostCallbacks::Reset();
+
+    Same(::IsFeatureEnabled(), model.IsFeatureEnabled(), "IsFeatureEnabled");
+    Same(::IsActivated(), model.IsActivated(), "IsActivated");
+    Same(::GetVelaBrightness(), model.GetBrightness(), "GetVelaBrightness");
+    Same(::IsChatBreathingEnabled(), model.IsChatBreathingEnabled(), "IsChatBreathingEnabled");
+    for (std::uint32_t id = 0; id < 4; ++id) {
+        Same(::IsSingleButtonEnabled(id), model.IsSingleButtonEnabled(id), "IsSingleButtonEnabled");
+    }
+}
+
+void CallStage::Init() {
+    const bool wasOpen = model.IsOpen();
+    Same(::Init(), model.Init(), "Init");
+    if (wasOpen || !model.IsOpen()) return;
+    Check(touchpad->WaitForPendingReads(), "the session reads no input reports");
+}
+
+void CallStage::UnInit() {
+    // What is queued would be written, or not, beside the reports of the closing.
+    const bool allWritten = WriteAllQueued();
+    const bool canWrite = model.IsConnected();
+    const Bytes lastReport = model.LastReport();
+    Same(::UnInit(), model.UnInit(), "UnInit");
+    model.TakeReports();
+    if (canWrite) CompareClosing(lastReport, allWritten);
+    touchpad->ForgetOutputs();
+    expectedReports_.clear();
+    CompareAll("UnInit");
+}
+
+bool CallStage::WriteAllQueued() {
+    if (!model.IsConnected()) return true;
+    if (model.UpdateVelaState()) {
+        Same(::UpdateVelaState(), 1, "UpdateVelaState");
+    } else if (!model.IsDisabled()) {
+        constexpr std::uint32_t kUnknownButton = 9;
+        Same(::SetButtonBreathing(kUnknownButton, 0),
+             model.SetButtonBreathing(kUnknownButton, false), "SetButtonBreathing");
+    } else {
+        return false;
+    }
+    CompareAll("writing all that was queued");
+    return true;
+}
+
+// The closing writes blank reports: one for certain, unless the touchpad is dark already. It does
+// not wait for the writer, so beside a write that is not yet noted as the last one it may take the
+// touchpad for dark.
+void CallStage::CompareClosing(const Bytes& lastReport, bool allWereWritten) {
+    std::vector<Bytes> closing = touchpad->Outputs();
+    closing.erase(closing.begin(),
+                  closing.begin() + static_cast<std::ptrdiff_t>(expectedReports_.size()));
+    for (const Bytes& report : closing) {
+        if (!allWereWritten && report == lastReport) continue;
+        CheckSame(report, model.BlankReport(), "a report of the closing");
+    }
+    const bool wasDark = lastReport == model.BlankReport();
+    Check(wasDark || !closing.empty() || !allWereWritten, "the closing left the lights on");
+}
+
+void CallStage::Send(std::uint8_t reportId, std::uint8_t buttons, std::uint8_t firmwareState) {
+    if (!model.IsOpen() || !model.IsConnected()) return;
+    Check(touchpad->WaitForPendingReads(), "the session reads no input reports");
+    touchpad->SendInput({reportId, buttons, firmwareState});
+    Check(touchpad->WaitForPendingReads(), "the session asks for no further input report");
+    std::vector<std::uint16_t> usages;
+    for (unsigned bit = 0; bit < 8; ++bit) {
+        if ((buttons >> bit & 1U) != 0) usages.push_back(static_cast<std::uint16_t>(0x40 + bit));
+    }
+    model.Receive(reportId, usages, firmwareState);
+}
+
+void CallStage::Unplug() {
+    touchpad->Unplug();
+    model.Unplug();
+}
+
+void CallStage::PlugIn() {
+    touchpad->PlugIn();
+    model.PlugIn();
+}
+
+void CallStage::HoldElsewhere(bool held) {
+    // Only a touchpad that is there and free.
+    if (held && (!model.IsPlugged() || model.IsConnected())) return;
+    held ? touchpad->HoldElsewhere() : touchpad->ReleaseElsewhere();
+    model.HoldElsewhere(held);
+}
+
+void CallStage::HoldMutexElsewhere(bool held) {
+    if (model.IsOpen()) return;
+    held ? machine.HoldMutexElsewhere(kDeviceMutex, true)
+         : machine.ReleaseMutexElsewhere(kDeviceMutex);
+    model.HoldMutexElsewhere(held);
+}
+
+void CallStage::PlugHaptic(bool plugged) {
+    plugged ? hapticTouchpad->PlugIn() : hapticTouchpad->Unplug();
+    haptic.plugged = plugged;
+    if (!plugged) haptic.connected = false;
+}
+
+void CallStage::InitLogger() {
+    if (loggers_ == 0) LogFolder::Get().Clear();
+    ++loggers_;
+    ::InitLogger(LogFolder::Get().Directory().c_str());
+}
+
+void CallStage::UnInitLogger() {
+    ::UnInitLogger();
+    if (loggers_ == 0 || --loggers_ > 0) return;
+    const std::string last = LastLine(LogFolder::Get().File());
+    Check(Contains(last, "{INFO @ UnInitialize} Logger::UnInitialize"),
+          "the log ends with " + last);
+}
+
+}  // namespace fuzz

@@ -1,0 +1,71 @@
+// A touchpad, a haptic touchpad and a host, with the model of what they have to see.
+#pragma once
+
+#include <memory>
+
+#include "fuzz/Check.h"
+#include "fuzz/FuzzInput.h"
+#include "fuzz/SessionModel.h"
+#include "simulator/Machine.h"
+
+namespace fuzz {
+
+// The haptic touchpad's session, as it has to be.
+struct HapticModel {
+    bool plugged = true;
+    bool open = false;
+    bool connected = false;
+    std::uint32_t level = 0;
+};
+
+class CallStage {
+ public:
+    explicit CallStage(const TouchpadLayout& layout);
+    // Leaves the agent as a new process has it.
+    ~CallStage();
+    CallStage(const CallStage&) = delete;
+    CallStage& operator=(const CallStage&) = delete;
+
+    // What an export answered and what the model did.
+    template <typename Got, typename Expected>
+    void Same(Got got, Expected expected, const char* call) {
+        CheckSame(static_cast<std::int64_t>(got), static_cast<std::int64_t>(expected), call);
+    }
+    // The reports at the touchpad, the callbacks and the flags that can be read at any time.
+    void CompareAll(const char* step);
+
+    void Init();
+    void UnInit();
+    // The touchpad sends a report, and the session is done with it. Bit n of `buttons` is usage
+    // 0x40 + n.
+    void Send(std::uint8_t reportId, std::uint8_t buttons, std::uint8_t firmwareState);
+    void Unplug();
+    void PlugIn();
+    void HoldElsewhere(bool held);
+    void HoldMutexElsewhere(bool held);
+    void PlugHaptic(bool plugged);
+    void InitLogger();
+    void UnInitLogger();
+
+    SessionModel model;
+    HapticModel haptic;
+    simulator::Machine& machine;
+    std::shared_ptr<simulator::Device> touchpad;
+    std::shared_ptr<simulator::Device> hapticTouchpad;
+
+ private:
+    bool WriteAllQueued();
+    void CompareClosing(const Bytes& lastReport, bool allWereWritten);
+
+    std::vector<Bytes> expectedReports_;  // since the session was opened
+    int loggers_ = 0;
+};
+
+// One call of an export, or one event at a device, with arguments from the input.
+struct CallStep {
+    const char* name;
+    void (*run)(CallStage& stage, FuzzInput& input);
+};
+CallStep TakeStep(FuzzInput& input);
+
+}  // namespace fuzz

@@ -1,0 +1,15 @@
+// Which vendor ids a "Vela.ini" lists, by the rules for its section names alone.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace fuzz {
+
+// A hexadecimal number at the begin of the name, as C reads an unsigned 32-bit one: blanks, a sign
+// and "0x" may stand before it, anything behind it. Nothing when there is no digit, or too large a
+// number.
+std::optional<std::uint32_t> VendorIdOf(const std::wstring& sectionName);
+
+}  // namespace fuzz

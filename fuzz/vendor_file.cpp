@@ -1,0 +1,89 @@
+// Any bytes as "Vela.ini": the filters offered to discovery, and the lines logged, are those that
+// the rules for section names give.
+#include <windows.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "fuzz/Check.h"
+#include "fuzz/FuzzDevice.h"
+#include "fuzz/FuzzInput.h"
+#include "fuzz/LogFolder.h"
+#include "fuzz/VendorFileModel.h"
+#include "include/VelaAgent.h"
+#include "interface/Singletons.h"
+#include "tests/support/LibraryFolder.h"
+
+namespace {
+
+using fuzz::Check;
+using fuzz::CheckSame;
+
+// As the platform tells them, of the same room that the agent gives.
+std::vector<std::wstring> SectionNames() {
+    std::vector<wchar_t> text(4096);
+    const DWORD length = GetPrivateProfileSectionNamesW(
+        text.data(), static_cast<DWORD>(text.size()), L"C:\\Vela\\Vela.ini");
+    std::vector<std::wstring> names;
+    for (std::size_t at = 0; at < length && text[at] != L'\0';) {
+        names.emplace_back(&text[at]);
+        at += names.back().size() + 1;
+    }
+    return names;
+}
+
+// Names with other letters cannot be written in the C locale; the logger drops such a line.
+bool CanBeLogged(const std::wstring& name) {
+    return std::all_of(name.begin(), name.end(),
+                       [](wchar_t letter) { return letter > 0 && letter < 0x80; });
+}
+
+std::vector<std::string> LoggedLines() {
+    std::vector<std::string> lines;
+    std::ifstream stream(fuzz::LogFolder::Get().File(), std::ios::binary);
+    for (std::string line; std::getline(stream, line);) {
+        // "[2024-05-06 17:42:10] " stands before it.
+        lines.push_back(line.erase(0, std::min<std::size_t>(line.size(), 22)));
+    }
+    return lines;
+}
+
+std::vector<unsigned> OfferedVendors() {
+    std::vector<unsigned> vendors;
+    for (const vela::HidDeviceFilter& filter : vela::TouchpadSession().GetHidDeviceFilters()) {
+        Check(filter.UsagePage == 0xFF80 && filter.Usage == 0x80, "another collection is offered");
+        vendors.push_back(filter.VendorID);
+    }
+    return vendors;
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    simulator::Machine& machine = fuzz::EmptyMachine();
+    const test_support::LibraryFolder folder;
+    folder.PutVelaIni({data, data + size});
+
+    std::vector<unsigned> vendors;
+    std::vector<std::string> lines;
+    for (const std::wstring& name : SectionNames()) {
+        if (const auto vendorId = fuzz::VendorIdOf(name)) {
+            vendors.push_back(*vendorId & 0xFFFF);
+        } else if (CanBeLogged(name)) {
+            lines.push_back("{WARNING @ GetVidsFromFile} stoul convert failed. " +
+                            std::string(name.begin(), name.end()));
+        }
+    }
+    if (vendors.empty()) vendors.push_back(0x0488);
+    lines.emplace_back("{INFO @ UnInitialize} Logger::UnInitialize");
+
+    fuzz::LogFolder::Get().Clear();
+    InitLogger(fuzz::LogFolder::Get().Directory().c_str());
+    const std::vector<unsigned> offered = OfferedVendors();
+    UnInitLogger();
+    CheckSame(offered, vendors, "the vendors offered");
+    CheckSame(LoggedLines(), lines, "the log");
+    CheckSame(machine.Misuse(), {}, "misuse of the platform");
+    return 0;
+}

@@ -1,0 +1,68 @@
+// Watches every platform call of a run, and makes chosen ones fail.
+//
+// A run's calls come from several threads in no fixed order, but those of one thread do: a call is
+// known by its thread, its function and its number among the thread's calls of that function.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "simulator/Machine.h"
+
+namespace faults {
+
+struct WatchedCall {
+    unsigned thread = 0;  // 0: the host's; the others in the order of their first calls
+    std::string function;
+    std::size_t number = 0;
+    std::string arguments;
+    std::string step;     // what the host was doing
+    bool active = false;  // the touchpad was activated and its feature on: its lights may be lit
+    bool failed = false;  // by this watch
+
+    auto Site() const { return std::tie(thread, function, number); }
+    std::string Text() const;
+};
+
+class CallWatch {
+ public:
+    using Chooser = std::function<std::optional<simulator::Fault>(const WatchedCall&)>;
+
+    // Watches from now on, on the calling thread as the host's. `chooser` decides which calls fail;
+    // it is asked for one call at a time, on the call's own thread.
+    explicit CallWatch(Chooser chooser);
+    ~CallWatch();
+    CallWatch(const CallWatch&) = delete;
+    CallWatch& operator=(const CallWatch&) = delete;
+
+    void Begin(const std::string& step);
+    // No call fails any more, and none is noted.
+    void Stop();
+    std::vector<WatchedCall> Calls() const;
+
+ private:
+    std::optional<simulator::Fault> Watch(const simulator::Call& call);
+
+    const Chooser chooser_;
+    mutable std::mutex mutex_;  // guards: all below
+    std::string step_;
+    std::map<std::pair<unsigned, std::string>, std::size_t> counts_;
+    std::vector<WatchedCall> calls_;
+};
+
+// In the order of their coming; the threads' calls may be mixed differently the next time.
+std::string ToText(const std::vector<WatchedCall>& calls);
+std::vector<WatchedCall> CallsFromText(const std::string& text);
+
+// The call before or behind (`direction` -1 or 1) calls[index] on its thread; null at the ends.
+const WatchedCall* Neighbour(const std::vector<WatchedCall>& calls, std::size_t index,
+                             int direction);
+
+}  // namespace faults
