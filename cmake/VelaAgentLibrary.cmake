@@ -8,7 +8,7 @@ add_library(VelaAgent SHARED
   interface/VelaAgent.def
   ${CMAKE_CURRENT_BINARY_DIR}/VelaAgent.rc)
 set_target_properties(VelaAgent PROPERTIES PREFIX "")
-target_include_directories(VelaAgent PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+target_include_directories(VelaAgent PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>)
 target_link_libraries(VelaAgent PRIVATE vela_warnings hid setupapi)
 target_compile_definitions(VelaAgent PRIVATE UNICODE _UNICODE)
 

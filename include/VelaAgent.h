@@ -1,24 +1,35 @@
 /* VelaAgent: drives a touchpad with four lit meeting buttons for a conferencing host.
  *
+ * The one file a host needs, in C (C11) and C++. Link with the import library, or load
+ * "VelaAgent.dll" by its full path and look the functions up by name: they are exported
+ * undecorated, with the one calling convention of 64-bit Windows.
+ *
  * Conventions that hold for every function below:
  *
- *  1. There is one touchpad session per process and no handle for it: every call means "the" touchpad.
- *  2. A result of type VELA_BOOL is 0 or 1 in all its 32 bits. An argument of that type is false when 0,
- *     true otherwise.
+ *  1. There is one touchpad session per process and no handle for it: every call means "the"
+ *     touchpad.
+ *  2. A result of type VELA_BOOL is 0 or 1 in all its 32 bits. An argument of that type is false
+ *     when 0, true otherwise.
  *  3. Any thread may call any function, save where a function says otherwise.
- *  4. Calling order: InitLogger (optional), IsVelaPresent (optional), Init, the two callback setters,
- *     Activate, EnableFeature, then buttons, brightness, click mode and state in any order; finally
- *     UnInit and UnInitLogger.
- *  5. Callbacks come on the session's reader thread and, inside Activate, EnableFeature and UnInit, on
- *     the calling thread. They may call every function but UnInit. The library holds no lock meanwhile,
- *     but the next report waits: return soon.
- *  6. A false result and a line in "VelaAgent.log" are the whole report of a failure. Only a mutex or a
- *     thread that the system refuses is raised, as a C++ std::system_error.
- *  7. Call UnInit before the process exits. One that exits with the session open, or after a detachable
- *     touchpad was active, is ended by the C++ runtime ("terminate called") while the library is
- *     unloaded, as threads that nobody waited for are; TerminateProcess avoids that.
- *  8. A light change is queued and written by a thread of the session's own. While a write is in flight
- *     (at most 30 seconds, usually a few milliseconds) calls that queue another wait for it.
+ *  4. Calling order: InitLogger (optional), IsVelaPresent (optional), Init, the two callback
+ *     setters, Activate, EnableFeature, then buttons, brightness, click mode and state in any
+ *     order; finally UnInit and UnInitLogger. Both pairs may be repeated. The haptic functions are
+ *     independent of that and have an order of their own: InitHapticTP, level, UnInitHapticTP.
+ *  5. Callbacks come on the session's reader thread and, inside Activate, EnableFeature and UnInit,
+ *     on the calling thread. They may call every function but UnInit. The library holds no lock
+ *     meanwhile, but the next report waits: return soon. No exception may leave them.
+ *  6. A false result and a line in "VelaAgent.log" are the whole report of a failure. Only a mutex
+ *     or a thread that the system refuses is raised, as a C++ std::system_error.
+ *  7. Call UnInit before the process exits. One that exits with the session open, or after a
+ *     detachable touchpad was active, is ended by the C++ runtime ("terminate called") while the
+ *     library is unloaded, as threads that nobody waited for are; TerminateProcess avoids that. For
+ *     the same reason FreeLibrary is not for such a process.
+ *  8. A light change is queued and written by a thread of the session's own. While writes are in
+ *     flight (usually a few milliseconds; at most 30 seconds each, when a touchpad takes none)
+ *     calls that queue another wait for them, and so does UnInit.
+ *  9. While the touchpad is disabled (VELA_STATUS_TEMPORARILY_DISABLED, VELA_STATUS_DISABLED) its
+ *     lights are its own: changes are stored, answered with 1, and shown by the first light report
+ *     afterwards.
  */
 #ifndef VELA_AGENT_H
 #define VELA_AGENT_H
@@ -40,12 +51,13 @@ enum VelaButton {
     VELA_BUTTON_SHARE_SCREEN = 3
 };
 
-/* Values for Activate. Others are stored and told back through the status callback, nothing else. */
+/* Values for Activate. Others are stored and told back through the status callback, nothing else;
+ * the lights are dark then. */
 enum VelaActivation {
-    VELA_ACTIVE = 0,                 /* camera and microphone lights toggle with their presses */
+    VELA_ACTIVE = 0,                  /* camera and microphone lights toggle with their presses */
     VELA_ACTIVE_HOST_SETS_LIGHTS = 1, /* presses are reported, every light is left to the host */
-    VELA_DEACTIVATED = 4,            /* lights dark, buttons no longer visible; the state after Init */
-    VELA_SUSPENDED = 5               /* as 4, but 0 or 1 brings the buttons back as they were */
+    VELA_DEACTIVATED = 4, /* lights dark, buttons no longer visible; the state after Init */
+    VELA_SUSPENDED = 5    /* as 4, but 0 or 1 brings the buttons back as they were */
 };
 
 /* Values told to the status callback, besides the value given to Activate. */
@@ -59,82 +71,97 @@ enum VelaStatus {
 /* Results of Init. */
 enum VelaInitResult {
     VELA_INIT_OPEN = 1,
-    VELA_INIT_NOT_FOUND = 2,     /* no touchpad, or it could not be opened */
-    VELA_INIT_HELD_BY_OTHER = 3  /* another process has it open */
+    VELA_INIT_NOT_FOUND = 2,    /* no touchpad, or it could not be opened */
+    VELA_INIT_HELD_BY_OTHER = 3 /* another process has it open */
 };
 
 /* A button was pressed. newLightState: 1 when its light was off before the press, 0 when it was on.
- * There is no event for the release. */
+ * There is no event for the release. On the reader thread. */
 typedef void (*VelaButtonPressCallback)(uint32_t buttonId, uint32_t newLightState);
-/* The touchpad's status changed: a VelaStatus, or the value given to Activate. */
+/* The touchpad's status changed: a VelaStatus, or the value given to Activate. Of changes that the
+ * touchpad makes itself only those in VELA_ACTIVE and VELA_ACTIVE_HOST_SETS_LIGHTS are told. */
 typedef void (*VelaStatusChangeCallback)(uint32_t status);
 
-/* ---- Logger -------------------------------------------------------------------------------------- */
+/* ---- Logger ---------------------------------------------------------------------------------- */
 
-/* Starts writing "VelaAgent.log" into `directory` (zero-terminated; nothing is done for null). At more
- * than 5 MiB the file becomes "VelaAgent.log.old". Calls nest; the first one's directory stays. */
+/* Starts writing "VelaAgent.log" into `directory` (zero-terminated; nothing is done for null),
+ * which has to exist: one that does not, or cannot be written, costs the lines and nothing else. At
+ * more than 5 MiB the file becomes "VelaAgent.log.old". Calls nest; the first one's directory
+ * stays. Two processes that log into one directory both go on, but lines that they write at the
+ * same instant may cover each other: give each a directory of its own. */
 void InitLogger(const wchar_t* directory);
-/* Ends one InitLogger. After the last one every line logged before is in the file. */
+/* Ends one InitLogger; nothing is done without one. After the last one every line logged before is
+ * in the file. */
 void UnInitLogger(void);
 
-/* ---- Session ------------------------------------------------------------------------------------- */
+/* ---- Session --------------------------------------------------------------------------------- */
 
-/* Finds the touchpad and opens it for this process alone. A VelaInitResult. Open already: 1, or 2 (and
- * it stays open) when the touchpad is not found any more. */
+/* Finds the touchpad and opens it for this process alone. A VelaInitResult. Open already: 1, or 2
+ * (and it stays open) when the touchpad is not found any more. Which vendors' touchpads are looked
+ * for can be set in a file "Vela.ini" beside the library. Not while another thread is inside Init
+ * or UnInit. */
 int32_t Init(void);
-/* Darkens the lights, closes the touchpad and forgets both callbacks; afterwards none is called. 0 when
- * no session was open. Takes as long as a write in flight. Not from a callback. */
+/* Darkens the lights, closes the touchpad and forgets both callbacks. Once it has returned none is
+ * called, unless another thread is inside Activate or EnableFeature just then. 0 when no session
+ * was open. Takes as long as the writes in flight (convention 8). Not from a callback. */
 VELA_BOOL UnInit(void);
 /* 1 when a touchpad is attached, or another process has one open. */
 VELA_BOOL IsVelaPresent(void);
 
-/* Null clears. To be set again after each Init. */
+/* Null clears. To be set again after each Init, from a thread that is not inside another call. */
 void SetVelaButtonPressCallback(VelaButtonPressCallback callback);
 void SetVelaStatusChangeCallback(VelaStatusChangeCallback callback);
 
-/* The feature as a whole: while off, every light is dark. Off after Init. 0 without a session. */
+/* The feature as a whole: while off, every light is dark. Off after Init. Switching it off also
+ * ends the chat's breathing and a temporary disable. 0 without a session. */
 VELA_BOOL EnableFeature(VELA_BOOL enable);
 VELA_BOOL IsFeatureEnabled(void);
-/* A VelaActivation. 0 without a session; 1 at once when it is the current one. */
+/* A VelaActivation. 0 without a session; 1 at once, with no callback, when it is the current one.
+ * Otherwise the status callback is called, twice for VELA_DEACTIVATED. */
 VELA_BOOL Activate(uint32_t activation);
 /* 1 in VELA_ACTIVE and VELA_ACTIVE_HOST_SETS_LIGHTS. */
 VELA_BOOL IsActivated(void);
 
-/* ---- Buttons: 0 without a session ---------------------------------------------------------------- */
+/* ---- Buttons: buttonId is a VelaButton; 0 without a session ---------------------------------- */
 
-/* An enabled button reports its presses; its light shows when it is visible as well. */
+/* An enabled button reports its presses; its light shows when it is visible as well. Both are off
+ * after Init. */
 VELA_BOOL EnableSingleButton(uint32_t buttonId, VELA_BOOL enable);
 VELA_BOOL IsSingleButtonEnabled(uint32_t buttonId);
 VELA_BOOL SetButtonVisible(uint32_t buttonId, VELA_BOOL visible);
 /* Which of a button's two lights is lit. Chat and share screen have one light: no change. */
 VELA_BOOL SetButtonLight(uint32_t buttonId, VELA_BOOL on);
 
-/* Breathing of the chat light: to be allowed first, then started and stopped. */
+/* Breathing of the chat light: to be allowed first, then started and stopped. Other buttons accept
+ * it and do not breathe. */
 VELA_BOOL EnableChatBreathing(VELA_BOOL enable);
 VELA_BOOL IsChatBreathingEnabled(void);
 VELA_BOOL SetButtonBreathing(uint32_t buttonId, VELA_BOOL on);
 
-/* Brightness of all lit lights, 0 (dark) to 255; the low 8 bits count. 3 until set. Ignored without a
- * session, kept after it. */
+/* Brightness of all lit lights, 0 (dark) to 255; the low 8 bits count. 3 until set. Ignored without
+ * a session, kept after it. */
 void SetVelaBrightness(uint32_t level);
 uint32_t GetVelaBrightness(void);
 
-/* ---- Touchpad settings and state ----------------------------------------------------------------- */
+/* ---- Touchpad settings and state ------------------------------------------------------------- */
 
-/* mode 0: off; 1: `value`, unchecked, in the device's own units; other modes write the setting back as
- * it is. 1 when it was written. Synchronous. */
+/* mode 0: off; 1: `value`, in the device's own units and not checked against its range; other modes
+ * write the setting back as it is. The device keeps it after UnInit. 1 when it was written; 0
+ * without a session, and for touchpads without the setting. Synchronous. */
 int32_t SetClickMode(uint32_t mode, uint16_t value);
 /* 1 when the click mode is on; 0 when it is off or could not be read. Synchronous. */
 uint32_t GetClickMode(void);
-/* Asks the firmware for its state, which comes through the status callback. 0 without a session, and
- * for touchpads that have no such request. */
+/* Asks the firmware for its state, which comes through the status callback. 0 without a session,
+ * and for touchpads that have no such request. */
 VELA_BOOL UpdateVelaState(void);
-/* 1 for touchpads that can be taken off the machine, and for those that do not tell. */
+/* 1 for touchpads that can be taken off the machine, and for those that do not tell. The first
+ * answer that a touchpad gave holds for the life of the process. */
 VELA_BOOL IsDetachable(void);
-/* 0 without a session, and for firmware older than version 99 with the older gesture. */
+/* Whether the gesture works in both directions. 0 without a session, and for firmware older than
+ * version 99 with the older gesture. */
 VELA_BOOL IsSupportBiDirectionSwipe(void);
 
-/* ---- Haptic touchpad: a session of its own, independent of the one above ---------------------- */
+/* ---- Haptic touchpad: a session of its own, independent of the one above --------------------- */
 
 /* 1 when a touchpad whose haptic feedback can be configured is attached. Opens nothing. */
 VELA_BOOL IsHapticTPPresent(void);
@@ -143,8 +170,8 @@ VELA_BOOL IsHapticTPPresent(void);
 VELA_BOOL InitHapticTP(void);
 /* 0 when it was not open. Not while another thread sets or gets the intensity. */
 VELA_BOOL UnInitHapticTP(void);
-/* The strength of the feedback, in the device's own units and unchecked. 1 when it was set.
- * Synchronous. */
+/* The strength of the feedback, in the device's own units (mostly 0 to 100) and not checked against
+ * its range. 1 when it was set. Synchronous. */
 VELA_BOOL SetHapticTPIntensityLevel(uint32_t level);
 /* The device's current intensity; 0 on any failure. Synchronous. */
 uint32_t GetHapticTPIntensityLevel(void);

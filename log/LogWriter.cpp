@@ -22,7 +22,7 @@ constexpr std::uintmax_t kMaximumFileSize = 0x500000;
 
 void Logger::LogThreadProc() {
     while (!stop_) {
-        LogEntry entry;
+        LogEntry entry{};
         {
             std::unique_lock<std::mutex> queueLock(queueMutex_);
             queueCondition_.wait(queueLock, [this] { return !queue_.empty() || stop_; });

@@ -96,6 +96,11 @@ std::vector<Bytes> DeviceObject::FeatureWrites() const {
     return featureWrites_;
 }
 
+void DeviceObject::ForgetFeatureWrites() {
+    const MachineLock lock;
+    featureWrites_.clear();
+}
+
 void DeviceObject::Unplug() {
     const MachineLock lock;
     Disconnect();

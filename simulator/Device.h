@@ -24,8 +24,8 @@ struct DeviceDescription {
     std::uint16_t productId = 0;
     std::uint16_t versionNumber = 0;
     std::wstring productString;
-    // Empty: a path in the platform's form is made from the ids. A descriptor with several top-level
-    // collections gets "&col01", "&col02", ... in its paths.
+    // Empty: a path in the platform's form is made from the ids. A descriptor with several
+    // top-level collections gets "&col01", "&col02", ... in its paths.
     std::wstring path;
 };
 
@@ -60,8 +60,8 @@ class Device {
     virtual void SetWriteBehaviour(WriteBehaviour behaviour) = 0;
     virtual std::size_t HeldWrites() const = 0;
     virtual bool WaitForHeldWrites(std::size_t count = 1) const = 0;
-    // Ends every held write: delivered when `error` is 0, else failed with it. Writes the OVERLAPPED
-    // record and signals its event, however long ago the writer gave up.
+    // Ends every held write: delivered when `error` is 0, else failed with it. Writes the
+    // OVERLAPPED record and signals its event, however long ago the writer gave up.
     virtual void CompleteHeldWrites(std::uint32_t error = 0) = 0;
     // The next write is accepted as pending and then completes with this error.
     virtual void FailNextWriteLate(std::uint32_t error) = 0;
@@ -71,6 +71,7 @@ class Device {
     virtual void SetFeature(const Bytes& report) = 0;
     // Reports set through HidD_SetFeature, oldest first.
     virtual std::vector<Bytes> FeatureWrites() const = 0;
+    virtual void ForgetFeatureWrites() = 0;
 
     // Pulls the plug: pending I/O fails with 1167 (ERROR_DEVICE_NOT_CONNECTED), as does new I/O on
     // open handles; the interface leaves the enumeration, and opening its path fails with 2.

@@ -46,6 +46,7 @@ class DeviceObject final : public Device, public std::enable_shared_from_this<De
     Bytes Feature(std::uint8_t reportId) const override;
     void SetFeature(const Bytes& report) override;
     std::vector<Bytes> FeatureWrites() const override;
+    void ForgetFeatureWrites() override;
 
     void Unplug() override;
     void PlugIn() override;

@@ -9,10 +9,10 @@ template <typename... Values>
 std::string Format(const char* format, Values... values) {
     char text[128];
     const int length = std::snprintf(text, sizeof text, format, values...);
-    return std::string(text, static_cast<std::size_t>(length));
+    return {text, static_cast<std::size_t>(length)};
 }
 
-std::wstring Wide(const std::string& ascii) { return std::wstring(ascii.begin(), ascii.end()); }
+std::wstring Wide(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
 
 std::string CollectionSuffix(std::size_t collection) {
     return collection == 0 ? "" : Format("&col%02zu", collection);
@@ -38,8 +38,9 @@ std::wstring InterfacePath(const DeviceDescription& description, std::size_t dev
     // The collection belongs to the hardware id, the part between the first two separators.
     std::wstring path = description.path;
     const std::size_t first = path.find(L'#');
-    const std::size_t second = first == path.npos ? path.npos : path.find(L'#', first + 1);
-    return path.insert(second == path.npos ? path.size() : second,
+    const std::size_t second =
+        first == std::wstring::npos ? std::wstring::npos : path.find(L'#', first + 1);
+    return path.insert(second == std::wstring::npos ? path.size() : second,
                        Wide(CollectionSuffix(collection)));
 }
 

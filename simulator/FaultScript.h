@@ -32,7 +32,7 @@ class FaultScript {
 
  private:
     struct Once {
-        std::size_t skip;  // counted down while this one is the next to serve
+        std::size_t skip = 0;  // counted down while this one is the next to serve
         Fault fault;
     };
     struct Faults {

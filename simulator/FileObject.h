@@ -27,7 +27,7 @@ bool Conflict(const Access& one, const Access& other);
 
 struct PendingRead {
     IoOperation operation;
-    void* buffer;
+    void* buffer = nullptr;
 };
 
 // Used under the machine's lock.

@@ -29,7 +29,7 @@ std::uint64_t KindOf(HANDLE handle) { return (ValueOf(handle) >> kKindShift) & k
 HANDLE HandleTable::Add(HandleKind kind, std::shared_ptr<KernelObject> object) {
     const std::uint64_t value = restarts_ << kRestartShift | ++created_ << kNumberShift |
                                 static_cast<std::uint64_t>(kind) << kKindShift;
-    const auto handle = reinterpret_cast<HANDLE>(static_cast<std::uintptr_t>(value));
+    auto* const handle = reinterpret_cast<HANDLE>(static_cast<std::uintptr_t>(value));
     objects_.emplace(handle, std::move(object));
     return handle;
 }

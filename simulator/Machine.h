@@ -25,8 +25,8 @@ class Machine {
  public:
     static Machine& Get();
 
-    // An empty machine: no devices, files, faults, calls or foreign mutexes; the real clock. Handles
-    // that the agent still holds stay valid to close.
+    // An empty machine: no devices, files, faults, calls or foreign mutexes; the real clock.
+    // Handles that the agent still holds stay valid to close.
     void Reset();
 
     // --- devices ---------------------------------------------------------------------------------
@@ -40,7 +40,8 @@ class Machine {
     // --- calls -----------------------------------------------------------------------------------
     std::vector<Call> Calls() const;
     // Text() of the calls to the named functions, or of all calls when none is named.
-    std::vector<std::string> CallTexts(std::initializer_list<std::string_view> functions = {}) const;
+    std::vector<std::string> CallTexts(
+        std::initializer_list<std::string_view> functions = {}) const;
     std::size_t CountCalls(std::string_view function) const;
     bool WaitForCalls(std::string_view function, std::size_t count) const;
     void ForgetCalls();

@@ -22,7 +22,7 @@ namespace simulator {
 
 struct ForeignMutex {
     std::shared_ptr<KernelObject> object;
-    bool denied;
+    bool denied = false;
 };
 
 struct MachineState {

@@ -38,7 +38,7 @@ void AppendUtf8(std::string& out, std::uint32_t codePoint) {
 std::string Utf8(const wchar_t* text) {
     std::string out;
     for (; *text != L'\0'; ++text) {
-        const auto value = static_cast<std::uint32_t>(*text);
+        const std::uint32_t value{static_cast<char32_t>(*text)};
         AppendUtf8(out, IsCodePoint(value) ? value : kReplacement);
     }
     return out;

@@ -6,7 +6,9 @@ namespace vela {
 
 OverlappedOperations::~OverlappedOperations() {
     FreeEnded();
-    for (std::unique_ptr<OverlappedOperation>& operation : givenUp_) operation.release();
+    for (std::unique_ptr<OverlappedOperation>& operation : givenUp_) {
+        static_cast<void>(operation.release());
+    }
 }
 
 OverlappedOperations::Pointer OverlappedOperations::Make(std::vector<BYTE> bytes) {

@@ -117,16 +117,16 @@ void CTandrelHID::HandleSync(UCHAR, const PressedButton&) {
     ReportStatusWhileActive(kStatusNormal);
 }
 
-void CTandrelHID::HandleButtonPress(UCHAR, const PressedButton& pressed) {
-    const ButtonState button = CopyButton(pressed.id);
-    if (!button.enabled) {
-        GetLogger()->Log(kLogInfo, kFunction, "%s", pressed.disabledLine);
+void CTandrelHID::HandleButtonPress(UCHAR, const PressedButton& button) {
+    const ButtonState state = CopyButton(button.id);
+    if (!state.enabled) {
+        GetLogger()->Log(kLogInfo, kFunction, "%s", button.disabledLine);
         return;
     }
-    const bool newLight = !button.lightOn;
-    if (const ButtonPressCallback callback = buttonPressCallback_) callback(pressed.id, newLight);
-    if (pressed.togglesLight && activationState_ != kActiveHostSetsLights) {
-        SetButtonLight(pressed.id, newLight);
+    const bool newLight = !state.lightOn;
+    if (const ButtonPressCallback callback = buttonPressCallback_) callback(button.id, newLight);
+    if (button.togglesLight && activationState_ != kActiveHostSetsLights) {
+        SetButtonLight(button.id, newLight);
     }
 }
 

@@ -79,14 +79,14 @@ void ComposeBlank(OutputReport& report) {
 
 }  // namespace
 
-void CTandrelHID::UpdateLedCtrl(std::vector<BYTE>& bytes) {
+void CTandrelHID::UpdateLedCtrl(std::vector<BYTE>& report) {
     const std::shared_ptr<const CHIDInformation> information = Information();
     if (information == nullptr || information->caps.OutputReportByteLength == 0) return;
-    OutputReport report(*information, bytes);
+    OutputReport fields(*information, report);
     if (initialized_ && featureEnabled_ && IsActivated()) {
-        ComposeLit(report);
+        ComposeLit(fields);
     } else {
-        ComposeBlank(report);
+        ComposeBlank(fields);
     }
 }
 

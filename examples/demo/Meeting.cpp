@@ -2,7 +2,10 @@
 // and shows after each event what the host was told and what the touchpad's lights show. A haptic
 // touchpad is there as well; its feedback is made stronger before the meeting.
 //
-//   meeting HOST LOGDIRECTORY
+//   meeting HOST LOGDIRECTORY [PANEL PICTURES]
+//
+// With a panel (velapanel.exe) the person presses there, and each event leaves a picture of the
+// panel's window in the folder PICTURES.
 #include <windows.h>
 
 #include <chrono>
@@ -13,6 +16,7 @@
 #include <vector>
 
 #include "examples/demo/HostProcess.h"
+#include "examples/demo/PanelProcess.h"
 #include "examples/demo/Picture.h"
 #include "virtual-touchpad/control/TouchpadControl.h"
 #include "virtual-touchpad/descriptor/HapticLayout.h"
@@ -20,6 +24,7 @@
 namespace demo {
 namespace {
 
+using velapanel::Action;
 using virtual_touchpad::HapticsReport;
 using virtual_touchpad::Lights;
 using virtual_touchpad::TouchpadControl;
@@ -33,41 +38,45 @@ LightState StateOf(const Lights& lights) {
             lights.breathing};
 }
 
+// What the person does.
+using Press = std::function<void(Action)>;
+
 struct Event {
+    const char* name;
     const char* title;
-    std::function<void(HostProcess&, TouchpadControl&)> happen;
+    std::function<void(HostProcess&, const Press&)> happen;
     std::size_t told;                            // lines: the callbacks that the host is to get
     std::function<bool(const LightState&)> lit;  // how the lights are to end up
 };
 
 const std::vector<Event>& Meeting() {
     static const std::vector<Event> meeting{
-        {"The meeting begins: the host opens the touchpad and lights its buttons",
-         [](HostProcess& host, TouchpadControl&) { host.Tell("join"); }, 1,
+        {"joined", "The meeting begins: the host opens the touchpad and lights its buttons",
+         [](HostProcess& host, const Press&) { host.Tell("join"); }, 1,
          [](const LightState& lights) { return lights.cameraOff && lights.shareScreen; }},
-        {"The person presses the camera button",
-         [](HostProcess&, TouchpadControl& touchpad) { touchpad.Press(0x41); }, 1,
+        {"camera", "The person presses the camera button",
+         [](HostProcess&, const Press& press) { press(Action::Camera); }, 1,
          [](const LightState& lights) { return lights.cameraOn && !lights.cameraOff; }},
-        {"The person presses the microphone button",
-         [](HostProcess&, TouchpadControl& touchpad) { touchpad.Press(0x44); }, 1,
+        {"microphone", "The person presses the microphone button",
+         [](HostProcess&, const Press& press) { press(Action::Microphone); }, 1,
          [](const LightState& lights) { return lights.microphoneOn && !lights.microphoneOff; }},
-        {"A chat message arrives: the chat light breathes",
-         [](HostProcess& host, TouchpadControl&) { host.Tell("chat"); }, 0,
+        {"chat-message", "A chat message arrives: the chat light breathes",
+         [](HostProcess& host, const Press&) { host.Tell("chat"); }, 0,
          [](const LightState& lights) { return lights.breathing != 0; }},
-        {"The person presses the chat button; the host opens the chat",
-         [](HostProcess& host, TouchpadControl& touchpad) {
-             touchpad.Press(0x43);
+        {"chat", "The person presses the chat button; the host opens the chat",
+         [](HostProcess& host, const Press& press) {
+             press(Action::Chat);
              host.Tell("read");
          },
          1, [](const LightState& lights) { return lights.breathing == 0; }},
-        {"A gesture on the touchpad disables the buttons for a while",
-         [](HostProcess&, TouchpadControl& touchpad) { touchpad.SendEvent(0x45); }, 1,
+        {"gesture", "A gesture on the touchpad disables the buttons for a while",
+         [](HostProcess&, const Press& press) { press(Action::Gesture); }, 1,
          [](const LightState&) { return true; }},
-        {"The touchpad is back (SYNC)",
-         [](HostProcess&, TouchpadControl& touchpad) { touchpad.SendEvent(0x40); }, 1,
+        {"sync", "The touchpad is back (SYNC)",
+         [](HostProcess&, const Press& press) { press(Action::Sync); }, 1,
          [](const LightState& lights) { return lights.cameraOn != 0; }},
-        {"The meeting ends: the host leaves",
-         [](HostProcess& host, TouchpadControl&) { host.Tell("leave"); }, 2,
+        {"left", "The meeting ends: the host leaves",
+         [](HostProcess& host, const Press&) { host.Tell("leave"); }, 2,
          [](const LightState& lights) { return !lights.cameraOn && !lights.shareScreen; }},
     };
     return meeting;
@@ -102,30 +111,56 @@ void MakeFeedbackStronger(HostProcess& host, VirtualDevice& haptic) {
     std::printf("%s", HapticPicture(fields.intensity).c_str());
 }
 
-void Play(HostProcess& host, TouchpadControl& touchpad) {
+// afterwards: once the lights are as the event leaves them.
+void Play(HostProcess& host, const TouchpadControl& touchpad, const Press& press,
+          const std::function<void(const Event&)>& afterwards) {
     for (const Event& event : Meeting()) {
         std::printf("\n%s\n", event.title);
-        event.happen(host, touchpad);
+        event.happen(host, press);
         PrintTold(host, event.told);
         std::printf("%s", Picture(WaitForLights(touchpad, event.lit)).c_str());
         std::fflush(stdout);
+        afterwards(event);
     }
+}
+
+void PlayWithoutPanel(HostProcess& host) {
+    TouchpadControl touchpad;
+    const Press press = [&](Action action) {
+        touchpad.SendEvent(velapanel::kActions[static_cast<std::size_t>(action)].eventUsage);
+    };
+    Play(host, touchpad, press, [](const Event&) {});
+}
+
+void PlayAtPanel(HostProcess& host, const std::filesystem::path& program,
+                 const std::filesystem::path& pictures) {
+    const TouchpadControl touchpad;
+    PanelProcess panel(program);
+    int number = 0;
+    Play(
+        host, touchpad, [&](Action action) { panel.Press(action); },
+        [&](const Event& event) {
+            panel.SavePicture(pictures / (std::to_string(++number) + "-" + event.name + ".png"));
+        });
 }
 
 }  // namespace
 }  // namespace demo
 
 int wmain(int argc, wchar_t** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: meeting HOST LOGDIRECTORY\n");
+    if (argc != 3 && argc != 5) {
+        std::fprintf(stderr, "usage: meeting HOST LOGDIRECTORY [PANEL PICTURES]\n");
         return 2;
     }
     try {
-        virtual_touchpad::TouchpadControl touchpad;
         virtual_touchpad::VirtualDevice haptic(L"haptic");
         demo::HostProcess host(argv[1], argv[2]);
         demo::MakeFeedbackStronger(host, haptic);
-        demo::Play(host, touchpad);
+        if (argc == 5) {
+            demo::PlayAtPanel(host, argv[3], argv[4]);
+        } else {
+            demo::PlayWithoutPanel(host);
+        }
         return static_cast<int>(host.Wait());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "meeting: %s\n", error.what());

@@ -1,5 +1,5 @@
-/* A conferencing host in small, to copy from: it opens the touchpad, lights its buttons, hears their
- * presses and closes it again.
+/* A conferencing host in small, to copy from: it opens the touchpad, lights its buttons, hears
+ * their presses and closes it again.
  *
  *   host LOGDIRECTORY
  *
@@ -58,12 +58,12 @@ static int join(void) {
     return 1;
 }
 
-/* The haptic session is independent of the touchpad's. The level is in the device's own range, which
- * is mostly 0 to 100. */
+/* The haptic session is independent of the touchpad's. The level is in the device's own range,
+ * which is mostly 0 to 100. */
 static void show_haptic_level(const char* new_level) {
     if (!InitHapticTP()) {
-        printf("answer: %s\n", IsHapticTPPresent() ? "the haptic touchpad cannot be opened"
-                                                   : "no haptic touchpad");
+        printf("answer: %s\n",
+               IsHapticTPPresent() ? "the haptic touchpad cannot be opened" : "no haptic touchpad");
         return;
     }
     printf("answer: haptic touchpad present, level %u\n", (unsigned)GetHapticTPIntensityLevel());

@@ -32,10 +32,10 @@ std::wstring Decode(const std::string& bytes) {
 
 std::optional<std::wstring> SectionName(const std::wstring& line) {
     const std::size_t open = line.find_first_not_of(L" \t");
-    if (open == line.npos || line[open] != L'[') return std::nullopt;
+    if (open == std::wstring::npos || line[open] != L'[') return std::nullopt;
     const std::size_t close = line.find(L']', open);
     // An empty name would end the list.
-    if (close == line.npos || close == open + 1) return std::nullopt;
+    if (close == std::wstring::npos || close == open + 1) return std::nullopt;
     return line.substr(open + 1, close - open - 1);
 }
 

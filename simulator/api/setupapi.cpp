@@ -80,7 +80,7 @@ DWORD InterfaceDetail(HDEVINFO handle, const SP_DEVICE_INTERFACE_DATA* data,
     const std::size_t pathSize = (path->size() + 1) * sizeof(WCHAR);
     const std::size_t needed = offsetof(SP_DEVICE_INTERFACE_DETAIL_DATA_W, DevicePath) + pathSize;
     if (required != nullptr) *required = static_cast<DWORD>(needed);
-    if (size < needed) return ERROR_INSUFFICIENT_BUFFER;
+    if (detail == nullptr || size < needed) return ERROR_INSUFFICIENT_BUFFER;
     std::memcpy(detail->DevicePath, path->c_str(), pathSize);
     if (device != nullptr) {
         device->ClassGuid = kHidInterfaceClass;

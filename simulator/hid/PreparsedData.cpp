@@ -15,7 +15,7 @@ class Registry {
     PHIDP_PREPARSED_DATA Add(std::shared_ptr<const Collection> collection) {
         const std::lock_guard lock(mutex_);
         next_ += kStep;
-        const auto preparsed = reinterpret_cast<PHIDP_PREPARSED_DATA>(next_);
+        auto* const preparsed = reinterpret_cast<PHIDP_PREPARSED_DATA>(next_);
         inUse_.emplace(preparsed, std::move(collection));
         return preparsed;
     }

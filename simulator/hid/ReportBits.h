@@ -10,7 +10,7 @@ inline std::uint32_t GetBits(const std::uint8_t* report, std::uint32_t start, st
     std::uint32_t value = 0;
     for (std::uint32_t i = 0; i < size; ++i) {
         const std::uint32_t bit = start + i;
-        value |= ((report[bit / 8] >> (bit % 8)) & 1u) << i;
+        value |= ((report[bit / 8] >> (bit % 8)) & 1U) << i;
     }
     return value;
 }
@@ -20,8 +20,8 @@ inline void SetBits(std::uint8_t* report, std::uint32_t start, std::uint32_t siz
                     std::uint32_t value) {
     for (std::uint32_t i = 0; i < size; ++i) {
         const std::uint32_t bit = start + i;
-        const auto mask = static_cast<std::uint8_t>(1u << (bit % 8));
-        const bool isSet = ((value >> i) & 1u) != 0;
+        const auto mask = static_cast<std::uint8_t>(1U << (bit % 8));
+        const bool isSet = ((value >> i) & 1U) != 0;
         report[bit / 8] =
             static_cast<std::uint8_t>(isSet ? report[bit / 8] | mask : report[bit / 8] & ~mask);
     }

@@ -42,7 +42,7 @@ Collections Parser::Parse(const std::vector<std::uint8_t>& descriptor) {
     DescriptorItems items(descriptor);
     while (const std::optional<Item> item = items.Next()) Take(*item);
     if (!openLinks_.empty()) throw DescriptorError("a collection is not closed");
-    return Collections(collections_.begin(), collections_.end());
+    return {collections_.begin(), collections_.end()};
 }
 
 void Parser::Take(const Item& item) {

@@ -33,6 +33,19 @@ TEST_F(FeatureReports, AreWrittenCutToTheirOwnLength) {
     EXPECT_THAT(device->FeatureWrites(), ElementsAre(Bytes{4, 0x11, 0x22}));
 }
 
+TEST_F(FeatureReports, AreKeptWhenTheirWritesAreForgotten) {
+    const auto device = Plug();
+    const HANDLE file = Open(*device, 0);
+    BYTE report[3] = {4, 0x11, 0x22};
+    EXPECT_TRUE(HidD_SetFeature(file, report, sizeof report));
+    device->ForgetFeatureWrites();
+    EXPECT_THAT(device->FeatureWrites(), IsEmpty());
+    EXPECT_EQ(device->Feature(4), (Bytes{4, 0x11, 0x22}));
+    report[1] = 0x33;
+    EXPECT_TRUE(HidD_SetFeature(file, report, sizeof report));
+    EXPECT_THAT(device->FeatureWrites(), ElementsAre(Bytes{4, 0x33, 0x22}));
+}
+
 TEST_F(FeatureReports, HaveALeadingZeroWhereThereAreNoIds) {
     const auto device = Plug(DescriptorWithoutIds());
     const HANDLE file = Open(*device, 0);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 using vela::OverlappedOperation;
@@ -59,6 +61,19 @@ TEST(OverlappedOperationsTest, KeepAnOperationThatItsOwnerGaveUp) {
     EXPECT_EQ(kept->overlapped.Internal, kPending);
     kept->overlapped.Internal = 0;
     operations.FreeEnded();
+}
+
+TEST(OverlappedOperationsTest, LeaveToTheKernelWhatItStillHoldsAtTheirEnd) {
+    std::unique_ptr<OverlappedOperation> left;
+    {
+        OverlappedOperations operations;
+        const auto operation = operations.Make({1, 2});
+        operation->overlapped.Internal = kPending;
+        operation->Issued(true);
+        left.reset(operation.get());
+    }
+    left->bytes[0] = 9;
+    EXPECT_EQ(left->overlapped.Internal, kPending);
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ void TouchpadControl::SendEvents(std::initializer_list<std::uint16_t> usages) {
         if (usage < kFirstEventUsage || usage > kLastEventUsage) {
             throw std::runtime_error("the touchpad has no event usage " + std::to_string(usage));
         }
-        events |= 1u << (usage - kFirstEventUsage);
+        events |= 1U << (usage - kFirstEventUsage);
     }
     SendInput(static_cast<std::uint8_t>(events), 0);
 }

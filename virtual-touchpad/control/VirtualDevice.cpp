@@ -75,6 +75,7 @@ std::vector<OutputReport> VirtualDevice::OutputReports(std::uint64_t since) cons
                                      outputs.data(), outputs.size() * sizeof(VirtualHidOutput));
     outputs.resize(size / sizeof(VirtualHidOutput));
     std::vector<OutputReport> reports;
+    reports.reserve(outputs.size());
     for (const VirtualHidOutput& output : outputs) {
         reports.push_back({output.sequence, Report(output.bytes, output.bytes + output.length)});
     }

@@ -43,14 +43,22 @@ class ReportDescriptorBuilder {
     // Shorthands for whole fields.
     // One variable field: `bits` wide, unsigned, 0 to `maximum`.
     Self& Value(MainItem item, std::uint16_t usage, std::uint32_t bits, std::uint32_t maximum) {
-        return LogicalMinimum(0).LogicalMaximum(maximum).ReportSize(bits).ReportCount(1).Usage(usage)
+        return LogicalMinimum(0)
+            .LogicalMaximum(maximum)
+            .ReportSize(bits)
+            .ReportCount(1)
+            .Usage(usage)
             .Main(item, kDataVariable);
     }
     // One-bit buttons for the usages `first` to `last`.
     Self& Buttons(MainItem item, std::uint16_t first, std::uint16_t last) {
-        return LogicalMinimum(0).LogicalMaximum(1).ReportSize(1)
-            .ReportCount(static_cast<std::uint32_t>(last - first + 1)).UsageMinimum(first)
-            .UsageMaximum(last).Main(item, kDataVariable);
+        return LogicalMinimum(0)
+            .LogicalMaximum(1)
+            .ReportSize(1)
+            .ReportCount(static_cast<std::uint32_t>(last - first + 1))
+            .UsageMinimum(first)
+            .UsageMaximum(last)
+            .Main(item, kDataVariable);
     }
     Self& Padding(MainItem item, std::uint32_t bits) {
         return ReportSize(1).ReportCount(bits).Main(item, kConstant);
@@ -73,7 +81,9 @@ class ReportDescriptorBuilder {
     Self& Sized(std::uint8_t prefix, std::uint32_t value, int size) {
         const std::uint8_t sizeCode = size == 4 ? 3 : static_cast<std::uint8_t>(size);
         bytes_.push_back(static_cast<std::uint8_t>(prefix | sizeCode));
-        for (int i = 0; i < size; ++i) bytes_.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+        for (int i = 0; i < size; ++i) {
+            bytes_.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+        }
         return *this;
     }
 

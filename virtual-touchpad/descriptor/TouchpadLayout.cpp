@@ -21,8 +21,13 @@ void AddLightReport(ReportDescriptorBuilder& builder, const TouchpadLayout& layo
         }
     }
     if (layout.activeUsagesAsArray) {
-        builder.LogicalMinimum(1).LogicalMaximum(4).ReportSize(8).ReportCount(4).UsageMinimum(0x01)
-            .UsageMaximum(0x04).Main(MainItem::Output, kDataArray);
+        builder.LogicalMinimum(1)
+            .LogicalMaximum(4)
+            .ReportSize(8)
+            .ReportCount(4)
+            .UsageMinimum(0x01)
+            .UsageMaximum(0x04)
+            .Main(MainItem::Output, kDataArray);
     } else {
         builder.Buttons(MainItem::Output, 0x01, 0x04).Padding(MainItem::Output, 28);
     }
@@ -46,9 +51,7 @@ void AddClickModeReport(ReportDescriptorBuilder& builder) {
 
 std::vector<std::uint8_t> BuildReportDescriptor(const TouchpadLayout& layout) {
     ReportDescriptorBuilder builder;
-    builder.UsagePage(layout.usagePage)
-        .Usage(layout.usage)
-        .Collection(CollectionKind::Application);
+    builder.UsagePage(layout.usagePage).Usage(layout.usage).Collection(CollectionKind::Application);
     for (const std::uint8_t reportId : layout.inputReportIds) AddButtonReport(builder, reportId);
     AddLightReport(builder, layout);
     if (layout.hasRequest) AddRequestReport(builder, layout.requestReportId);

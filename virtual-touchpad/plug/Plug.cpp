@@ -21,7 +21,7 @@ constexpr std::chrono::milliseconds kPollInterval{10};
 
 void CheckName(const std::wstring& name) {
     const wchar_t allowed[] = L"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_";
-    if (name.empty() || name.size() > 32 || name.find_first_not_of(allowed) != name.npos) {
+    if (name.empty() || name.size() > 32 || name.find_first_not_of(allowed) != std::wstring::npos) {
         throw std::runtime_error(
             "a device's name is 1 to 32 letters, digits, '-' and '_', without blanks");
     }

@@ -1,0 +1,21 @@
+// The clock of all measurements.
+#pragma once
+
+#include <chrono>
+
+namespace bench {
+
+inline double Nanoseconds() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::nano>(now).count();
+}
+
+// Of one call.
+template <typename Work>
+double Timed(Work&& work) {
+    const double start = Nanoseconds();
+    work();
+    return Nanoseconds() - start;
+}
+
+}  // namespace bench

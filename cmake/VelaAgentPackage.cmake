@@ -1,0 +1,33 @@
+# What host developers get: `cmake --install BUILD --prefix FOLDER`, and `cpack` for the same as a
+# ZIP file.
+include(CMakePackageConfigHelpers)
+
+set(package_folder lib/cmake/VelaAgent)
+install(TARGETS VelaAgent VelaAgentHeaders EXPORT VelaAgentTargets
+  RUNTIME DESTINATION bin
+  ARCHIVE DESTINATION lib
+  INCLUDES DESTINATION include)
+install(EXPORT VelaAgentTargets NAMESPACE VelaAgent:: DESTINATION ${package_folder})
+configure_package_config_file(cmake/VelaAgentConfig.cmake.in
+  ${CMAKE_CURRENT_BINARY_DIR}/VelaAgentConfig.cmake
+  INSTALL_DESTINATION ${package_folder})
+write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/VelaAgentConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES
+  ${CMAKE_CURRENT_BINARY_DIR}/VelaAgentConfig.cmake
+  ${CMAKE_CURRENT_BINARY_DIR}/VelaAgentConfigVersion.cmake
+  DESTINATION ${package_folder})
+
+install(TARGETS velactl RUNTIME DESTINATION bin)
+install(FILES include/VelaAgent.h include/VelaAgent.hpp ${VELA_VERSION_HEADER} DESTINATION include)
+# From which other toolchains make their import libraries.
+install(FILES interface/VelaAgent.def DESTINATION lib)
+# Not beside the DLL: there it would take effect.
+install(FILES share/Vela.ini DESTINATION share/VelaAgent)
+install(FILES share/README.md docs/troubleshooting.md examples/host/host.c
+  DESTINATION share/doc/VelaAgent)
+
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_FILE_NAME VelaAgent-${PROJECT_VERSION}-win64)
+set(CPACK_VERBATIM_VARIABLES ON)
+include(CPack)

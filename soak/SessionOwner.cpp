@@ -1,0 +1,37 @@
+#include "soak/SessionOwner.h"
+
+#include <algorithm>
+
+#include "soak/HostCallbacks.h"
+
+namespace soak {
+
+void SessionOwner::Open(bool livelyCallbacks) {
+    // Before the opening: a plug that is pulled meanwhile counts as pulled from this session.
+    const unsigned unplugged = touchpad_.Unplugged();
+    ++scans_;
+    if (agent_.Init() != VELA_INIT_OPEN) return;
+    if (!open_) {
+        open_ = true;
+        unplugged_ = unplugged;
+        ++sessions_;
+    }
+    SetCallbacks(agent_, livelyCallbacks);
+}
+
+void SessionOwner::Close() {
+    using std::chrono::steady_clock;
+    const auto begin = steady_clock::now();
+    agent_.UnInit();
+    const auto took =
+        std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - begin);
+    longestClosing_ = std::max(longestClosing_, took);
+    open_ = false;
+}
+
+void SessionOwner::IsPresent() {
+    if (!open_) ++scans_;
+    agent_.IsVelaPresent();
+}
+
+}  // namespace soak

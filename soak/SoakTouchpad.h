@@ -1,0 +1,41 @@
+// The touchpad of a soak, simulated or virtual. Any thread may call any operation; those that need
+// a plugged touchpad do nothing without one.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+
+namespace soak {
+
+using Bytes = std::vector<std::uint8_t>;
+using virtual_touchpad::TouchpadLayout;
+
+class SoakTouchpad {
+ public:
+    // Plugged in, and a haptic touchpad beside it.
+    static std::unique_ptr<SoakTouchpad> Make(const TouchpadLayout& layout);
+    virtual ~SoakTouchpad() = default;
+
+    virtual void Unplug() = 0;
+    virtual void PlugIn() = 0;
+    // How often it was pulled out so far: a session of an earlier number is a dead one.
+    virtual unsigned Unplugged() const = 0;
+
+    // One input report: bit n of `buttons` is usage 0x40 + n.
+    virtual void Send(std::uint8_t buttons, std::uint8_t firmwareState) = 0;
+    // Waits until a session has read all that was sent.
+    virtual void WaitUntilRead() = 0;
+
+    // While held, writes stay pending.
+    virtual void HoldWrites(bool hold) = 0;
+    // Of the reports that the devices remember; those still to come count.
+    virtual void ForgetWritten() = 0;
+    // Waits for a state request among the reports written since; the last light report before it.
+    virtual std::optional<Bytes> LightsBeforeRequest() = 0;
+};
+
+}  // namespace soak

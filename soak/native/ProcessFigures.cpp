@@ -1,0 +1,62 @@
+#include "soak/ProcessFigures.h"
+
+#include <malloc.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <filesystem>
+
+#include "simulator/Machine.h"
+
+#if defined(__SANITIZE_ADDRESS__)
+// Not every compiler brings the header of its sanitizer's allocator.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+extern "C" int __lsan_do_recoverable_leak_check();
+#endif
+
+namespace soak {
+namespace {
+
+// The simulator's names of handles, "event#7", in the terms of the platform.
+std::string KindOf(const std::string& handle) {
+    const std::string kind = handle.substr(0, handle.find('#'));
+    if (kind == "file") return "File";
+    if (kind == "event") return "Event";
+    return kind == "mutex" ? "Mutant" : kind;
+}
+
+}  // namespace
+
+std::map<std::string, std::int64_t> OpenHandles() {
+    std::map<std::string, std::int64_t> handles;
+    for (const std::string& handle : simulator::Machine::Get().OpenHandles()) {
+        ++handles[KindOf(handle)];
+    }
+    return handles;
+}
+
+std::int64_t ThreadCount() {
+    std::int64_t count = 0;
+    for ([[maybe_unused]] const auto& thread :
+         std::filesystem::directory_iterator("/proc/self/task")) {
+        ++count;
+    }
+    return count;
+}
+
+std::int64_t HeapInUse() {
+#if defined(__SANITIZE_ADDRESS__)
+    return static_cast<std::int64_t>(__sanitizer_get_current_allocated_bytes());
+#else
+    return static_cast<std::int64_t>(mallinfo2().uordblks);
+#endif
+}
+
+void LeaveAtOnce(int exitCode) {
+#if defined(__SANITIZE_ADDRESS__)
+    if (__lsan_do_recoverable_leak_check() != 0) exitCode = 1;
+#endif
+    std::_Exit(exitCode);
+}
+
+}  // namespace soak

@@ -1,0 +1,171 @@
+#include "tools/velactl/Checks.h"
+
+#include <fstream>
+
+#include "VelaAgentVersion.h"
+#include "interface/VendorList.h"
+#include "tools/velactl/EventQueue.h"
+#include "tools/velactl/FileVersion.h"
+#include "tools/velactl/Firmware.h"
+#include "tools/velactl/HidCollections.h"
+#include "tools/velactl/LogTail.h"
+#include "tools/velactl/Notes.h"
+#include "tools/velactl/Text.h"
+
+namespace velactl {
+namespace {
+
+CheckResult Ok(const std::string& finding) { return {Outcome::kOk, finding, ""}; }
+CheckResult Failed(const std::string& finding, const std::string& nextStep) {
+    return {Outcome::kFailed, finding, nextStep};
+}
+CheckResult Skipped(const std::string& finding) { return {Outcome::kSkipped, finding, ""}; }
+
+// Before the library is loaded, which begins to log there.
+CheckResult CheckLastSession(Patient& patient) {
+    const auto folder = patient.context.LogFolder();
+    if (folder.empty()) return Skipped("give the host's log folder with --log");
+    LogTail log(folder);
+    if (!log.FileExists()) return Skipped("no VelaAgent.log in " + Utf8(folder.wstring()));
+    std::string text = log.Read();
+    const auto start = text.rfind("CTandrelHID initialize start");
+    if (start != text.npos) text.erase(0, start);
+    const auto error = text.rfind("{ERROR @ ");
+    if (error == text.npos) return Ok("its log has no error");
+    return Failed(
+        text.substr(error, text.find_first_of("\r\n", error) - error),
+        "look for this line in troubleshooting.md; \"velactl log\" shows those around it");
+}
+
+CheckResult CheckLibrary(Patient& patient) {
+    const std::filesystem::path file = patient.context.DllFile();
+    try {
+        patient.context.Library();
+    } catch (const vela_agent::LoadError& error) {
+        return Failed(error.what(),
+                      error.ExportName().empty()
+                          ? "put the 64-bit VelaAgent.dll beside velactl, or name it with --dll"
+                          : "replace the file: it is not VelaAgent.dll, or is an older one");
+    }
+    patient.isLoaded = true;
+    const std::string version = FileVersion(file);
+    const std::string finding = Utf8(file.wstring()) + ", version " +
+                                (version.empty() ? "unknown" : version) + ", all exports";
+    if (version == VELA_AGENT_VERSION) return Ok(finding);
+    return Failed(finding, "use the velactl of the same version; this one is " VELA_AGENT_VERSION);
+}
+
+std::string Joined(const std::vector<std::string>& items) {
+    std::string text;
+    for (const std::string& item : items) text += (text.empty() ? "" : ", ") + item;
+    return text;
+}
+
+CheckResult CheckVendorFile(Patient& patient) {
+    if (!patient.isLoaded) return Skipped("it lies beside the library");
+    const auto file = patient.context.DllFile().parent_path() / "Vela.ini";
+    TakeNotes();
+    std::vector<std::string> selected;
+    for (const vela::HidDeviceFilter& filter : TouchpadQuery().GetHidDeviceFilters()) {
+        selected.push_back(Hex(filter.VendorID));
+    }
+    const std::string finding = "looks for vendor " + Joined(selected);
+    const std::vector<std::string> notes = TakeNotes();
+    if (!std::filesystem::exists(file)) return Ok("no \"Vela.ini\": " + finding);
+    if (!notes.empty()) {
+        return Failed(finding + "; " + Joined(notes),
+                      "name each section of \"Vela.ini\" by a vendor id, as [0488]");
+    }
+    if (vela::GetVidsFromFile().empty()) {
+        return Failed("\"Vela.ini\" selects nothing: " + finding,
+                      "give \"Vela.ini\" a section named by each vendor id, as [0488], or "
+                      "remove it");
+    }
+    return Ok("\"Vela.ini\" " + finding);
+}
+
+CheckResult CheckDevice(Patient& patient) {
+    if (!patient.isLoaded) return Skipped("no library to ask");
+    const std::vector<HidCollection> collections = ListHidCollections();
+    TouchpadQuery query;
+    const auto chosen = ChosenCollection(collections, query);
+    if (chosen == nullptr) {
+        return Failed(
+            "none of " + std::to_string(collections.size()) + " HID collections is the touchpad",
+            "attach it; if \"velactl devices\" lists it, its verdict tells what is "
+            "missing");
+    }
+    patient.isPresent = true;
+    return Ok("vendor " + Hex(chosen->attributes.VendorID) + ", product " +
+              Hex(chosen->attributes.ProductID) + ", firmware " +
+              Hex(chosen->attributes.VersionNumber));
+}
+
+// By the mark that every session sets, also one of another user.
+CheckResult CheckOtherSessions(Patient&) {
+    const HANDLE mark = OpenMutexW(SYNCHRONIZE, FALSE, L"Global\\VelaDeviceMutex");
+    if (mark != nullptr) CloseHandle(mark);
+    if (mark == nullptr && GetLastError() != ERROR_ACCESS_DENIED) return Ok("no other session");
+    return Failed("another process has a session open",
+                  "leave the meeting, or end the host that drives the touchpad, and try again");
+}
+
+CheckResult CheckOpening(Patient& patient) {
+    if (!patient.isPresent) return Skipped("no touchpad to open");
+    try {
+        EventQueue events;
+        vela_agent::Session session(patient.context.Library(), events.Handlers());
+        patient.isOpen = true;
+        patient.firmware = AskFirmware(session, events).Text();
+        return Ok("opened and closed");
+    } catch (const vela_agent::OpenError& error) {
+        return Failed(error.what(), error.Result() == VELA_INIT_HELD_BY_OTHER
+                                        ? "end the process that has the touchpad open"
+                                        : "unplug it and plug it in again; with --log the agent "
+                                          "tells the system's error");
+    }
+}
+
+CheckResult CheckAnswer(Patient& patient) {
+    if (!patient.isOpen) return Skipped("the touchpad is not open");
+    const std::string finding = "the firmware " + patient.firmware;
+    if (patient.firmware == "cannot be asked") return Skipped(finding);
+    if (patient.firmware == "answers") return Ok(finding);
+    return Failed(finding, "unplug the touchpad and plug it in again; then update its firmware");
+}
+
+CheckResult CheckLogFolder(Patient& patient) {
+    const auto folder = patient.context.LogFolder();
+    if (folder.empty()) return Skipped("give the host's log folder with --log");
+    const std::string name = Utf8(folder.wstring());
+    if (!std::filesystem::is_directory(folder)) {
+        return Failed("no folder " + name, "create it: the agent creates none");
+    }
+    // The log itself, for appending and nothing more: it may be another user's.
+    const auto file = folder / "VelaAgent.log";
+    const bool existed = std::filesystem::exists(file);
+    const bool isWritable = std::ofstream(file, std::ios::app).is_open();
+    std::error_code ignored;
+    if (!existed && isWritable) std::filesystem::remove(file, ignored);
+    if (isWritable) return Ok(name + " can be written");
+    return Failed("VelaAgent.log cannot be written in " + name,
+                  "let the host's user write there, or give InitLogger another folder");
+}
+
+}  // namespace
+
+const std::vector<Check>& Checks() {
+    static const std::vector<Check> checks{
+        {"last session", CheckLastSession},
+        {"library", CheckLibrary},
+        {"vendors", CheckVendorFile},
+        {"touchpad", CheckDevice},
+        {"other sessions", CheckOtherSessions},
+        {"opening", CheckOpening},
+        {"firmware", CheckAnswer},
+        {"log folder", CheckLogFolder},
+    };
+    return checks;
+}
+
+}  // namespace velactl

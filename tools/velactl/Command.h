@@ -1,0 +1,41 @@
+// The commands of velactl, a row each.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <vector>
+
+#include "tools/velactl/Context.h"
+#include "tools/velactl/ExitCodes.h"
+
+namespace velactl {
+
+using Run = std::function<ExitCode(Context&)>;
+
+struct Command {
+    const char* name;
+    const char* summary;
+    // Adds the command's own arguments and returns what it does once they are parsed.
+    Run (*declare)(CLI::App& arguments);
+};
+
+// In the order of --help.
+const std::vector<Command>& Commands();
+
+// The rows' third columns, each in a file of commands/.
+Run DeclareDevices(CLI::App& arguments);
+Run DeclareCaps(CLI::App& arguments);
+Run DeclareStatus(CLI::App& arguments);
+Run DeclareWatch(CLI::App& arguments);
+Run DeclareLight(CLI::App& arguments);
+Run DeclareVisible(CLI::App& arguments);
+Run DeclareEnable(CLI::App& arguments);
+Run DeclareBreathe(CLI::App& arguments);
+Run DeclareBrightness(CLI::App& arguments);
+Run DeclareClickMode(CLI::App& arguments);
+Run DeclareHaptic(CLI::App& arguments);
+Run DeclareDoctor(CLI::App& arguments);
+Run DeclareLog(CLI::App& arguments);
+
+}  // namespace velactl

@@ -1,0 +1,30 @@
+// The touchpad as in a meeting, for the commands that show something on it.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <memory>
+
+#include "tools/velactl/Context.h"
+#include "tools/velactl/ExitCodes.h"
+
+namespace velactl {
+
+// Enabled, visible and activated with `activation`: all four buttons are lit. Throws Failure.
+void LightAll(vela_agent::Session& session, std::uint32_t activation);
+
+// How long the touchpad stays open after a command's change; closing darkens it.
+class Hold {
+ public:
+    explicit Hold(CLI::App& arguments);
+
+    // Lights the buttons, makes the change, prints it with whether it was taken, and holds it.
+    ExitCode Show(Context& context, Json change,
+                  const std::function<bool(vela_agent::Session&)>& make) const;
+
+ private:
+    std::shared_ptr<double> seconds_;
+};
+
+}  // namespace velactl

@@ -1,0 +1,20 @@
+// Text between Windows and the tool's output, which is UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace velactl {
+
+std::string Utf8(const std::wstring& text);
+
+// "0x0488": at least four digits.
+std::string Hex(std::uint32_t number);
+
+// "2026-05-06 17:42:10.123"
+std::string LocalTime();
+
+// The system's words for an error, with its number.
+std::string SystemErrorText(std::uint32_t error);
+
+}  // namespace velactl

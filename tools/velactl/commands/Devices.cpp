@@ -1,0 +1,64 @@
+// velactl devices
+#include "tools/velactl/Command.h"
+#include "tools/velactl/HidCollections.h"
+#include "tools/velactl/Text.h"
+
+namespace velactl {
+namespace {
+
+class Choice {
+ public:
+    Choice(vela::IHid& query, const char* name, const std::vector<HidCollection>& collections)
+        : query_(query), name_(name), chosen_(ChosenCollection(collections, query)) {}
+
+    // "chosen", or the reason against it; nothing for a collection of a quite different kind.
+    std::string Verdict(const HidCollection& collection) const {
+        if (collection.information == chosen_) return std::string("chosen as the ") + name_;
+        const std::string reason = ReasonAgainst(collection, query_);
+        return reason.empty() ? std::string("an earlier one is the ") + name_ : reason;
+    }
+    bool IsOfThisKind(const HidCollection& collection) const {
+        const vela::HidDeviceFilter kind = query_.GetHidDeviceFilters().front();
+        const HIDP_CAPS& caps = collection.information->caps;
+        return caps.UsagePage == kind.UsagePage && caps.Usage == kind.Usage;
+    }
+    bool IsChosen(const HidCollection& collection) const {
+        return collection.information == chosen_;
+    }
+
+ private:
+    vela::IHid& query_;
+    const char* name_;
+    std::shared_ptr<vela::CHIDInformation> chosen_;
+};
+
+ExitCode ListDevices(Context& context) {
+    context.Library();  // whose "Vela.ini" counts
+    const std::vector<HidCollection> collections = ListHidCollections();
+    TouchpadQuery touchpadQuery;
+    HapticQuery hapticQuery;
+    const Choice haptic(hapticQuery, "haptic touchpad", collections);
+    const Choice touchpad(touchpadQuery, "touchpad", collections);
+    Json rows = Json::array();
+    for (const HidCollection& collection : collections) {
+        const vela::CHIDInformation& information = *collection.information;
+        const Choice& judge = haptic.IsOfThisKind(collection) ? haptic : touchpad;
+        rows.push_back({{"vendor", Hex(information.attributes.VendorID)},
+                        {"product", Hex(information.attributes.ProductID)},
+                        {"version", Hex(information.attributes.VersionNumber)},
+                        {"page", Hex(information.caps.UsagePage)},
+                        {"usage", Hex(information.caps.Usage)},
+                        {"name", Utf8(collection.product)},
+                        {"chosen", judge.IsChosen(collection)},
+                        {"verdict", judge.Verdict(collection)},
+                        {"path", Utf8(information.devicePath)}});
+    }
+    context.Print(rows);
+    return kDone;
+}
+
+}  // namespace
+
+Run DeclareDevices(CLI::App&) { return ListDevices; }
+
+}  // namespace velactl
