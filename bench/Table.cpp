@@ -40,13 +40,18 @@ std::string Microseconds(double nanoseconds) {
 
 void PrintMedians(const std::string& what, const std::string& peer, const Pair& pair,
                   std::optional<double> atMost) {
-    PrintRatio({what, MedianAndTail(pair.measured), peer + ": " + MedianAndTail(pair.peer), "", "", {}},
-               pair.measured.Median() / pair.peer.Median(), atMost);
+    PrintRatio(
+        {what, MedianAndTail(pair.measured), peer + ": " + MedianAndTail(pair.peer), "", "", {}},
+        pair.measured.Median() / pair.peer.Median(), atMost);
 }
 
 void PrintTails(const std::string& what, const std::string& peer, const Pair& pair, double atMost) {
-    PrintRatio({what, Microseconds(pair.measured.Tail()),
-                peer + ": " + Microseconds(pair.peer.Tail()), "", "", {}},
+    PrintRatio({what,
+                Microseconds(pair.measured.Tail()),
+                peer + ": " + Microseconds(pair.peer.Tail()),
+                "",
+                "",
+                {}},
                pair.measured.Tail() / pair.peer.Tail(), atMost);
 }
 

@@ -12,9 +12,9 @@ struct Effort {
 };
 
 #if defined(__SANITIZE_ADDRESS__)
-constexpr Effort kEffort{2, 75};
-#elif defined(__SANITIZE_THREAD__)
 constexpr Effort kEffort{4, 50};
+#elif defined(__SANITIZE_THREAD__)
+constexpr Effort kEffort{8, 25};
 #else
 constexpr Effort kEffort{1, 250};
 #endif

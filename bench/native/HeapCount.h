@@ -1,0 +1,20 @@
+// Counts heap allocations, but for those inside the simulated platform.
+#pragma once
+
+#include <cstddef>
+
+namespace bench {
+
+std::size_t AllocationsOfAllThreads();
+std::size_t AllocationsOfThisThread();
+
+// Where one lives, its thread's allocations are not the agent's.
+class Uncounted {
+ public:
+    Uncounted();
+    ~Uncounted();
+    Uncounted(const Uncounted&) = delete;
+    Uncounted& operator=(const Uncounted&) = delete;
+};
+
+}  // namespace bench

@@ -1,0 +1,56 @@
+// Whoever has the touchpad open: the agent, or nothing but the system calls.
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <thread>
+
+#include <windows.h>
+
+#include "tests/acceptance/AgentDll.h"
+#include "virtual-touchpad/control/TouchpadControl.h"
+
+namespace bench {
+
+class Host {
+ public:
+    virtual ~Host() = default;
+    // When the last press was handed to the host, as Nanoseconds tells it; 0 until it comes.
+    virtual double PressSeen() const = 0;
+    virtual void Forget() = 0;
+};
+
+// A session with the feature on and all four buttons lit; the agent answers the camera's press with
+// a light report.
+class AgentHost : public Host {
+ public:
+    explicit AgentHost(const acceptance::AgentDll& agent);
+    ~AgentHost() override;
+    double PressSeen() const override;
+    void Forget() override;
+
+ private:
+    const acceptance::AgentDll& agent_;
+};
+
+// Waits for a report, notes the time, writes one of two light reports, waits until it is written.
+class BareHost : public Host {
+ public:
+    BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad);
+    ~BareHost() override;
+    double PressSeen() const override { return seen_; }
+    void Forget() override { seen_ = 0; }
+
+ private:
+    void Run();
+    bool Finish(BOOL done, OVERLAPPED& overlapped);
+
+    virtual_touchpad::TouchpadControl& touchpad_;
+    HANDLE file_;
+    HANDLE event_;
+    std::atomic<bool> stop_{false};
+    std::atomic<double> seen_{0};
+    std::thread thread_;
+};
+
+}  // namespace bench
