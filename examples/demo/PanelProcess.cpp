@@ -40,8 +40,17 @@ PanelProcess::~PanelProcess() {
 }
 
 void PanelProcess::Press(velapanel::Action action) {
-    const velapanel::ActionInfo& info = velapanel::kActions[static_cast<std::size_t>(action)];
-    PostMessageW(window_, WM_KEYDOWN, static_cast<WPARAM>(info.key), 0);
+    const auto index = static_cast<std::size_t>(action);
+    if (index >= velapanel::kButtonCount) {
+        PostMessageW(window_, WM_KEYDOWN, static_cast<WPARAM>(velapanel::kActions[index].key), 0);
+        return;
+    }
+    RECT area{};
+    GetClientRect(window_, &area);
+    const velapanel::PanelLayout layout = velapanel::LayOut(area.right, area.bottom);
+    const velapanel::Box& box = layout.BoxOf(action);
+    PostMessageW(window_, WM_LBUTTONDOWN, MK_LBUTTON,
+                 MAKELPARAM(box.left + box.width / 2, box.top + box.height / 2));
 }
 
 void PanelProcess::SavePicture(const std::filesystem::path& file) {

@@ -1,4 +1,5 @@
-// The panel in a process of its own, worked as a person would: by its keys, seen on the screen.
+// The panel in a process of its own, worked as a person would: its buttons by the mouse, the rest
+// by keys, seen on the screen.
 #pragma once
 
 #include <windows.h>
