@@ -24,9 +24,9 @@ double Each(std::size_t (*count)(), Work work) {
 }
 
 void Show(const std::string& what, double each, const std::string& needed, double most) {
-    // A block may have been begun before the first.
+    // A block more or less, as one may have been begun before.
     Print({"heap allocations, " + what, Number(each), needed + ": " + Number(most),
-           "+" + Number(each - most), "+0.00", each <= most + 0.005});
+           Number(each - most + 0.0004) + " more", "0.00 more", each <= most + 0.005});
 }
 
 double EachReport(Stage& stage, std::uint8_t events, std::size_t answers) {

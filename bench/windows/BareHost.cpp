@@ -13,40 +13,68 @@ constexpr BYTE kLightReports[2][kLightReportSize] = {{2, 0, 3, 3, 3, 0, 3, 0, 0x
 
 }  // namespace
 
-BareHost::BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad)
+BareHost::BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad,
+                   WritesOn thread)
     : touchpad_(touchpad),
       file_(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                         FILE_FLAG_OVERLAPPED, nullptr)),
-      event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {
+      readEvent_(CreateEventW(nullptr, FALSE, FALSE, nullptr)),
+      writeEvent_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {
     if (file_ == INVALID_HANDLE_VALUE) throw std::runtime_error("the touchpad does not open");
-    thread_ = std::thread(&BareHost::Run, this);
+    if (thread == WritesOn::AThreadOfItsOwn) writer_ = std::thread(&BareHost::WriteQueued, this);
+    reader_ = std::thread(&BareHost::Read, this);
 }
 
 BareHost::~BareHost() {
-    stop_ = true;
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        stop_ = true;
+        queued_.notify_all();
+    }
     touchpad_.SendEvents({});
-    thread_.join();
-    CloseHandle(file_);
-    CloseHandle(event_);
+    reader_.join();
+    if (writer_.joinable()) writer_.join();
+    for (const HANDLE handle : {file_, readEvent_, writeEvent_}) CloseHandle(handle);
 }
 
-void BareHost::Run() {
+void BareHost::Read() {
     BYTE report[3] = {};
-    for (std::size_t presses = 0;; ++presses) {
+    for (std::size_t press = 0;; ++press) {
         OVERLAPPED read{};
-        read.hEvent = event_;
+        read.hEvent = readEvent_;
         if (!Finish(ReadFile(file_, report, sizeof(report), nullptr, &read), read) || stop_) return;
         seen_ = Nanoseconds();
-        OVERLAPPED write{};
-        write.hEvent = event_;
-        const BYTE(&lights)[kLightReportSize] = kLightReports[presses % 2];
-        if (!Finish(WriteFile(file_, lights, sizeof(lights), nullptr, &write), write)) return;
+        if (!writer_.joinable()) {
+            Write(press);
+            continue;
+        }
+        const std::lock_guard<std::mutex> lock(mutex_);
+        queue_.push_back(press);
+        queued_.notify_all();
     }
+}
+
+void BareHost::WriteQueued() {
+    std::unique_lock<std::mutex> lock(mutex_);
+    while (!stop_) {
+        queued_.wait(lock, [this] { return stop_ || !queue_.empty(); });
+        while (!queue_.empty()) {
+            Write(queue_.front());
+            queue_.pop_front();
+        }
+    }
+}
+
+bool BareHost::Write(std::size_t press) {
+    OVERLAPPED write{};
+    write.hEvent = writeEvent_;
+    const BYTE(&lights)[kLightReportSize] = kLightReports[press % 2];
+    return Finish(WriteFile(file_, lights, sizeof(lights), nullptr, &write), write);
 }
 
 bool BareHost::Finish(BOOL done, OVERLAPPED& overlapped) {
     if (!done && GetLastError() != ERROR_IO_PENDING) return false;
-    if (!done) WaitForSingleObject(event_, INFINITE);
+    if (!done) WaitForSingleObject(overlapped.hEvent, INFINITE);
     DWORD transferred = 0;
     return GetOverlappedResult(file_, &overlapped, &transferred, TRUE) != FALSE;
 }

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
 #include <string>
 #include <thread>
 
@@ -33,24 +36,36 @@ class AgentHost : public Host {
     const acceptance::AgentDll& agent_;
 };
 
-// Waits for a report, notes the time, writes one of two light reports, waits until it is written.
+enum class WritesOn { TheReader, AThreadOfItsOwn };
+
+// Waits for a report, notes the time, writes one of two light reports and waits until it is
+// written: then and there, or on a second thread, as the agent has to, whose host may ask for
+// lights as well.
 class BareHost : public Host {
  public:
-    BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad);
+    BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad,
+             WritesOn thread);
     ~BareHost() override;
     double PressSeen() const override { return seen_; }
     void Forget() override { seen_ = 0; }
 
  private:
-    void Run();
+    void Read();
+    void WriteQueued();
+    bool Write(std::size_t press);
     bool Finish(BOOL done, OVERLAPPED& overlapped);
 
     virtual_touchpad::TouchpadControl& touchpad_;
     HANDLE file_;
-    HANDLE event_;
+    HANDLE readEvent_;
+    HANDLE writeEvent_;
     std::atomic<bool> stop_{false};
     std::atomic<double> seen_{0};
-    std::thread thread_;
+    std::mutex mutex_;  // guards: queue_
+    std::condition_variable queued_;
+    std::deque<std::size_t> queue_;
+    std::thread writer_;  // only with a thread of its own
+    std::thread reader_;
 };
 
 }  // namespace bench

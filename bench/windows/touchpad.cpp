@@ -54,47 +54,50 @@ Latencies Presses(virtual_touchpad::TouchpadControl& touchpad, Host& host) {
     return latencies;
 }
 
-struct Pairs {
-    Pair seen;
-    Pair lit;
+struct Measured {
+    Latencies agent;
+    Latencies bare;
+    Latencies bareWithWriter;
 };
 
-Pairs Measure(const acceptance::AgentDll& agent, const std::wstring& path,
-              virtual_touchpad::TouchpadControl& touchpad) {
-    Pairs pairs;
-    const auto turn = [&](const std::function<std::unique_ptr<Host>()>& open, Samples& seen,
-                          Samples& lit) {
-        const std::unique_ptr<Host> host = open();
-        const Latencies latencies = Presses(touchpad, *host);
-        seen.Add(latencies.seen);
-        lit.Add(latencies.lit);
+Measured Measure(const acceptance::AgentDll& agent, const std::wstring& path,
+                 virtual_touchpad::TouchpadControl& touchpad) {
+    const auto turn = [&](Host& host, Latencies& latencies) {
+        const Latencies presses = Presses(touchpad, host);
+        latencies.seen.Add(presses.seen);
+        latencies.lit.Add(presses.lit);
     };
+    Measured measured;
     for (std::size_t i = 0; i < kTurns; ++i) {
-        turn([&] { return std::make_unique<AgentHost>(agent); }, pairs.seen.measured,
-             pairs.lit.measured);
-        turn([&] { return std::make_unique<BareHost>(path, touchpad); }, pairs.seen.peer,
-             pairs.lit.peer);
+        turn(*std::make_unique<AgentHost>(agent), measured.agent);
+        turn(*std::make_unique<BareHost>(path, touchpad, WritesOn::TheReader), measured.bare);
+        turn(*std::make_unique<BareHost>(path, touchpad, WritesOn::AThreadOfItsOwn),
+             measured.bareWithWriter);
     }
-    return pairs;
+    return measured;
+}
+
+void PrintAll(const std::string& also, const Measured& measured, std::optional<double> seenTarget,
+              double litTarget) {
+    const Latencies& agent = measured.agent;
+    const std::string lit = "Wine: press to the light report" + also;
+    PrintMedians("Wine: input report to the callback" + also, "bare ReadFile loop",
+                 {agent.seen, measured.bare.seen}, seenTarget);
+    PrintMedians(lit, "bare read and write loop", {agent.lit, measured.bare.lit}, litTarget);
+    PrintMedians(lit, "the same, writing on a second thread",
+                 {agent.lit, measured.bareWithWriter.lit}, {});
 }
 
 int Main() {
-    constexpr char kReading[] = "bare ReadFile loop";
-    constexpr char kWriting[] = "bare read and write loop";
     virtual_touchpad::UnplugAll();
     const std::wstring path = virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
     virtual_touchpad::TouchpadControl touchpad;
     const acceptance::AgentDll agent;
 
-    const Pairs quiet = Measure(agent, path, touchpad);
-    PrintMedians("Wine: input report to the callback", kReading, quiet.seen, 1.05);
-    PrintMedians("Wine: press to the light report", kWriting, quiet.lit, 1.15);
-
+    PrintAll("", Measure(agent, path, touchpad), 1.05, 1.15);
     agent.InitLogger(std::filesystem::temp_directory_path().c_str());
-    const Pairs logged = Measure(agent, path, touchpad);
+    PrintAll(", logger running", Measure(agent, path, touchpad), {}, 2);
     agent.UnInitLogger();
-    PrintMedians("Wine: input report to the callback, logger running", kReading, logged.seen, {});
-    PrintMedians("Wine: press to the light report, logger running", kWriting, logged.lit, 2);
     return 0;
 }
 

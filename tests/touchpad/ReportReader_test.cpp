@@ -56,6 +56,8 @@ TEST_F(ReportReaderTest, RestsAfterAReadThatFailedAtOnce) {
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
     ASSERT_TRUE(machine_.WaitForCalls("WaitForSingleObject", 1));
     Settle();
+    // The results that are asked for are those of the writes.
+    ASSERT_TRUE(machine_.WaitForCalls("GetOverlappedResult", machine_.CountCalls("WriteFile")));
     // It waits for the event, which only Uninitialize signals, and asks the device no more.
     EXPECT_EQ(machine_.CountCalls("ReadFile"), 1U);
     EXPECT_EQ(machine_.CountCalls("GetOverlappedResult"), machine_.CountCalls("WriteFile"));
