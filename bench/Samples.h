@@ -1,15 +1,16 @@
-// Many measurements of one thing, in nanoseconds, and what they come to.
+// Many measurements of one thing, and what they come to.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <vector>
 
 namespace bench {
 
 class Samples {
  public:
-    void Add(double nanoseconds) { values_.push_back(nanoseconds); }
+    void Add(double value) { values_.push_back(value); }
     void Add(const Samples& others) {
         values_.insert(values_.end(), others.values_.begin(), others.values_.end());
     }
@@ -25,27 +26,19 @@ class Samples {
     }
     double Median() const { return Quantile(0.5); }
     double Tail() const { return Quantile(0.999); }
-    std::size_t Count() const { return values_.size(); }
+    double Mean() const {
+        const double sum = std::accumulate(values_.begin(), values_.end(), 0.0);
+        return values_.empty() ? 0 : sum / static_cast<double>(values_.size());
+    }
 
  private:
     std::vector<double> values_;
 };
 
-// What is measured, and the limit or peer beside it. They take turns, so that whatever else the
-// machine does meets both.
+// Of what is measured, and of the limit or peer beside it.
 struct Pair {
     Samples measured;
     Samples peer;
 };
-
-template <typename Measured, typename Peer>
-Pair TakeTurns(std::size_t rounds, Measured&& measured, Peer&& peer) {
-    Pair pair;
-    for (std::size_t round = 0; round < rounds; ++round) {
-        pair.measured.Add(measured());
-        pair.peer.Add(peer());
-    }
-    return pair;
-}
 
 }  // namespace bench

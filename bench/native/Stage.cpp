@@ -1,7 +1,5 @@
 #include "bench/native/Stage.h"
 
-#include <unistd.h>
-
 #include <stdexcept>
 
 #include "hid/HIDDiscovery.h"
@@ -62,19 +60,5 @@ void Stage::Settle() {
     } while (device_->Outputs().back()[0] != kRequest);
     device_->ForgetOutputs();
 }
-
-LogFolder::LogFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vela-bench-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for logs");
-    folder_ = name;
-}
-
-LogFolder::~LogFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-    std::filesystem::remove(AgentLog(), ignored);
-}
-
-std::filesystem::path LogFolder::AgentLog() const { return folder_.string() + "\\VelaAgent.log"; }
 
 }  // namespace bench

@@ -2,9 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
-#include <string>
 
 #include "simulator/Machine.h"
 #include "touchpad/TandrelHID.h"
@@ -31,20 +29,6 @@ class Stage {
  private:
     std::shared_ptr<simulator::Device> device_;
     vela::CTandrelHID session_;
-};
-
-// A new folder for log files, removed at the end.
-class LogFolder {
- public:
-    LogFolder();
-    ~LogFolder();
-    // The agent joins its file's name with a backslash, which is a letter like any other here.
-    std::filesystem::path AgentLog() const;
-    std::wstring ForAgent() const { return folder_.wstring(); }
-    const std::filesystem::path& Path() const { return folder_; }
-
- private:
-    std::filesystem::path folder_;
 };
 
 }  // namespace bench

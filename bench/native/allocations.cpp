@@ -1,9 +1,10 @@
 // Heap allocations of the agent's own, the platform's left out. What is handed on has to lie
 // somewhere: a report in the queue or with the kernel, a message with the writer.
-#include "bench/Table.h"
+#include "bench/Row.h"
+#include "bench/Run.h"
+#include "bench/RunningLogger.h"
 #include "bench/native/HeapCount.h"
 #include "bench/native/Stage.h"
-#include "log/ILog.h"
 #include "virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace {
@@ -14,26 +15,28 @@ constexpr int kTimes = 1000;
 // A deque's blocks: 512 bytes, in which so many entries fit.
 constexpr double kReportsInBlock = 16;
 constexpr double kLinesInBlock = 6;
+constexpr double kQueuedReport = 1 + 1 / kReportsInBlock;
+constexpr double kQueuedLine = 1 + 1 / kLinesInBlock;
+constexpr double kOperations = 2;
 
+// The row's peer is what is needed.
 template <typename Work>
-double Each(std::size_t (*count)(), Work work) {
+void CountEach(benchmark::State& state, const Row& row, std::size_t (*count)(), double needed,
+               Work work) {
     work();
     const std::size_t before = count();
-    for (int i = 0; i < kTimes; ++i) work();
-    return static_cast<double>(count() - before) / kTimes;
+    for (auto _ : state) work();
+    const auto counted = static_cast<double>(count() - before);
+    Tell(state, row, counted / static_cast<double>(state.iterations()), needed);
 }
 
-void Show(const std::string& what, double each, const std::string& needed, double most) {
-    // A block more or less, as one may have been begun before.
-    Print({"heap allocations, " + what, Number(each), needed + ": " + Number(most),
-           Number(each - most + 0.0004) + " more", "0.00 more", each <= most + 0.005});
-}
-
-double EachReport(Stage& stage, std::uint8_t events, std::size_t answers) {
+void CountForReport(benchmark::State& state, const Row& row, std::uint8_t events,
+                    std::size_t answers, double needed) {
+    Stage stage;
     const Uncounted stageHand;
     simulator::Device& device = stage.Device();
     const simulator::Bytes report = {virtual_touchpad::kButtonReportId, events, 0};
-    return Each(AllocationsOfAllThreads, [&] {
+    CountEach(state, row, AllocationsOfAllThreads, needed, [&] {
         device.WaitForPendingReads();
         device.SendInput(report);
         device.WaitForPendingReads();
@@ -42,40 +45,61 @@ double EachReport(Stage& stage, std::uint8_t events, std::size_t answers) {
     });
 }
 
-void WithoutLogger(Stage& stage) {
+void CountForNoButton(benchmark::State& state, const Row& row) {
+    CountForReport(state, row, 0, 0, 0);
+}
+
+void CountForPress(benchmark::State& state, const Row& row) {
     constexpr std::uint8_t kCamera = 1 << 1;
-    Show("input report without a button", EachReport(stage, 0, 0), "nothing", 0);
-    Show("press and its light report, all threads", EachReport(stage, kCamera, 1),
-         "report, operation", 2 + 1 + 1 / kReportsInBlock);
+    CountForReport(state, row, kCamera, 1, kOperations + kQueuedReport);
+}
+
+void CountForSetButtonLight(benchmark::State& state, const Row& row) {
+    Stage stage;
     bool on = false;
-    const double update = Each(AllocationsOfThisThread, [&] {
+    CountEach(state, row, AllocationsOfThisThread, kQueuedReport, [&] {
         stage.Session().SetButtonLight(vela::BUTTON_ID_CAMERA, on = !on);
         const Uncounted stageHand;
         stage.Device().WaitForOutputs(1);
         stage.Device().ForgetOutputs();
     });
-    Show("SetButtonLight, its thread", update, "report", 1 + 1 / kReportsInBlock);
 }
 
-void Log() {
-    const LogFolder folder;
+void CountForLogCall(benchmark::State& state, const Row& row, double needed) {
     vela::ILog* const log = vela::GetLogger();
-    const auto call = [log] {
+    CountEach(state, row, AllocationsOfThisThread, needed, [log] {
         log->Log(vela::kLogInfo, "SetButtonLight", "SetButtonLight for BUTTON_ID %d (%d)", 0, 1);
-    };
-    Show("Log call, logger not initialised", Each(AllocationsOfThisThread, call), "nothing", 0);
-    log->Initialize(folder.ForAgent());
-    Show("Log call, its thread", Each(AllocationsOfThisThread, call), "message",
-         1 + 1 / kLinesInBlock);
-    log->UnInitialize();
+    });
 }
+
+void CountForLogCallDropped(benchmark::State& state, const Row& row) {
+    CountForLogCall(state, row, 0);
+}
+
+void CountForLogCallQueued(benchmark::State& state, const Row& row) {
+    const RunningLogger logger;
+    CountForLogCall(state, row, kQueuedLine);
+}
+
+const struct {
+    const char* what;
+    const char* needed;
+    void (*measure)(benchmark::State& state, const Row& row);
+} kRows[] = {
+    {"input report without a button", "nothing", CountForNoButton},
+    {"press and its light report, all threads", "report, operation", CountForPress},
+    {"SetButtonLight, its thread", "report", CountForSetButtonLight},
+    {"Log call, logger not initialised", "nothing", CountForLogCallDropped},
+    {"Log call, its thread", "message", CountForLogCallQueued},
+};
 
 }  // namespace
 
-int main() {
-    {
-        Stage stage;
-        WithoutLogger(stage);
-    }
-    Log();
+int main(int argc, char** argv) {
+    return Run(argc, argv, [] {
+        for (const auto& [what, needed, measure] : kRows) {
+            Register({std::string("heap allocations, ") + what, needed, kAllocations, 0}, kTimes,
+                     measure);
+        }
+    });
 }

@@ -2,8 +2,9 @@
 // leave behind.
 #include <malloc.h>
 
+#include "bench/Row.h"
+#include "bench/Run.h"
 #include "bench/Stopwatch.h"
-#include "bench/Table.h"
 #include "bench/native/Stage.h"
 #include "hid/HIDDiscovery.h"
 
@@ -14,19 +15,38 @@ using namespace bench;
 constexpr int kCycles = 10000;
 constexpr int kPart = 1000;
 
-double HeapInUse() { return static_cast<double>(mallinfo2().uordblks); }
-
-Samples Cycles(vela::CTandrelHID& session, simulator::Device& device, int count) {
-    Samples samples;
-    for (int i = 0; i < count; ++i) {
-        samples.Add(Timed([&] {
-            session.Initialize(vela::ScanHIDInformation(&session));
-            session.Uninitialize();
-        }));
-        device.ForgetOutputs();
+class Cycles {
+ public:
+    double Next() {
+        const double time = Timed([this] {
+            session_.Initialize(vela::ScanHIDInformation(&session_));
+            session_.Uninitialize();
+        });
+        device_->ForgetOutputs();
+        return time;
     }
-    return samples;
+
+ private:
+    std::shared_ptr<simulator::Device> device_ = EmptyMachine().Plug(Touchpad());
+    vela::CTandrelHID session_;
+};
+
+// The first and the last part are beside each other here: they cannot take turns.
+void TimeCycles(benchmark::State& state, const Row& row) {
+    Cycles cycles;
+    Pair pair;
+    int done = 0;
+    for (auto _ : state) {
+        const double time = cycles.Next();
+        state.SetIterationTime(time / 1e9);
+        ++done;
+        if (done <= kPart) pair.peer.Add(time);
+        if (done > kCycles - kPart) pair.measured.Add(time);
+    }
+    Tell(state, row, pair);
 }
+
+double HeapInUse() { return static_cast<double>(mallinfo2().uordblks); }
 
 // A session's two events are never closed, for the sake of operations that end late.
 double HeapOfTwoEvents() {
@@ -38,21 +58,24 @@ double HeapOfTwoEvents() {
     return (HeapInUse() - before) / kPart;
 }
 
+void WeighCycles(benchmark::State& state, const Row& row) {
+    Cycles cycles;
+    for (int i = 0; i < kPart; ++i) cycles.Next();
+    const double before = HeapInUse();
+    for (auto _ : state) cycles.Next();
+    const double each = (HeapInUse() - before) / static_cast<double>(state.iterations());
+    Tell(state, row, each, HeapOfTwoEvents());
+}
+
 }  // namespace
 
-int main() {
-    const auto device = EmptyMachine().Plug(Touchpad());
-    vela::CTandrelHID session;
-    Pair pair;
-    pair.peer = Cycles(session, *device, kPart);
-    const double before = HeapInUse();
-    Cycles(session, *device, kCycles - 2 * kPart);
-    pair.measured = Cycles(session, *device, kPart);
-    const double each = (HeapInUse() - before) / (kCycles - kPart);
-    PrintMedians("Init and UnInit, the last 1,000 of 10,000", "the first 1,000", pair, 1.1);
-
-    const double events = HeapOfTwoEvents();
-    Print({"memory that each Init and UnInit leaves", Number(each, 0) + " bytes",
-           "its two events alone: " + Number(events, 0) + " bytes",
-           Number(each - events, 0) + " bytes", "level: at most +16 bytes", each - events <= 16});
+int main(int argc, char** argv) {
+    return Run(argc, argv, [] {
+        Register({"Init and UnInit, the last 1,000 of 10,000", "the first 1,000", kMedians, 1.1},
+                 kCycles, TimeCycles)
+            ->UseManualTime();
+        Register(
+            {"memory that each Init and UnInit leaves", "its two events alone", kBytesLeft, 16},
+            kCycles - kPart, WeighCycles);
+    });
 }

@@ -1,5 +1,7 @@
-// How often an idle agent's threads wake up: reader, writer and the logger's. Usage: idle [SECONDS]
+// How often an idle agent's threads wake up: reader, writer and the logger's.
+// Usage: idle [SECONDS] [OPTIONS OF GOOGLE BENCHMARK]...
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -8,11 +10,14 @@
 
 #include <unistd.h>
 
-#include "bench/Table.h"
+#include "bench/Row.h"
+#include "bench/Run.h"
+#include "bench/RunningLogger.h"
 #include "bench/native/Stage.h"
-#include "log/ILog.h"
 
 namespace {
+
+using namespace bench;
 
 // Each time that a thread went to sleep on its own, it had been woken.
 long Sleeps() {
@@ -31,22 +36,40 @@ long Sleeps() {
     return sleeps;
 }
 
+void WatchIdleAgent(benchmark::State& state, const Row& row, std::chrono::seconds time) {
+    const RunningLogger logger;
+    Stage stage;
+    // What setting up queued is written meanwhile.
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    long woken = 0;
+    for (auto _ : state) {
+        const long before = Sleeps();
+        std::this_thread::sleep_for(time);
+        woken = Sleeps() - before;
+    }
+    Tell(state, row, static_cast<double>(woken), 0);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    using namespace bench;
-    const int seconds = argc > 1 ? std::atoi(argv[1]) : 60;
-    const LogFolder folder;
-    vela::GetLogger()->Initialize(folder.ForAgent());
-    {
-        Stage stage;
-        // What setting up queued is written meanwhile.
-        std::this_thread::sleep_for(std::chrono::seconds(1));
-        const long before = Sleeps();
-        std::this_thread::sleep_for(std::chrono::seconds(seconds));
-        const long woken = Sleeps() - before;
-        Print({"wake-ups while idle, " + std::to_string(seconds) + " s", std::to_string(woken),
-               "nothing to do: 0", "+" + std::to_string(woken), "0", woken == 0});
+    std::chrono::seconds time(60);
+    if (argc > 1 && argv[1][0] != '-') {
+        time = std::chrono::seconds(std::strtol(argv[1], nullptr, 10));
+        argv[1] = argv[0];
+        ++argv;
+        --argc;
     }
-    vela::GetLogger()->UnInitialize();
+    if (time.count() < 1) {
+        std::fprintf(stderr, "usage: idle [SECONDS] [OPTIONS OF GOOGLE BENCHMARK]...\n");
+        return 2;
+    }
+    return Run(argc, argv, [time] {
+        Register(
+            {"wake-ups while idle, " + std::to_string(time.count()) + " s", "nothing to do",
+             kWakeUps, 0},
+            1,
+            [time](benchmark::State& state, const Row& row) { WatchIdleAgent(state, row, time); })
+            ->UseRealTime();
+    });
 }

@@ -1,80 +1,99 @@
 // What a light report costs on the caller's thread, beside the platform calls that it is made of.
+#include "bench/Row.h"
+#include "bench/Run.h"
+#include "bench/RunningLogger.h"
 #include "bench/Stopwatch.h"
-#include "bench/Table.h"
 #include "bench/native/BareComposition.h"
 #include "bench/native/ComposeOperation.h"
 #include "bench/native/Sleeper.h"
 #include "bench/native/Stage.h"
-#include "log/ILog.h"
 
 namespace {
 
 using namespace bench;
 
-constexpr std::size_t kRounds = 20000;
-constexpr char kPeer[] = "its HidP calls";
+constexpr int kTurns = 20000;
+constexpr char kCalls[] = "its HidP calls";
 
-template <typename Work>
-auto Once(Work work) {
-    return [work]() mutable {
-        Samples samples;
-        samples.Add(Timed(work));
-        return samples;
-    };
+BareComposition BareCompositionOf(Stage& stage) {
+    return BareComposition(stage.Session().Information()->preparsedData);
 }
 
-void Composition(Stage& stage, BareComposition& bare) {
+double TimeOfCalls(BareComposition& bare) {
+    return Timed([&bare] { bare(false); });
+}
+
+void ComposeBesideCalls(benchmark::State& state, const Row& row) {
+    Stage stage;
+    BareComposition bare = BareCompositionOf(stage);
     vela::CTandrelHID& session = stage.Session();
     const Compose compose = ComposeOperation();
     std::vector<BYTE> report(session.Information()->caps.OutputReportByteLength);
-    const Pair pair =
-        TakeTurns(kRounds, Once([&] { (session.*compose)(report); }), Once([&] { bare(false); }));
-    PrintMedians("report composition", kPeer, pair, 1.1);
+    TakeTurns(
+        state, row, [&] { return Timed([&] { (session.*compose)(report); }); },
+        [&] { return TimeOfCalls(bare); });
 }
 
 // Each call changes the light, and the writer has written its report before the next one.
-auto SetButtonLight(Stage& stage) {
-    return [&stage, on = false]() mutable {
-        on = !on;
-        Samples samples;
-        samples.Add(Timed([&] { stage.Session().SetButtonLight(vela::BUTTON_ID_CAMERA, on); }));
-        stage.Device().WaitForOutputs(1);
-        stage.Device().ForgetOutputs();
-        return samples;
-    };
+class LightSwitch {
+ public:
+    explicit LightSwitch(Stage& stage) : stage_(stage) {}
+
+    double operator()() {
+        on_ = !on_;
+        const double time =
+            Timed([this] { stage_.Session().SetButtonLight(vela::BUTTON_ID_CAMERA, on_); });
+        stage_.Device().WaitForOutputs(1);
+        stage_.Device().ForgetOutputs();
+        return time;
+    }
+
+ private:
+    Stage& stage_;
+    bool on_ = false;
+};
+
+void SetLightBesideCalls(benchmark::State& state, const Row& row) {
+    Stage stage;
+    BareComposition bare = BareCompositionOf(stage);
+    TakeTurns(state, row, LightSwitch(stage), [&] { return TimeOfCalls(bare); });
 }
 
-void BesideCalls(const std::string& what, Stage& stage, BareComposition& bare) {
-    PrintMedians(what, kPeer, TakeTurns(kRounds, SetButtonLight(stage), Once([&] { bare(false); })),
-                 1.3);
+void SetLightBesideCallsLogged(benchmark::State& state, const Row& row) {
+    const RunningLogger logger;
+    SetLightBesideCalls(state, row);
 }
 
 // What no hand-over to a writer thread can go below.
-void BesideCallsAndWaking(Stage& stage, BareComposition& bare) {
+void SetLightBesideWaking(benchmark::State& state, const Row& row) {
+    Stage stage;
+    BareComposition bare = BareCompositionOf(stage);
     Sleeper sleeper;
-    const auto peer = [&] {
-        Samples samples;
-        samples.Add(Timed([&] {
+    TakeTurns(state, row, LightSwitch(stage), [&] {
+        const double time = Timed([&] {
             bare(false);
             sleeper.Wake();
-        }));
+        });
         sleeper.WaitUntilAsleep();
-        return samples;
-    };
-    PrintMedians("SetButtonLight returns", "the same calls, and waking a thread",
-                 TakeTurns(kRounds, SetButtonLight(stage), peer), {});
+        return time;
+    });
 }
+
+const struct {
+    Row row;
+    void (*measure)(benchmark::State& state, const Row& row);
+} kRows[] = {
+    {{"report composition", kCalls, kMedians, 1.1}, ComposeBesideCalls},
+    {{"SetButtonLight returns", kCalls, kMedians, 1.3}, SetLightBesideCalls},
+    {{"SetButtonLight returns", "the same calls, and waking a thread", kMedians, {}},
+     SetLightBesideWaking},
+    {{"SetButtonLight returns, logger running", kCalls, kMedians, 1.3}, SetLightBesideCallsLogged},
+};
 
 }  // namespace
 
-int main() {
-    Stage stage;
-    BareComposition bare(stage.Session().Information()->preparsedData);
-    Composition(stage, bare);
-    BesideCalls("SetButtonLight returns", stage, bare);
-    BesideCallsAndWaking(stage, bare);
-    const LogFolder folder;
-    vela::GetLogger()->Initialize(folder.ForAgent());
-    BesideCalls("SetButtonLight returns, logger running", stage, bare);
-    vela::GetLogger()->UnInitialize();
+int main(int argc, char** argv) {
+    return Run(argc, argv, [] {
+        for (const auto& [row, measure] : kRows) Register(row, kTurns, measure)->UseManualTime();
+    });
 }

@@ -1,10 +1,10 @@
 // A scan of few and of many interfaces, beside the platform calls that it makes. The touchpad comes
 // last.
-#include <map>
+#include <stdexcept>
 
-#include "bench/Stopwatch.h"
-#include "bench/Table.h"
-#include "bench/native/BareScan.h"
+#include "bench/BareScan.h"
+#include "bench/Run.h"
+#include "bench/ScanInTurns.h"
 #include "bench/native/Stage.h"
 #include "hid/HIDDiscovery.h"
 
@@ -12,43 +12,60 @@ namespace {
 
 using namespace bench;
 
-double CallsOfScan(vela::CTandrelHID& session, simulator::Machine& machine) {
+simulator::Machine& MachineOf(int interfaces) {
+    simulator::Machine& machine = EmptyMachine();
+    for (int i = 1; i < interfaces; ++i) machine.Plug(OtherDevice());
+    machine.Plug(Touchpad());
+    return machine;
+}
+
+template <typename Scan>
+double CallsOf(simulator::Machine& machine, Scan scan) {
     machine.RecordCalls(true);
     machine.ForgetCalls();
-    vela::ScanHIDInformation(&session);
+    scan();
     machine.RecordCalls(false);
     return static_cast<double>(machine.Calls().size());
 }
 
-template <typename Scan>
-auto Once(Scan scan) {
-    return [scan] {
-        Samples samples;
-        samples.Add(Timed(scan));
-        return samples;
-    };
+double CallsOfScan(int interfaces) {
+    simulator::Machine& machine = MachineOf(interfaces);
+    vela::CTandrelHID session;
+    const double calls = CallsOf(machine, [&] { vela::ScanHIDInformation(&session); });
+    if (calls != CallsOf(machine, BareScan)) {
+        throw std::runtime_error("the two scans do not make as many calls");
+    }
+    return calls;
+}
+
+void RegisterScanOf(int interfaces) {
+    Register({"scan, " + std::to_string(interfaces) + " interfaces", kScanPeer, kMedians, 1.1},
+             20 + 2000 / interfaces,
+             [interfaces](benchmark::State& state, const Row& row) {
+                 MachineOf(interfaces);
+                 ScanInTurns(state, row);
+             })
+        ->UseManualTime();
+}
+
+// The simulated machine's own time is not linear: what is counted are calls.
+void CountCalls(benchmark::State& state, const Row& row) {
+    double ofMany = 0;
+    double ofFew = 0;
+    for (auto _ : state) {
+        const double ofHundred = CallsOfScan(100);
+        ofMany = (CallsOfScan(1000) - ofHundred) / 900;
+        ofFew = (ofHundred - CallsOfScan(10)) / 90;
+    }
+    Tell(state, row, ofMany, ofFew);
 }
 
 }  // namespace
 
-int main() {
-    vela::CTandrelHID session;
-    std::map<std::size_t, double> calls;
-    for (const std::size_t interfaces : {1, 10, 100, 1000}) {
-        simulator::Machine& machine = EmptyMachine();
-        for (std::size_t i = 1; i < interfaces; ++i) machine.Plug(OtherDevice());
-        machine.Plug(Touchpad());
-        calls[interfaces] = CallsOfScan(session, machine);
-        const Pair pair =
-            TakeTurns(20 + 2000 / interfaces, Once([&] { vela::ScanHIDInformation(&session); }),
-                      Once(BareScan));
-        PrintMedians("scan, " + std::to_string(interfaces) + " interfaces", "its platform calls",
-                     pair, 1.1);
-    }
-    // The simulated machine's own time is not linear: what is counted are calls.
-    const double each = (calls[1000] - calls[100]) / 900;
-    const double eachOfFew = (calls[100] - calls[10]) / 90;
-    Print({"scan, platform calls for each further interface", Number(each),
-           "up to 100: " + Number(eachOfFew), Number(each / eachOfFew), "linear: 1.00",
-           each == eachOfFew});
+int main(int argc, char** argv) {
+    return Run(argc, argv, [] {
+        for (const int interfaces : {1, 10, 100, 1000}) RegisterScanOf(interfaces);
+        Register({"scan, platform calls for each further interface", "up to 100", kGrowth, 1}, 1,
+                 CountCalls);
+    });
 }

@@ -1,38 +1,53 @@
 // The DLL's size, and how long loading it takes, beside one whose exports do nothing.
 #include <windows.h>
 
-#include <cstdio>
 #include <filesystem>
+#include <stdexcept>
 
+#include "bench/Row.h"
+#include "bench/Run.h"
 #include "bench/Stopwatch.h"
-#include "bench/Table.h"
 #include "tests/acceptance/AgentDll.h"
 
 namespace {
 
 using namespace bench;
 
-Samples LoadOnce(const std::filesystem::path& file) {
-    Samples samples;
-    HMODULE module = nullptr;
-    samples.Add(Timed([&] { module = LoadLibraryW(file.c_str()); }));
-    FreeLibrary(module);
-    return samples;
+constexpr char kPeer[] = "30 empty exports";
+
+std::filesystem::path Agent() { return acceptance::ProgramFolder() / "VelaAgent.dll"; }
+std::filesystem::path Empty() { return acceptance::ProgramFolder() / "bench_empty.dll"; }
+
+void Weigh(benchmark::State& state, const Row& row) {
+    double agent = 0;
+    double empty = 0;
+    for (auto _ : state) {
+        agent = static_cast<double>(std::filesystem::file_size(Agent()));
+        empty = static_cast<double>(std::filesystem::file_size(Empty()));
+    }
+    Tell(state, row, agent, empty);
 }
 
-std::string Kilobytes(const std::filesystem::path& file) {
-    return Number(static_cast<double>(std::filesystem::file_size(file)) / 1024, 0) + " KiB";
+double TimeOfLoading(const std::filesystem::path& file) {
+    HMODULE module = nullptr;
+    const double time = Timed([&] { module = LoadLibraryW(file.c_str()); });
+    if (module == nullptr) throw std::runtime_error(file.string() + " cannot be loaded");
+    FreeLibrary(module);
+    return time;
+}
+
+void Load(benchmark::State& state, const Row& row) {
+    TimeOfLoading(Empty());
+    TakeTurns(
+        state, row, [agent = Agent()] { return TimeOfLoading(agent); },
+        [empty = Empty()] { return TimeOfLoading(empty); });
 }
 
 }  // namespace
 
-int main() {
-    const std::filesystem::path agent = acceptance::ProgramFolder() / "VelaAgent.dll";
-    const std::filesystem::path empty = acceptance::ProgramFolder() / "bench_empty.dll";
-    LoadOnce(empty);
-    const Pair pair = TakeTurns(
-        200, [&] { return LoadOnce(agent); }, [&] { return LoadOnce(empty); });
-    Print(
-        {"size of the DLL", Kilobytes(agent), "30 empty exports: " + Kilobytes(empty), "", "", {}});
-    PrintMedians("Wine: loading the DLL", "30 empty exports", pair, {});
+int main(int argc, char** argv) {
+    return Run(argc, argv, [] {
+        Register({"size of the DLL", kPeer, kSizes, {}}, 1, Weigh);
+        Register({"Wine: loading the DLL", kPeer, kMedians, {}}, 200, Load)->UseManualTime();
+    });
 }

@@ -1,13 +1,14 @@
 // From the touchpad to the host and back: the agent's session beside a bare loop of the same reads
 // and writes, on one virtual touchpad, in turns.
-#include <cstdio>
-#include <exception>
 #include <functional>
-#include <memory>
+#include <optional>
 #include <stdexcept>
+#include <string>
 
+#include "bench/LogFolder.h"
+#include "bench/Row.h"
+#include "bench/Run.h"
 #include "bench/Stopwatch.h"
-#include "bench/Table.h"
 #include "bench/windows/Host.h"
 #include "virtual-touchpad/plug/Plug.h"
 
@@ -15,7 +16,7 @@ namespace {
 
 using namespace bench;
 
-constexpr std::size_t kTurns = 20;
+constexpr int kTurns = 20;
 constexpr int kWarmUp = 10;
 constexpr int kPresses = 100;
 constexpr std::uint16_t kCameraButton = 0x41;
@@ -54,60 +55,84 @@ Latencies Presses(virtual_touchpad::TouchpadControl& touchpad, Host& host) {
     return latencies;
 }
 
-struct Measured {
-    Latencies agent;
-    Latencies bare;
-    Latencies bareWithWriter;
+Latencies PressesOnAgent(const acceptance::AgentDll& agent,
+                         virtual_touchpad::TouchpadControl& touchpad) {
+    AgentHost host(agent);
+    return Presses(touchpad, host);
+}
+
+Latencies PressesOnBareHost(const std::wstring& path, WritesOn thread,
+                            virtual_touchpad::TouchpadControl& touchpad) {
+    BareHost host(path, touchpad, thread);
+    return Presses(touchpad, host);
+}
+
+// The DLL's own logger.
+class Logging {
+ public:
+    Logging(const acceptance::AgentDll& agent, bool wanted) : agent_(wanted ? &agent : nullptr) {
+        if (agent_ != nullptr) agent_->InitLogger(folder_.ForAgent().c_str());
+    }
+    ~Logging() {
+        if (agent_ != nullptr) agent_->UnInitLogger();
+    }
+    Logging(const Logging&) = delete;
+    Logging& operator=(const Logging&) = delete;
+
+ private:
+    LogFolder folder_;
+    const acceptance::AgentDll* agent_;
 };
 
-Measured Measure(const acceptance::AgentDll& agent, const std::wstring& path,
-                 virtual_touchpad::TouchpadControl& touchpad) {
-    const auto turn = [&](Host& host, Latencies& latencies) {
-        const Latencies presses = Presses(touchpad, host);
-        latencies.seen.Add(presses.seen);
-        latencies.lit.Add(presses.lit);
-    };
-    Measured measured;
-    for (std::size_t i = 0; i < kTurns; ++i) {
-        turn(*std::make_unique<AgentHost>(agent), measured.agent);
-        turn(*std::make_unique<BareHost>(path, touchpad, WritesOn::TheReader), measured.bare);
-        turn(*std::make_unique<BareHost>(path, touchpad, WritesOn::AThreadOfItsOwn),
-             measured.bareWithWriter);
-    }
-    return measured;
-}
+struct LatencyRow {
+    const char* what;
+    bool logged;
+    const char* peer;
+    WritesOn peerWritesOn;
+    Samples Latencies::*latency;
+    std::optional<double> target;
+};
 
-void PrintAll(const std::string& also, const Measured& measured, std::optional<double> seenTarget,
-              double litTarget) {
-    const Latencies& agent = measured.agent;
-    const std::string lit = "Wine: press to the light report" + also;
-    PrintMedians("Wine: input report to the callback" + also, "bare ReadFile loop",
-                 {agent.seen, measured.bare.seen}, seenTarget);
-    PrintMedians(lit, "bare read and write loop", {agent.lit, measured.bare.lit}, litTarget);
-    PrintMedians(lit, "the same, writing on a second thread",
-                 {agent.lit, measured.bareWithWriter.lit}, {});
-}
+constexpr char kSeen[] = "Wine: input report to the callback";
+constexpr char kLit[] = "Wine: press to the light report";
+constexpr char kReads[] = "bare ReadFile loop";
+constexpr char kReadsAndWrites[] = "bare read and write loop";
+constexpr char kHandsOver[] = "the same, writing on a second thread";
+constexpr WritesOn kOne = WritesOn::TheReader;
+constexpr WritesOn kTwo = WritesOn::AThreadOfItsOwn;
 
-int Main() {
+constexpr LatencyRow kRows[] = {
+    {kSeen, false, kReads, kOne, &Latencies::seen, 1.05},
+    {kLit, false, kReadsAndWrites, kOne, &Latencies::lit, 1.15},
+    {kLit, false, kHandsOver, kTwo, &Latencies::lit, {}},
+    {kSeen, true, kReads, kOne, &Latencies::seen, {}},
+    {kLit, true, kReadsAndWrites, kOne, &Latencies::lit, 2},
+    {kLit, true, kHandsOver, kTwo, &Latencies::lit, {}},
+};
+
+void PressInTurns(benchmark::State& state, const Row& row, const LatencyRow& wanted) {
     virtual_touchpad::UnplugAll();
     const std::wstring path = virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
     virtual_touchpad::TouchpadControl touchpad;
     const acceptance::AgentDll agent;
-
-    PrintAll("", Measure(agent, path, touchpad), 1.05, 1.15);
-    agent.InitLogger(std::filesystem::temp_directory_path().c_str());
-    PrintAll(", logger running", Measure(agent, path, touchpad), {}, 2);
-    agent.UnInitLogger();
-    return 0;
+    const Logging logging(agent, wanted.logged);
+    TakeTurns(
+        state, row, [&] { return PressesOnAgent(agent, touchpad).*wanted.latency; },
+        [&] { return PressesOnBareHost(path, wanted.peerWritesOn, touchpad).*wanted.latency; });
 }
 
 }  // namespace
 
-int main() {
-    try {
-        return Main();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s\n", error.what());
-        return 1;
-    }
+int main(int argc, char** argv) {
+    return Run(argc, argv, [] {
+        for (const LatencyRow& wanted : kRows) {
+            const std::string what =
+                std::string(wanted.what) + (wanted.logged ? ", logger running" : "");
+            Register({what, wanted.peer, kMedians, wanted.target}, kTurns,
+                     [wanted](benchmark::State& state, const Row& row) {
+                         PressInTurns(state, row, wanted);
+                     })
+                ->UseManualTime();
+        }
+    });
 }

@@ -2,13 +2,12 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace bench {
 
-constexpr char kBareFunction[] = "SetButtonLight";
-constexpr char kBareMessage[] = "SetButtonLight for BUTTON_ID 2 (1)";
-
 // Each line: the size is asked, the file opened for appending, the line written, the file closed.
-void WriteBareLines(const std::filesystem::path& file, int lines);
+void WriteBareLines(const std::filesystem::path& file, const std::vector<std::string>& lines);
 
 }  // namespace bench

@@ -1,4 +1,4 @@
-#include "bench/native/BareScan.h"
+#include "bench/BareScan.h"
 
 #include <windows.h>
 
@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hid/HidHeaders.h"
+#include "touchpad/TouchpadUsages.h"
 
 namespace bench {
 namespace {
@@ -55,33 +56,39 @@ void Catalogue(const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed) {
     buttons(HidP_Output, caps.NumberOutputButtonCaps);
 }
 
-// The parsed descriptor stays with the one who turns an interface down, as in the agent's scan.
-bool Examine(const std::wstring& path) {
-    constexpr USAGE kTouchpad = 0x80;
-    const HANDLE file = CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
+// Has the caps of the interface and, when it is the touchpad's, the descriptor. The parsed
+// descriptor stays with the one who turns an interface down, as in the agent's scan.
+PHIDP_PREPARSED_DATA Examine(HANDLE file, HIDP_CAPS& caps) {
     PHIDP_PREPARSED_DATA preparsed = nullptr;
-    HidD_GetPreparsedData(file, &preparsed);
+    if (!HidD_GetPreparsedData(file, &preparsed)) return nullptr;
     HIDD_ATTRIBUTES attributes{};
     attributes.Size = sizeof(attributes);
-    HidD_GetAttributes(file, &attributes);
+    if (!HidD_GetAttributes(file, &attributes)) return nullptr;
+    if (HidP_GetCaps(preparsed, &caps) < 0) return nullptr;
+    const bool isTouchpad =
+        caps.UsagePage == vela::kTouchpadUsagePage && caps.Usage == vela::kTouchpadUsage;
+    return isTouchpad ? preparsed : nullptr;
+}
+
+bool IsTouchpad(const std::wstring& path) {
+    const HANDLE file = CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
     HIDP_CAPS caps{};
-    HidP_GetCaps(preparsed, &caps);
-    const bool isTouchpad = caps.Usage == kTouchpad;
-    if (isTouchpad) {
-        Catalogue(caps, preparsed);
-        HidD_FreePreparsedData(preparsed);
-    }
+    const PHIDP_PREPARSED_DATA preparsed = Examine(file, caps);
+    if (preparsed != nullptr) Catalogue(caps, preparsed);
     CloseHandle(file);
-    return isTouchpad;
+    if (preparsed != nullptr) HidD_FreePreparsedData(preparsed);
+    return preparsed != nullptr;
 }
 
 }  // namespace
 
-void BareScan() {
+std::wstring BareScan() {
     for (const std::wstring& path : Paths()) {
-        if (Examine(path)) return;
+        if (IsTouchpad(path)) return path;
     }
+    return {};
 }
 
 }  // namespace bench

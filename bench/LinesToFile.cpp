@@ -1,0 +1,76 @@
+#include "bench/LinesToFile.h"
+
+#include <fstream>
+#include <future>
+#include <stdexcept>
+#include <vector>
+
+#include "bench/BareLines.h"
+#include "bench/LogFolder.h"
+#include "bench/Row.h"
+#include "bench/Stopwatch.h"
+#include "log/ILog.h"
+
+namespace bench {
+namespace {
+
+constexpr int kTurns = 25;
+
+// From the first call until the last line is in the file.
+double TimeOfAgent(const LogFolder& folder, int lines) {
+    std::filesystem::remove(folder.AgentLog());
+    vela::ILog* const log = vela::GetLogger();
+    return Timed([&] {
+        log->Initialize(folder.ForAgent());
+        for (int i = 0; i < lines; ++i) {
+            log->Info("SetButtonLight for BUTTON_ID 2 (1)", "SetButtonLight");
+        }
+        log->UnInitialize();
+    });
+}
+
+// On a thread of its own, as the agent's writer: on Wine a process's first thread gets its answers
+// sooner than the others.
+double TimeOfBareLoop(const std::filesystem::path& file, const std::vector<std::string>& lines) {
+    std::filesystem::remove(file);
+    return Timed(
+        [&] { std::async(std::launch::async, [&] { WriteBareLines(file, lines); }).get(); });
+}
+
+// Each with its end, whatever the platform makes of that.
+std::vector<std::string> LinesOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);) lines.push_back(line + '\n');
+    return lines;
+}
+
+void WriteInTurns(benchmark::State& state, const Row& row, int count) {
+    const LogFolder folder;
+    const std::filesystem::path bareLog = folder.Path() / "bare.log";
+    TimeOfAgent(folder, count);
+    // The logger says one line of its own, at its end.
+    const std::vector<std::string> lines = LinesOf(folder.AgentLog());
+    const auto rate = [&](double time) { return static_cast<double>(lines.size()) / (time / 1e9); };
+    Pair rates;
+    for (auto _ : state) {
+        const double time = TimeOfAgent(folder, count);
+        state.SetIterationTime(time / 1e9);
+        rates.measured.Add(rate(time));
+        rates.peer.Add(rate(TimeOfBareLoop(bareLog, lines)));
+        if (std::filesystem::file_size(folder.AgentLog()) != std::filesystem::file_size(bareLog)) {
+            throw std::runtime_error("the two logs differ");
+        }
+    }
+    Tell(state, row, rates);
+}
+
+}  // namespace
+
+void RegisterLinesToFile(const std::string& what, int lines) {
+    Register({what, "bare loop", kRates, 0.9}, kTurns,
+             [lines](benchmark::State& state, const Row& row) { WriteInTurns(state, row, lines); })
+        ->UseManualTime();
+}
+
+}  // namespace bench

@@ -1,0 +1,10 @@
+// How fast the agent's lines reach the file, beside a bare loop that writes the very same lines.
+#pragma once
+
+#include <string>
+
+namespace bench {
+
+void RegisterLinesToFile(const std::string& what, int lines);
+
+}  // namespace bench
