@@ -1,0 +1,25 @@
+#include "bench/BareLines.h"
+
+#include <windows.h>
+
+#include <stdexcept>
+
+namespace bench {
+
+void WriteBareLines(const std::filesystem::path& file, const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) {
+        WIN32_FILE_ATTRIBUTE_DATA attributes{};
+        GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &attributes);
+        const HANDLE handle =
+            CreateFileW(file.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                        OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        const auto size = static_cast<DWORD>(line.size());
+        DWORD written = 0;
+        if (!WriteFile(handle, line.data(), size, &written, nullptr) || written != size) {
+            throw std::runtime_error("the bare log cannot be written");
+        }
+        CloseHandle(handle);
+    }
+}
+
+}  // namespace bench
