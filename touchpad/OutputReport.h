@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "hid/HIDInformation.h"
+#include "touchpad/ButtonUsages.h"
 #include "touchpad/TouchpadUsages.h"
 
 namespace vela {
@@ -20,9 +21,10 @@ class OutputReport {
         return HidP_SetUsageValue(HidP_Output, Page(), kNoLinkCollection, usage, value,
                                   information_.preparsedData, Data(), Length());
     }
-    NTSTATUS SetButtons(std::vector<USAGE> usages) {
-        auto count = static_cast<ULONG>(usages.size());
-        return HidP_SetUsages(HidP_Output, Page(), kNoLinkCollection, usages.data(), &count,
+    // The list is the platform's to change.
+    NTSTATUS SetButtons(ButtonUsages usages) {
+        ULONG count = usages.Count();
+        return HidP_SetUsages(HidP_Output, Page(), kNoLinkCollection, usages.Data(), &count,
                               information_.preparsedData, Data(), Length());
     }
     NTSTATUS UnsetButton(USAGE usage) {

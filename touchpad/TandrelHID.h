@@ -14,6 +14,8 @@
 #include <windows.h>
 
 #include "hid/HIDInformation.h"
+#include "sync/SlimMutex.h"
+#include "sync/Turnstile.h"
 #include "touchpad/ButtonTable.h"
 #include "touchpad/IHid.h"
 #include "touchpad/OverlappedOperation.h"
@@ -48,10 +50,12 @@ enum ActivationState : std::uint32_t {
 // The host's callbacks are called with no lock held.
 //
 // Lock order: Uninitialize holds `operationMutex_` and takes the others one at a time. Activate
-// holds `statusMutex_` while Update takes those it needs. The writer holds `queueMutex_` while a
-// write takes `deviceQueryMutex_` and then `lastReportMutex_`, so whoever queues a report waits for
-// the write in flight. A start of the heartbeat holds `heartbeatStartMutex_`. `productMutex_` and
-// the mutex of the operations are taken last, under any of these.
+// holds `statusMutex_` while Update takes those it needs. Whoever has a turn of `composers_` takes
+// `buttonMutex_` and then, when the earlier turns are over, `queueMutex_`; nobody draws a turn with
+// either of them. The writer holds `queueMutex_` while a write takes `deviceQueryMutex_` and then
+// `lastReportMutex_`, so whoever queues a report waits for the write in flight. A start of the
+// heartbeat holds `heartbeatStartMutex_`. `productMutex_` and the mutex of the operations are taken
+// last, under any of these.
 //
 // Some state is read and written without a lock, as the members say: one byte or pointer each,
 // where a reader that comes a moment early sees the older value.
@@ -128,10 +132,11 @@ class CTandrelHID : public IHid {
     void ReadInputReportThread();
     bool ReadInputReport(OverlappedOperation& read);
     void WriteOutputReportThread();
-    bool EnqueueOutputReport(std::vector<BYTE> report, bool force);
+    bool EnqueueOutputReport(const Turnstile::Turn& turn, std::vector<BYTE> report, bool force);
     bool WriteOutputReportInternal(const std::vector<BYTE>& report, bool force);
     bool WriteAndWait(const std::vector<BYTE>& report);
     bool WaitForWrite(OverlappedOperation& write, HANDLE device, DWORD& error);
+    bool IsLastReport(const std::vector<BYTE>& report);
     std::vector<BYTE> LastReport();
     void HeartbeatThread();
     void SendHeartbeat();
@@ -150,7 +155,8 @@ class CTandrelHID : public IHid {
     ULONG NextBreathingValue(const ButtonState& chat);
 
     // --- input handling (TandrelHIDInput.cpp) ---
-    void HandleInputReport(std::vector<BYTE>& report, ULONG usageCount);
+    // `usages`: a list of as many as a report can hold at once, whatever is in it.
+    void HandleInputReport(std::vector<BYTE>& report, std::vector<USAGE>& usages);
     void HandleFirmwareState(std::vector<BYTE>& report, const CHIDInformation& information);
     void HandleSync(UCHAR reportId, const PressedButton& button);
     void HandleButtonPress(UCHAR reportId, const PressedButton& button);
@@ -173,8 +179,11 @@ class CTandrelHID : public IHid {
     std::atomic<bool> stop_{false};
     std::thread readerThread_;
     std::thread writerThread_;
-    std::mutex queueMutex_;  // guards: outputQueue_, and held while the writer writes
-    std::condition_variable queueCondition_;
+    // Drawn from before a report is composed: reports are queued in this order, so that the last
+    // one shows whatever was set before it, however long its composer waited for the queue.
+    Turnstile composers_;
+    SlimMutex queueMutex_;  // guards: outputQueue_, and held while the writer writes
+    SlimConditionVariable queueCondition_;
     std::deque<OutputItem> outputQueue_;
     std::atomic<HANDLE> readEvent_{nullptr};   // auto-reset: one reader waits on it
     std::atomic<HANDLE> writeEvent_{nullptr};  // manual-reset: several writers may wait at once

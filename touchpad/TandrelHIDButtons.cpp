@@ -109,9 +109,10 @@ void CTandrelHID::Update(bool force) {
                          temporaryDisable, tabletModeDisable);
         return;
     }
+    const Turnstile::Turn turn(composers_);
     std::vector<BYTE> report = EmptyOutputReport();
     UpdateLedCtrl(report);
-    EnqueueOutputReport(std::move(report), force);
+    EnqueueOutputReport(turn, std::move(report), force);
 }
 
 bool CTandrelHID::UpdateVelaState() {
@@ -125,14 +126,14 @@ bool CTandrelHID::UpdateVelaState() {
     if (request.ReportID == kSecondLayoutReportId) return false;
 
     std::vector<BYTE> report = EmptyOutputReport();
-    if (OutputReport(*information, report).SetButtons({USAGE_REQUEST}) < 0) {
+    if (OutputReport(*information, report).SetButtons(ButtonUsages(USAGE_REQUEST)) < 0) {
         const auto error = static_cast<int>(GetLastError());
         GetLogger()->Log(kLogWarning, "UpdateVelaState",
                          "HidP_SetUsages HidP_Output USAGE_REQUEST GetLastError(%d).", error);
         return false;
     }
     GetLogger()->Log(kLogInfo, "UpdateVelaState", "UpdateVelaState.");
-    return EnqueueOutputReport(std::move(report), true);
+    return EnqueueOutputReport(Turnstile::Turn(composers_), std::move(report), true);
 }
 
 }  // namespace vela

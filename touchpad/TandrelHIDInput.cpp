@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "log/FunctionName.h"
 #include "log/ILog.h"
 #include "touchpad/TandrelHID.h"
 #include "touchpad/TouchpadUsages.h"
@@ -9,7 +10,7 @@
 namespace vela {
 namespace {
 
-constexpr const char* kFunction = "HandleInputReport";
+const FunctionName kFunction("HandleInputReport");
 
 // Bits of USAGE_FW_STATE.
 constexpr ULONG kFwTouchpadDisable = 0x80;
@@ -54,11 +55,11 @@ const CTandrelHID::InputUsage CTandrelHID::kInputUsages[] = {
     {USAGE_DISABLED, "Handle HID output report for disabled", &CTandrelHID::HandleDisabled, {}},
 };
 
-void CTandrelHID::HandleInputReport(std::vector<BYTE>& report, ULONG usageCount) {
+void CTandrelHID::HandleInputReport(std::vector<BYTE>& report, std::vector<USAGE>& usages) {
     const std::shared_ptr<const CHIDInformation> information = Information();
     const UCHAR reportId = report[0];
-    std::vector<USAGE> usages(usageCount);
-    ULONG found = usageCount;
+    std::fill(usages.begin(), usages.end(), USAGE{0});
+    auto found = static_cast<ULONG>(usages.size());
     const NTSTATUS status =
         HidP_GetUsages(HidP_Input, information->caps.UsagePage, kNoLinkCollection, usages.data(),
                        &found, information->preparsedData, reinterpret_cast<PCHAR>(report.data()),

@@ -38,8 +38,8 @@ NTSTATUS SwitchLights(const LedControl& row, bool lightOn, ULONG brightness, Out
     return report.SetValue(row.firstLight, lightOn ? 0 : brightness);
 }
 
-void SetActive(const std::vector<USAGE>& usages, OutputReport& report) {
-    if (usages.empty()) return;
+void SetActive(const ButtonUsages& usages, OutputReport& report) {
+    if (usages.IsEmpty()) return;
     const NTSTATUS status = report.SetButtons(usages);
     if (status >= 0) return;
     GetLogger()->Log(kLogError, kFunction, "HidP_SetUsages failed, status : %d",
@@ -91,17 +91,17 @@ void CTandrelHID::UpdateLedCtrl(std::vector<BYTE>& report) {
 }
 
 void CTandrelHID::ComposeLit(OutputReport& report) {
-    std::vector<USAGE> set;
-    std::vector<USAGE> unset;
+    ButtonUsages set;
+    ButtonUsages unset;
     for (const LedControl& row : LedControlTable) {
         // Without the table's lock: whoever changes a button queues another report right behind, so
         // a moment's older flag is soon put right, and no host call waits for a composition.
         const ButtonState button = buttons_.Meeting()[row.buttonId];
         if (button.enabled && button.visible) {
-            set.push_back(row.active);
+            set.Add(row.active);
             ComposeShownButton(row, button, report);
         } else {
-            unset.push_back(row.active);
+            unset.Add(row.active);
             ComposeHiddenButton(row, report);
         }
     }

@@ -85,7 +85,7 @@ std::uint32_t CTandrelHID::Initialize(const std::shared_ptr<const CHIDInformatio
     }
     {
         // What an earlier session left unsent was meant for another state, perhaps another device.
-        const std::lock_guard<std::mutex> lock(queueMutex_);
+        const std::lock_guard<SlimMutex> lock(queueMutex_);
         outputQueue_.clear();
     }
     try {
@@ -124,7 +124,7 @@ bool CTandrelHID::Uninitialize() {
         SetEvent(writeEvent_);
     }
     {
-        const std::lock_guard<std::mutex> lock(queueMutex_);
+        const std::lock_guard<SlimMutex> lock(queueMutex_);
         queueCondition_.notify_all();
     }
     if (IsDetachable()) StopHeartbeat();

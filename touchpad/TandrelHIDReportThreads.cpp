@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "log/FunctionName.h"
 #include "log/ILog.h"
 #include "touchpad/TandrelHID.h"
 
@@ -11,6 +12,8 @@ namespace {
 
 constexpr DWORD kWriteTimeLimitMs = 30000;
 
+const FunctionName kReader("ReadInputReportThread");
+
 }  // namespace
 
 void CTandrelHID::ReadInputReportThread() {
@@ -18,16 +21,15 @@ void CTandrelHID::ReadInputReportThread() {
     const std::size_t length = information->caps.InputReportByteLength;
     if (length == 0) return;
     OverlappedOperations::Pointer read = operations_.Make(std::vector<BYTE>(length));
-    const ULONG usageCount = HidP_MaxUsageListLength(HidP_Input, 0, information->preparsedData);
+    std::vector<USAGE> usages(HidP_MaxUsageListLength(HidP_Input, 0, information->preparsedData));
 
     while (!stop_) {
         // A wait that failed may have left the read behind with the kernel.
         if (read->IsWithKernel()) read = operations_.Make(std::vector<BYTE>(length));
         std::fill(read->bytes.begin(), read->bytes.end(), BYTE{0});
         if (!ReadInputReport(*read)) continue;
-        GetLogger()->Log(kLogInfo, "ReadInputReportThread", "HandleInputReport reportID 0x%x",
-                         read->bytes[0]);
-        HandleInputReport(read->bytes, usageCount);
+        GetLogger()->Log(kLogInfo, kReader, "HandleInputReport reportID 0x%x", read->bytes[0]);
+        HandleInputReport(read->bytes, usages);
     }
 }
 
@@ -52,8 +54,8 @@ bool CTandrelHID::ReadInputReport(OverlappedOperation& read) {
 
 void CTandrelHID::WriteOutputReportThread() {
     while (!stop_) {
-        std::unique_lock<std::mutex> lock(queueMutex_);
-        queueCondition_.wait(lock, [this] { return !outputQueue_.empty() || stop_; });
+        const std::lock_guard<SlimMutex> lock(queueMutex_);
+        queueCondition_.wait(queueMutex_, [this] { return !outputQueue_.empty() || stop_; });
         // Written with the queue locked: whoever queues a report waits for the write in flight, so
         // that a slow device holds its host back instead of piling reports up.
         while (!stop_ && !outputQueue_.empty()) {
@@ -64,8 +66,10 @@ void CTandrelHID::WriteOutputReportThread() {
     }
 }
 
-bool CTandrelHID::EnqueueOutputReport(std::vector<BYTE> report, bool force) {
-    const std::lock_guard<std::mutex> lock(queueMutex_);
+bool CTandrelHID::EnqueueOutputReport(const Turnstile::Turn& turn, std::vector<BYTE> report,
+                                      bool force) {
+    turn.Await();
+    const std::lock_guard<SlimMutex> lock(queueMutex_);
     outputQueue_.push_back({std::move(report), force});
     queueCondition_.notify_all();
     return true;
@@ -75,13 +79,18 @@ bool CTandrelHID::WriteOutputReportInternal(const std::vector<BYTE>& report, boo
     if (device_ == nullptr) return false;
     bool connected = false;
     if (GetDeviceConnectState(connected) && !connected) return false;
-    if (!force && report == LastReport()) return true;
+    if (!force && IsLastReport(report)) return true;
     if (!WriteAndWait(report)) return false;
     if (!force) {
         const std::lock_guard<std::mutex> lock(lastReportMutex_);
         lastReport_ = report;
     }
     return true;
+}
+
+bool CTandrelHID::IsLastReport(const std::vector<BYTE>& report) {
+    const std::lock_guard<std::mutex> lock(lastReportMutex_);
+    return report == lastReport_;
 }
 
 std::vector<BYTE> CTandrelHID::LastReport() {

@@ -1,6 +1,8 @@
 // The kernel's functions: handles, events, mutexes, files, overlapped I/O, modules, memory.
 #pragma once
 
+#include <pthread.h>
+
 #include <minwindef.h>
 #include <winnt.h>
 
@@ -43,6 +45,18 @@ typedef struct _OVERLAPPED {
 
 static_assert(sizeof(OVERLAPPED) == 32);
 
+// Pointers on the platform; here what serves as them.
+typedef struct _RTL_SRWLOCK {
+    pthread_mutex_t Mutex;
+} SRWLOCK, *PSRWLOCK;
+typedef struct _RTL_CONDITION_VARIABLE {
+    pthread_cond_t Condition;
+} CONDITION_VARIABLE, *PCONDITION_VARIABLE;
+#define SRWLOCK_INIT \
+    { PTHREAD_MUTEX_INITIALIZER }
+#define CONDITION_VARIABLE_INIT \
+    { PTHREAD_COND_INITIALIZER }
+
 // An atomic read, so that asking while the simulated kernel completes the operation is no data
 // race.
 #define HasOverlappedIoCompleted(lpOverlapped) \
@@ -63,6 +77,12 @@ DWORD WINAPI WaitForSingleObject(HANDLE hHandle, DWORD dwMilliseconds);
 HANDLE WINAPI OpenMutexW(DWORD dwDesiredAccess, BOOL bInheritHandle, LPCWSTR lpName);
 HANDLE WINAPI CreateMutexW(LPSECURITY_ATTRIBUTES lpMutexAttributes, BOOL bInitialOwner,
                            LPCWSTR lpName);
+
+void WINAPI AcquireSRWLockExclusive(PSRWLOCK SRWLock);
+void WINAPI ReleaseSRWLockExclusive(PSRWLOCK SRWLock);
+BOOL WINAPI SleepConditionVariableSRW(PCONDITION_VARIABLE ConditionVariable, PSRWLOCK SRWLock,
+                                      DWORD dwMilliseconds, ULONG Flags);
+void WINAPI WakeAllConditionVariable(PCONDITION_VARIABLE ConditionVariable);
 
 HANDLE WINAPI CreateFileW(LPCWSTR lpFileName, DWORD dwDesiredAccess, DWORD dwShareMode,
                           LPSECURITY_ATTRIBUTES lpSecurityAttributes, DWORD dwCreationDisposition,

@@ -2,6 +2,7 @@
 #include <thread>
 
 #include "tests/support/CompositionTest.h"
+#include "tests/support/WaitForLogLine.h"
 
 namespace {
 
@@ -11,6 +12,7 @@ using test_support::Bytes;
 using test_support::CompositionTest;
 using test_support::LightReport;
 using test_support::SetValueCall;
+using test_support::WaitForLogLine;
 using test_support::WrittenReports;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -216,18 +218,19 @@ TEST_F(BreathingTest, IsStillToBeStartedWhenTheChatLightCouldNotBeSet) {
 TEST_F(BreathingTest, AStopThatComesWhileItIsBeingStartedStays) {
     OpenForBreathing();
     // Another thread of the host stops the breathing while the report that starts it is composed.
-    bool stopped = false;
+    std::thread stopping;
     machine_.SetFaultPolicy([&](const simulator::Call& call) -> std::optional<Fault> {
-        if (call.Text() == SetValueCall(0xa2, kStart) && !stopped) {
-            stopped = true;
-            std::thread([this] { session_.SetButtonBreathing(kChat, false); }).join();
+        if (call.Text() == SetValueCall(0xa2, kStart) && !stopping.joinable()) {
+            stopping = std::thread([this] { session_.SetButtonBreathing(kChat, false); });
+            EXPECT_TRUE(WaitForLogLine(log_, "SetButtonBreathing for BUTTON_ID 2 (0)"));
         }
         return std::nullopt;
     });
     session_.SetButtonBreathing(kChat, true);
+    ASSERT_TRUE(stopping.joinable());
+    stopping.join();
     machine_.SetFaultPolicy(nullptr);
-    EXPECT_TRUE(stopped);
-    EXPECT_THAT(Written(), ElementsAre(AllLit(kNone), AllLit(kStart)));
+    EXPECT_THAT(Written(), ElementsAre(AllLit(kStart), AllLit(kNone)));
     EXPECT_EQ(Compose(), AllLit(kNone));
 }
 
