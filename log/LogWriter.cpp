@@ -24,8 +24,8 @@ void Logger::LogThreadProc() {
     while (!stop_) {
         LogEntry entry{};
         {
-            std::unique_lock<std::mutex> queueLock(queueMutex_);
-            queueCondition_.wait(queueLock, [this] { return !queue_.empty() || stop_; });
+            const std::lock_guard<SlimMutex> queueLock(queueMutex_);
+            queueCondition_.wait(queueMutex_, [this] { return !queue_.empty() || stop_; });
             if (stop_) break;
             entry = std::move(queue_.front());
             queue_.pop_front();
@@ -82,15 +82,20 @@ std::string Logger::FormatLogLine(std::uint32_t level, const std::string& messag
 
 void Logger::CheckErrorLogSize() {
     if (logPath_.empty()) return;
-    try {
-        const std::filesystem::path path(logPath_);
-        if (!std::filesystem::exists(path)) return;
-        if (std::filesystem::file_size(path) > kMaximumFileSize) BackupLogFile();
-    } catch (const std::filesystem::filesystem_error& error) {
-        // A debug entry, which is never written: a warning here would itself ask for the size
-        // again.
-        EnqueueLogEntry(kLogDebug, error.what(), false, "CheckErrorLogSize");
+    const std::filesystem::path path(logPath_);
+    // One question, asked for every line, answers both: whether there is a file, and its size.
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (!error) {
+        if (size > kMaximumFileSize) BackupLogFile();
+        return;
     }
+    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
+        return;
+    }
+    // A debug entry, which is never written: a warning here would itself ask for the size again.
+    const std::filesystem::filesystem_error failure("file_size", path, error);
+    EnqueueLogEntry(kLogDebug, failure.what(), false, "CheckErrorLogSize");
 }
 
 // Keeps one generation. Neither result is tested: a backup that cannot be made only lets the file

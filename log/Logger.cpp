@@ -2,11 +2,47 @@
 
 #include <windows.h>
 
+#include <array>
 #include <cstdarg>
 #include <cstdio>
-#include <vector>
+#include <utility>
 
 namespace vela {
+namespace {
+
+// All but a few of the agent's own texts fit.
+constexpr std::size_t kShortText = 256;
+
+// The text of one that is too long for a short one: measured first. Empty also when it cannot be
+// formatted.
+std::string FormatLongText(const char* format, va_list arguments) {
+    va_list again;
+    va_copy(again, arguments);
+    const int length = _vscprintf(format, arguments);
+    std::string text;
+    if (length > 0) {
+        // The formatter ends the text with a null character.
+        text.resize(static_cast<std::size_t>(length) + 1);
+        const int written = _vsnprintf(text.data(), text.size(), format, again);
+        text.resize(written > 0 ? static_cast<std::size_t>(written) : 0);
+    }
+    va_end(again);
+    return text;
+}
+
+std::string FormatText(const char* format, va_list arguments) {
+    std::array<char, kShortText> buffer;
+    va_list again;
+    va_copy(again, arguments);
+    const int written = _vsnprintf(buffer.data(), buffer.size(), format, arguments);
+    // Negative: the text is longer, or cannot be formatted, which measuring it will tell.
+    std::string text = written >= 0 ? std::string(buffer.data(), static_cast<std::size_t>(written))
+                                    : FormatLongText(format, again);
+    va_end(again);
+    return text;
+}
+
+}  // namespace
 
 Logger::Logger()
     : levelNames_{{kLogError, "ERROR"},
@@ -43,7 +79,7 @@ void Logger::UnInitialize() {
     if (--referenceCount_ > 0) return;
     EnqueueLogEntry(kLogInfo, "Logger::UnInitialize", true, "UnInitialize");
     {
-        const std::lock_guard<std::mutex> queueLock(queueMutex_);
+        const std::lock_guard<SlimMutex> queueLock(queueMutex_);
         stop_ = true;
         queueCondition_.notify_all();
     }
@@ -57,18 +93,10 @@ void Logger::Log(std::uint32_t level, const std::string& functionName, const cha
 
     va_list arguments;
     va_start(arguments, format);
-    const int length = _vscprintf(format, arguments);
+    std::string text = FormatText(format, arguments);
     va_end(arguments);
-    if (length < 0) return;
-
-    std::vector<char> text(static_cast<std::size_t>(length) + 1);
-    va_start(arguments, format);
-    const int written = _vsnprintf(text.data(), text.size(), format, arguments);
-    va_end(arguments);
-    if (written <= 0) return;
-
-    EnqueueLogEntry(level, std::string(text.data(), static_cast<std::size_t>(written)),
-                    level != kLogDebug, functionName);
+    if (text.empty()) return;
+    EnqueueLogEntry(level, std::move(text), level != kLogDebug, functionName);
 }
 
 void Logger::Debug(const std::string& message, const std::string& functionName) {
@@ -87,14 +115,14 @@ void Logger::Warning(const std::string& message, const std::string& functionName
     EnqueueLogEntry(kLogWarning, message, true, functionName);
 }
 
-void Logger::EnqueueLogEntry(std::uint32_t level, const std::string& message, bool write,
+void Logger::EnqueueLogEntry(std::uint32_t level, std::string message, bool write,
                              const std::string& functionName) {
     if (!running_ || stop_) return;
-    const std::lock_guard<std::mutex> queueLock(queueMutex_);
+    const std::lock_guard<SlimMutex> queueLock(queueMutex_);
     // Asked again under the lock that guards its setting: an entry appended after the stop would
     // race with the drain, which reads the queue without a lock.
     if (stop_) return;
-    queue_.push_back({level, message, write, functionName});
+    queue_.push_back({level, std::move(message), write, functionName});
     queueCondition_.notify_all();
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <atomic>
-#include <condition_variable>
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -11,6 +10,7 @@
 #include <thread>
 
 #include "log/ILog.h"
+#include "sync/SlimMutex.h"
 
 namespace vela {
 
@@ -38,7 +38,7 @@ class Logger : public ILog {
     void Warning(const std::string& message, const std::string& functionName) override;
 
  private:
-    void EnqueueLogEntry(std::uint32_t level, const std::string& message, bool write,
+    void EnqueueLogEntry(std::uint32_t level, std::string message, bool write,
                          const std::string& functionName);
 
     // On the writer thread.
@@ -57,8 +57,8 @@ class Logger : public ILog {
     std::atomic<bool> running_{false};
     std::atomic<bool> stop_{false};  // set under queueMutex_
     std::thread writerThread_;
-    std::mutex queueMutex_;  // guards: queue_, until the writer drains it after stop_
-    std::condition_variable queueCondition_;
+    SlimMutex queueMutex_;  // guards: queue_, until the writer drains it after stop_
+    SlimConditionVariable queueCondition_;
     std::deque<LogEntry> queue_;
     std::mutex initMutex_;  // guards: Initialize against UnInitialize, and referenceCount_
     std::uint32_t referenceCount_ = 0;

@@ -120,6 +120,25 @@ TEST_F(LoggerTest, StampsTheTimeOfWritingNotOfLogging) {
     std::filesystem::remove(file_);
 }
 
+// Short texts and long ones take different ways to the queue.
+TEST_F(LoggerTest, FormatsTextsOfEveryLength) {
+    AgentLog log;
+    std::vector<std::string> expected;
+    for (std::size_t length = 1; length <= 600; ++length) {
+        const std::string text(length - 1, static_cast<char>('a' + length % 26));
+        logger_.Log(kLogInfo, "f", "%s%d", text.c_str(), 7);
+        expected.push_back("INFO f: " + text + "7");
+    }
+    EXPECT_EQ(log.Texts(), expected);
+}
+
+TEST_F(LoggerTest, FormatsATextFarLongerThanAny) {
+    AgentLog log;
+    const std::string text(5000, 'x');
+    logger_.Log(kLogInfo, "f", "%s and %d", text.c_str(), 5);
+    EXPECT_THAT(log.Texts(), ElementsAre("INFO f: " + text + " and 5"));
+}
+
 TEST_F(LoggerTest, NamesAllLevels) {
     AgentLog log;
     logger_.Log(kLogError, "f", "a");
