@@ -49,12 +49,12 @@ struct ButtonCapability {
 template <typename Map, typename Caps>
 void Store(Map& map, std::uint32_t reportType, const Caps& caps) {
     if (!caps.IsRange) {
-        map[MakeCapsKey(reportType, caps.NotRange.Usage)] = caps;
+        map.insert_or_assign(MakeCapsKey(reportType, caps.NotRange.Usage), caps);
         return;
     }
     // Counted wider than a usage: a range may end at 0xFFFF.
     for (std::uint32_t usage = caps.Range.UsageMin; usage <= caps.Range.UsageMax; ++usage) {
-        map[MakeCapsKey(reportType, static_cast<std::uint16_t>(usage))] = caps;
+        map.insert_or_assign(MakeCapsKey(reportType, static_cast<std::uint16_t>(usage)), caps);
     }
 }
 

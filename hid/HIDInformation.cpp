@@ -20,10 +20,14 @@ bool LookUp(const Map& map, const std::wstring& key, Caps& out) {
 }  // namespace
 
 std::wstring MakeCapsKey(std::uint32_t reportType, std::uint16_t usage) {
-    std::wstring key =
-        reportType < std::size(kReportTypeNames) ? kReportTypeNames[reportType] : L"";
+    constexpr std::size_t kLongestKey = 17;  // "HID_FEATURE_65535"
+    std::wstring key;
+    key.reserve(kLongestKey);
+    if (reportType < std::size(kReportTypeNames)) key = kReportTypeNames[reportType];
     key += L'_';
-    key += std::to_wstring(usage);
+    // Digits are the same in narrow letters, which are made of a number without a format.
+    const std::string digits = std::to_string(usage);
+    key.append(digits.begin(), digits.end());
     return key;
 }
 

@@ -1,3 +1,4 @@
+#include <mutex>
 #include <stdexcept>
 
 #include "bench/Stopwatch.h"
@@ -27,7 +28,7 @@ BareHost::BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& 
 
 BareHost::~BareHost() {
     {
-        const std::lock_guard<std::mutex> lock(mutex_);
+        const std::lock_guard<vela::SlimMutex> lock(mutex_);
         stop_ = true;
         queued_.notify_all();
     }
@@ -48,16 +49,16 @@ void BareHost::Read() {
             Write(press);
             continue;
         }
-        const std::lock_guard<std::mutex> lock(mutex_);
+        const std::lock_guard<vela::SlimMutex> lock(mutex_);
         queue_.push_back(press);
         queued_.notify_all();
     }
 }
 
 void BareHost::WriteQueued() {
-    std::unique_lock<std::mutex> lock(mutex_);
+    const std::lock_guard<vela::SlimMutex> lock(mutex_);
     while (!stop_) {
-        queued_.wait(lock, [this] { return stop_ || !queue_.empty(); });
+        queued_.wait(mutex_, [this] { return stop_ || !queue_.empty(); });
         while (!queue_.empty()) {
             Write(queue_.front());
             queue_.pop_front();

@@ -2,14 +2,13 @@
 #pragma once
 
 #include <atomic>
-#include <condition_variable>
 #include <deque>
-#include <mutex>
 #include <string>
 #include <thread>
 
 #include <windows.h>
 
+#include "sync/SlimMutex.h"
 #include "tests/acceptance/AgentDll.h"
 #include "virtual-touchpad/control/TouchpadControl.h"
 
@@ -40,7 +39,7 @@ enum class WritesOn { TheReader, AThreadOfItsOwn };
 
 // Waits for a report, notes the time, writes one of two light reports and waits until it is
 // written: then and there, or on a second thread, as the agent has to, whose host may ask for
-// lights as well.
+// lights as well; that one is woken as the agent's is.
 class BareHost : public Host {
  public:
     BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad,
@@ -61,8 +60,8 @@ class BareHost : public Host {
     HANDLE writeEvent_;
     std::atomic<bool> stop_{false};
     std::atomic<double> seen_{0};
-    std::mutex mutex_;  // guards: queue_
-    std::condition_variable queued_;
+    vela::SlimMutex mutex_;  // guards: queue_
+    vela::SlimConditionVariable queued_;
     std::deque<std::size_t> queue_;
     std::thread writer_;  // only with a thread of its own
     std::thread reader_;
