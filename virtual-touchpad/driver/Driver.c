@@ -44,8 +44,11 @@ static NTSTATUS NTAPI DispatchMinidriverPnp(DEVICE_OBJECT* functionDevice, IRP* 
     if (minor == IRP_MN_REMOVE_DEVICE || minor == IRP_MN_SURPRISE_REMOVAL) {
         VirtualDevice* device = FindByFunctionDevice(functionDevice);
         if (device != NULL) {
-            CompleteAllIrps(&device->heldWrites, STATUS_DEVICE_NOT_CONNECTED);
-            CompleteAllIrps(&device->reads, STATUS_DEVICE_NOT_CONNECTED);
+            // Closed, not just emptied: the class driver's thread may be sending its next read. It
+            // would wait for that for ever, and the removal for the thread. What is removed never
+            // starts again; a device that comes back is added anew.
+            CloseIrpQueue(&device->heldWrites, STATUS_DEVICE_NOT_CONNECTED);
+            CloseIrpQueue(&device->reads, STATUS_DEVICE_NOT_CONNECTED);
             DeleteControlDevice(device);
             if (minor == IRP_MN_REMOVE_DEVICE) ForgetVirtualDevice(device);
             ReleaseVirtualDevice(device);

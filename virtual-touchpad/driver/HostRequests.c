@@ -40,7 +40,8 @@ static NTSTATUS Write(VirtualDevice* device, DEVICE_OBJECT* collection, IRP* irp
     held = device->holdsWrites;
     if (held) status = PushIrp(&device->heldWrites, irp);
     KeReleaseSpinLock(&device->lock, irql);
-    return held ? status : PassToClassDriver(collection, irp);
+    if (!held) return PassToClassDriver(collection, irp);
+    return status == STATUS_PENDING ? status : CompleteIrp(irp, status, 0);
 }
 
 void HoldWrites(VirtualDevice* device, BOOLEAN hold) {

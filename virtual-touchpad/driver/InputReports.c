@@ -47,6 +47,7 @@ NTSTATUS QueueInput(VirtualDevice* device, const UCHAR* bytes, ULONG length) {
 
 NTSTATUS QueueRead(VirtualDevice* device, IRP* irp) {
     const NTSTATUS status = PushIrp(&device->reads, irp);
+    if (status != STATUS_PENDING) return CompleteIrp(irp, status, 0);
     DeliverInputs(device);
     return status;
 }

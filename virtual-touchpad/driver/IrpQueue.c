@@ -5,7 +5,11 @@ static KSPIN_LOCK queuesLock;
 
 void InitializeIrpQueues(void) { KeInitializeSpinLock(&queuesLock); }
 
-void InitializeIrpQueue(IrpQueue* queue) { InitializeListHead(&queue->irps); }
+void InitializeIrpQueue(IrpQueue* queue) {
+    InitializeListHead(&queue->irps);
+    queue->closed = FALSE;
+    queue->closedStatus = STATUS_SUCCESS;
+}
 
 NTSTATUS CompleteIrp(IRP* irp, NTSTATUS status, ULONG_PTR information) {
     irp->IoStatus.Status = status;
@@ -27,12 +31,16 @@ static VOID NTAPI CancelQueuedIrp(DEVICE_OBJECT* device, IRP* irp) {
 NTSTATUS PushIrp(IrpQueue* queue, IRP* irp) {
     KIRQL irql;
     KeAcquireSpinLock(&queuesLock, &irql);
+    if (queue->closed) {
+        KeReleaseSpinLock(&queuesLock, irql);
+        return queue->closedStatus;
+    }
     IoSetCancelRoutine(irp, CancelQueuedIrp);
     // Cancelled before the routine was set: nobody else will complete it. If the routine is gone,
     // it runs already, waits for the lock and expects to find the request in the queue.
     if (irp->Cancel && IoSetCancelRoutine(irp, NULL) != NULL) {
         KeReleaseSpinLock(&queuesLock, irql);
-        return CompleteIrp(irp, STATUS_CANCELLED, 0);
+        return STATUS_CANCELLED;
     }
     IoMarkIrpPending(irp);
     InsertTailList(&queue->irps, &irp->Tail.Overlay.ListEntry);
@@ -68,6 +76,12 @@ ULONG CountIrps(IrpQueue* queue) {
     return count;
 }
 
-void CompleteAllIrps(IrpQueue* queue, NTSTATUS status) {
+void CloseIrpQueue(IrpQueue* queue, NTSTATUS status) {
+    KIRQL irql;
+    KeAcquireSpinLock(&queuesLock, &irql);
+    queue->closed = TRUE;
+    queue->closedStatus = status;
+    KeReleaseSpinLock(&queuesLock, irql);
+    // Nothing comes after these. Completed without the lock, as whoever sent them may send more.
     for (IRP* irp = PopIrp(queue); irp != NULL; irp = PopIrp(queue)) CompleteIrp(irp, status, 0);
 }

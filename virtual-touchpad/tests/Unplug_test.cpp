@@ -1,10 +1,38 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include "virtual-touchpad/tests/HostFile.h"
 #include "virtual-touchpad/tests/PluggedTouchpad.h"
 
 namespace virtual_touchpad {
 namespace {
+
+// Input reports, one after the other, while the object lives and the device is there.
+class PouringReports {
+ public:
+    explicit PouringReports(TouchpadControl& touchpad)
+        : thread_([this, &touchpad] { Pour(touchpad); }) {}
+    ~PouringReports() {
+        ended_ = true;
+        thread_.join();
+    }
+    PouringReports(const PouringReports&) = delete;
+    PouringReports& operator=(const PouringReports&) = delete;
+
+ private:
+    void Pour(TouchpadControl& touchpad) {
+        try {
+            while (!ended_) touchpad.SendEvent(0x40);
+        } catch (const std::runtime_error&) {
+            // The device is gone.
+        }
+    }
+
+    std::atomic<bool> ended_{false};
+    std::thread thread_;  // last: it uses the others
+};
 
 TEST(Unplug, APendingReadFails) {
     PluggedTouchpad touchpad;
@@ -61,6 +89,19 @@ TEST(Unplug, PluggingInAndOutManyTimes) {
         auto read = host.Read(3);
         touchpad.Control().SendEvent(0x40);
         ASSERT_TRUE(read->WaitFor(kSoon)) << "round " << i;
+    }
+}
+
+// The class driver fetches every report with a read of its own, so at any moment one may be on its
+// way to the driver that is told of the removal.
+TEST(Unplug, WorksWhileReportsPour) {
+    for (int i = 0; i < 5; ++i) {
+        PluggedTouchpad touchpad;
+        HostFile host(touchpad.Path());
+        auto read = host.Read(3);
+        PouringReports reports(touchpad.Control());
+        ASSERT_TRUE(read->WaitFor(kSoon)) << "round " << i;
+        touchpad.PullOut();
     }
 }
 
