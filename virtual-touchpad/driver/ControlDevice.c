@@ -5,6 +5,8 @@
 #include "Reports.h"
 
 #define NAME_ROOM (MAX_NAME_CHARS + 16)
+// One of those left to the drivers' makers; no device of the class driver has it.
+#define CONTROL_DEVICE_TYPE 0x8043
 
 static void MakeName(UNICODE_STRING* name, WCHAR* buffer, const WCHAR* folder, const WCHAR* link) {
     wcscpy(buffer, folder);
@@ -20,7 +22,7 @@ NTSTATUS CreateControlDevice(DRIVER_OBJECT* driver, VirtualDevice* device) {
     NTSTATUS status;
     MakeName(&deviceName, deviceBuffer, L"\\Device\\", device->configuration.controlLink);
     MakeName(&linkName, linkBuffer, L"\\DosDevices\\", device->configuration.controlLink);
-    status = IoCreateDevice(driver, 0, &deviceName, FILE_DEVICE_UNKNOWN, 0, FALSE,
+    status = IoCreateDevice(driver, 0, &deviceName, CONTROL_DEVICE_TYPE, 0, FALSE,
                             &device->controlDevice);
     if (!NT_SUCCESS(status)) return status;
     status = IoCreateSymbolicLink(&linkName, &deviceName);
@@ -29,6 +31,7 @@ NTSTATUS CreateControlDevice(DRIVER_OBJECT* driver, VirtualDevice* device) {
         device->controlDevice = NULL;
         return status;
     }
+    ObReferenceObject(device->controlDevice);
     device->controlDevice->Flags &= ~DO_DEVICE_INITIALIZING;
     return status;
 }
@@ -36,11 +39,16 @@ NTSTATUS CreateControlDevice(DRIVER_OBJECT* driver, VirtualDevice* device) {
 void DeleteControlDevice(VirtualDevice* device) {
     WCHAR linkBuffer[NAME_ROOM];
     UNICODE_STRING linkName;
-    if (device->controlDevice == NULL) return;
+    DEVICE_OBJECT* controlDevice = InterlockedExchangePointer((PVOID*)&device->controlDevice, NULL);
+    if (controlDevice == NULL) return;
     MakeName(&linkName, linkBuffer, L"\\DosDevices\\", device->configuration.controlLink);
     IoDeleteSymbolicLink(&linkName);
-    IoDeleteDevice(device->controlDevice);
-    device->controlDevice = NULL;
+    IoDeleteDevice(controlDevice);
+    RetireDeviceObject(controlDevice);
+}
+
+BOOLEAN IsControlObject(const DEVICE_OBJECT* object) {
+    return object->DeviceType == CONTROL_DEVICE_TYPE;
 }
 
 static void CopyState(VirtualDevice* device, VirtualHidState* state) {

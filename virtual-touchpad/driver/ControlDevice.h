@@ -7,5 +7,7 @@
 NTSTATUS CreateControlDevice(DRIVER_OBJECT* driver, VirtualDevice* device);
 void DeleteControlDevice(VirtualDevice* device);
 
+// True of a deleted one as well, as long as requests to it are under way.
+BOOLEAN IsControlObject(const DEVICE_OBJECT* object);
 // For requests to a control device.
 NTSTATUS DispatchControlRequest(VirtualDevice* device, IRP* irp);

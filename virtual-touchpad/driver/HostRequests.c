@@ -78,8 +78,12 @@ static NTSTATUS HostRequest(VirtualDevice* device, DEVICE_OBJECT* collection, IR
 
 static NTSTATUS NTAPI Dispatch(DEVICE_OBJECT* object, IRP* irp) {
     NTSTATUS status;
-    VirtualDevice* device = FindByControlDevice(object);
-    if (device != NULL) {
+    VirtualDevice* device;
+    if (IsControlObject(object)) {
+        device = FindByControlDevice(object);
+        // On its way while the device was removed. The class driver would take it for one of its
+        // own devices and spin on what is no lock.
+        if (device == NULL) return CompleteIrp(irp, STATUS_DEVICE_NOT_CONNECTED, 0);
         status = DispatchControlRequest(device, irp);
     } else if ((device = FindByCollection(object)) != NULL) {
         status = HostRequest(device, object, irp);

@@ -3,6 +3,10 @@
 static KSPIN_LOCK devicesLock;  // guards: the list, each device's device objects
 static LIST_ENTRY devices;
 
+#define MAX_RETIRED 64
+static DEVICE_OBJECT* retired[MAX_RETIRED];
+static LONG retiredCount;
+
 typedef BOOLEAN (*Matches)(const VirtualDevice* device, const DEVICE_OBJECT* object);
 
 void InitializeVirtualDevices(void) {
@@ -68,6 +72,9 @@ VirtualDevice* FindByControlDevice(const DEVICE_OBJECT* device) {
 
 void ReleaseVirtualDevice(VirtualDevice* device) {
     if (InterlockedDecrement(&device->references) != 0) return;
+    for (ULONG i = 0; i < MAX_COLLECTIONS; ++i) {
+        if (device->collections[i] != NULL) RetireDeviceObject(device->collections[i]);
+    }
     while (!IsListEmpty(&device->opens))
         ExFreePoolWithTag(RemoveHeadList(&device->opens), POOL_TAG);
     ExFreePoolWithTag(device, POOL_TAG);
@@ -82,10 +89,24 @@ void ForgetVirtualDevice(VirtualDevice* device) {
 }
 
 void SetCollections(VirtualDevice* device, const DEVICE_RELATIONS* relations) {
+    DEVICE_OBJECT* previous[MAX_COLLECTIONS];
     KIRQL irql;
     KeAcquireSpinLock(&devicesLock, &irql);
     for (ULONG i = 0; i < MAX_COLLECTIONS; ++i) {
-        device->collections[i] = i < relations->Count ? relations->Objects[i] : NULL;
+        DEVICE_OBJECT* collection = i < relations->Count ? relations->Objects[i] : NULL;
+        previous[i] = collection != device->collections[i] ? device->collections[i] : NULL;
+        if (collection == device->collections[i]) continue;
+        if (collection != NULL) ObReferenceObject(collection);
+        device->collections[i] = collection;
     }
     KeReleaseSpinLock(&devicesLock, irql);
+    for (ULONG i = 0; i < MAX_COLLECTIONS; ++i) {
+        if (previous[i] != NULL) RetireDeviceObject(previous[i]);
+    }
+}
+
+void RetireDeviceObject(DEVICE_OBJECT* object) {
+    const ULONG place = (ULONG)InterlockedIncrement(&retiredCount) % MAX_RETIRED;
+    DEVICE_OBJECT* oldest = InterlockedExchangePointer((PVOID*)&retired[place], object);
+    if (oldest != NULL) ObDereferenceObject(oldest);
 }

@@ -55,3 +55,7 @@ void ReleaseVirtualDevice(VirtualDevice* device);
 void ForgetVirtualDevice(VirtualDevice* device);
 
 void SetCollections(VirtualDevice* device, const DEVICE_RELATIONS* relations);
+
+// Takes over a reference to the device object. Wine still dispatches the requests that were under
+// way when it was deleted, so it is freed only after some more have been retired.
+void RetireDeviceObject(DEVICE_OBJECT* object);
