@@ -51,6 +51,9 @@ typedef struct VirtualHidState {
     uint32_t otherOpens;      /* handles open now without either */
     uint32_t heldWrites;      /* writes pending because writes are held */
     uint32_t queuedInputs;    /* input reports that nobody has fetched yet */
+    uint32_t enumerations;    /* times the system has been told of the device's collections; after
+                               * the second it has dealt with the first to the end */
+    uint32_t reserved;
 } VirtualHidState;
 
 typedef struct VirtualHidOutput {

@@ -60,6 +60,7 @@ static void CopyState(VirtualDevice* device, VirtualHidState* state) {
     state->featureSetCount = device->featureSetCount;
     state->featureGetCount = device->featureGetCount;
     state->queuedInputs = device->inputCount;
+    state->enumerations = device->enumerations;
     CountOpens(device, state);
     KeReleaseSpinLock(&device->lock, irql);
 }

@@ -94,6 +94,19 @@ static NTSTATUS NTAPI Dispatch(DEVICE_OBJECT* object, IRP* irp) {
     return status;
 }
 
+// Wine starts a device's collections, whose interfaces appear then, and only afterwards notes whose
+// they are; those of a device that is removed in between stay behind for ever. It deals with one
+// invalidation after the other, so it is asked to ask again: when it does, the collections are
+// noted.
+static void CountEnumeration(VirtualDevice* device, DEVICE_OBJECT* physicalDevice) {
+    BOOLEAN isFirst;
+    KIRQL irql;
+    KeAcquireSpinLock(&device->lock, &irql);
+    isFirst = device->enumerations++ == 0;
+    KeReleaseSpinLock(&device->lock, irql);
+    if (isFirst) IoInvalidateDeviceRelations(physicalDevice, BusRelations);
+}
+
 // The collections of a device are what the class driver answers for its bus relations.
 static NTSTATUS NTAPI DispatchPnp(DEVICE_OBJECT* object, IRP* irp) {
     const IO_STACK_LOCATION* stack = IoGetCurrentIrpStackLocation(irp);
@@ -105,7 +118,10 @@ static NTSTATUS NTAPI DispatchPnp(DEVICE_OBJECT* object, IRP* irp) {
     const NTSTATUS status = PassToClassDriver(object, irp);
     if (device == NULL) return status;
     if (status == STATUS_SUCCESS && answer != NULL && answer->Information != 0) {
-        SetCollections(device, (const DEVICE_RELATIONS*)answer->Information);
+        const DEVICE_RELATIONS* collections = (const DEVICE_RELATIONS*)answer->Information;
+        const HID_DEVICE_EXTENSION* extension = object->DeviceExtension;
+        SetCollections(device, collections);
+        if (collections->Count != 0) CountEnumeration(device, extension->PhysicalDeviceObject);
     }
     ReleaseVirtualDevice(device);
     return status;

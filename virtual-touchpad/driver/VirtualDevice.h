@@ -33,6 +33,7 @@ typedef struct VirtualDevice {
     BOOLEAN holdsWrites;
     NTSTATUS nextWriteStatus;
     NTSTATUS nextFeatureStatus;
+    ULONG enumerations;
     ULONGLONG outputCount;
     VirtualHidOutput outputs[VIRTUAL_HID_OUTPUT_HISTORY];  // number n at n % the size
     ULONG featureSetCount;

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "virtual-touchpad/control/ControlProtocol.h"
+#include "virtual-touchpad/control/VirtualDevice.h"
 #include "virtual-touchpad/plug/HidInterfaces.h"
 #include "virtual-touchpad/plug/RootDevice.h"
 
@@ -69,6 +70,10 @@ std::filesystem::path DefaultDriverFolder() {
 
 namespace {
 
+// The system shows the HID interface before it has noted whose it is; it would stay behind if the
+// device were removed in between.
+bool IsNoted(const std::wstring& name) { return VirtualDevice(name).State().enumerations >= 2; }
+
 // The path of the HID interface; empty when it did not appear, and the device is gone again then.
 std::wstring TryToPlug(const DeviceSettings& settings, const std::wstring& name,
                        const std::filesystem::path& driverFolder) {
@@ -77,8 +82,12 @@ std::wstring TryToPlug(const DeviceSettings& settings, const std::wstring& name,
     try {
         StartRootDevice(name, driverFolder);
         std::wstring path;
-        if (!WaitUntil([&] { return !(path = FindHidPath(link)).empty(); })) RemoveRootDevice(name);
-        return path;
+        if (WaitUntil([&] { return !(path = FindHidPath(link)).empty(); }) &&
+            WaitUntil([&] { return IsNoted(name); })) {
+            return path;
+        }
+        RemoveRootDevice(name);
+        return {};
     } catch (...) {
         try {
             RemoveRootDevice(name);

@@ -43,8 +43,8 @@ constexpr wchar_t kDefaultName[] = L"touchpad";
 // Where vtouchpad.inf, .sys and .cat are: the folder "virtual-touchpad" beside this program.
 std::filesystem::path DefaultDriverFolder();
 
-// Returns when the HID interface is there, with its path. A name holds letters, digits, '-' and '_'
-// and is told apart without regard to case.
+// Returns when the HID interface is there and the system is done with it, with its path. A name
+// holds letters, digits, '-' and '_' and is told apart without regard to case.
 std::wstring Plug(const DeviceSettings& settings, const std::wstring& name = kDefaultName,
                   const std::filesystem::path& driverFolder = DefaultDriverFolder());
 std::wstring Plug(const TouchpadLayout& layout, const std::wstring& name = kDefaultName,

@@ -92,6 +92,18 @@ TEST(Unplug, PluggingInAndOutManyTimes) {
     }
 }
 
+// The system shows a device's interface before it has noted whose it is; Plug waits for that.
+TEST(Unplug, RightAfterPluggingInLeavesNothingBehind) {
+    for (int i = 0; i < 20; ++i) {
+        PluggedTouchpad touchpad;
+        EXPECT_GE(touchpad.Device().State().enumerations, 2u) << "round " << i;
+        HostFile old(touchpad.Path(), 0);
+        touchpad.PullOut();
+        EXPECT_FALSE(HostFile(touchpad.Path(), 0).IsOpen()) << "round " << i;
+        EXPECT_NE(old.AttributesError(), ERROR_SUCCESS) << "round " << i;
+    }
+}
+
 // The class driver fetches every report with a read of its own, so at any moment one may be on its
 // way to the driver that is told of the removal.
 TEST(Unplug, WorksWhileReportsPour) {
