@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <array>
 #include <cstdarg>
 #include <cstdio>
 #include <utility>
@@ -31,12 +30,12 @@ std::string FormatLongText(const char* format, va_list arguments) {
 }
 
 std::string FormatText(const char* format, va_list arguments) {
-    std::array<char, kShortText> buffer;
+    char buffer[kShortText];
     va_list again;
     va_copy(again, arguments);
-    const int written = _vsnprintf(buffer.data(), buffer.size(), format, arguments);
+    const int written = _vsnprintf(buffer, kShortText, format, arguments);
     // Negative: the text is longer, or cannot be formatted, which measuring it will tell.
-    std::string text = written >= 0 ? std::string(buffer.data(), static_cast<std::size_t>(written))
+    std::string text = written >= 0 ? std::string(buffer, static_cast<std::size_t>(written))
                                     : FormatLongText(format, again);
     va_end(again);
     return text;
