@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <system_error>
 #include <thread>
 
@@ -170,10 +169,7 @@ TEST_F(LoggerLifecycle, WritesAMessageThatEndsBeforeItsBytesDo) {
     AgentLog log;
     logger_.Info(std::string("a\0b", 3), "f");
     log.Finish();
-    std::ifstream stream(log.File(), std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    EXPECT_THAT(text.str(), testing::HasSubstr(std::string("} a\0b\n", 6)));
+    EXPECT_THAT(test_support::FileText(log.File()), testing::HasSubstr(std::string("} a\0b\n", 6)));
 }
 
 }  // namespace

@@ -10,7 +10,6 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <thread>
 
 #include "log/ILog.h"
@@ -22,6 +21,7 @@ namespace {
 
 using simulator::Machine;
 using test_support::AgentLog;
+using test_support::FileText;
 using test_support::LogFileIn;
 using test_support::MakeTemporaryFolder;
 using test_support::ReadLogLines;
@@ -35,13 +35,6 @@ using vela::kLogInfo;
 using vela::kLogWarning;
 
 constexpr std::uintmax_t kLimit = 5242880;
-
-std::string FileText(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
 
 // Opens the reading end, which lets a waiting writer go on, and keeps it open: writers come and go.
 std::string ReadLinesOfPipe(const std::filesystem::path& file, int lines) {
@@ -120,25 +113,6 @@ TEST_F(LoggerTest, StampsTheTimeOfWritingNotOfLogging) {
     std::filesystem::remove(file_);
 }
 
-// Short texts and long ones take different ways to the queue.
-TEST_F(LoggerTest, FormatsTextsOfEveryLength) {
-    AgentLog log;
-    std::vector<std::string> expected;
-    for (std::size_t length = 1; length <= 600; ++length) {
-        const std::string text(length - 1, static_cast<char>('a' + length % 26));
-        logger_.Log(kLogInfo, "f", "%s%d", text.c_str(), 7);
-        expected.push_back("INFO f: " + text + "7");
-    }
-    EXPECT_EQ(log.Texts(), expected);
-}
-
-TEST_F(LoggerTest, FormatsATextFarLongerThanAny) {
-    AgentLog log;
-    const std::string text(5000, 'x');
-    logger_.Log(kLogInfo, "f", "%s and %d", text.c_str(), 5);
-    EXPECT_THAT(log.Texts(), ElementsAre("INFO f: " + text + " and 5"));
-}
-
 TEST_F(LoggerTest, NamesAllLevels) {
     AgentLog log;
     logger_.Log(kLogError, "f", "a");
@@ -181,47 +155,10 @@ TEST_F(LoggerTest, MakesNoFileBeforeInitialize) {
     EXPECT_FALSE(std::filesystem::exists(file_));
 }
 
-TEST_F(LoggerTest, DropsAnEmptyMessage) {
-    AgentLog log;
-    logger_.Log(kLogInfo, "f", "%s", "");
-    EXPECT_THAT(log.Texts(), IsEmpty());
-}
-
 TEST_F(LoggerTest, KeepsAnEmptyMessageOfANamedOperation) {
     AgentLog log;
     logger_.Info("", "f");
     EXPECT_THAT(log.Texts(), ElementsAre("INFO f: "));
-}
-
-TEST_F(LoggerTest, FormatsWideStrings) {
-    AgentLog log;
-    VELA_WIDE_FORMAT_BEGIN
-    logger_.Log(kLogInfo, "f", "Product string: %ws (%d)", L"vela", 7);
-    VELA_WIDE_FORMAT_END
-    EXPECT_THAT(log.Texts(), ElementsAre("INFO f: Product string: vela (7)"));
-}
-
-TEST_F(LoggerTest, DropsWhatCannotBeFormatted) {
-    AgentLog log;
-    VELA_WIDE_FORMAT_BEGIN
-    logger_.Log(kLogInfo, "f", "%ws", L"\u4f60");
-    VELA_WIDE_FORMAT_END
-    logger_.Log(kLogInfo, "f", "next");
-    EXPECT_THAT(log.Texts(), ElementsAre("INFO f: next"));
-}
-
-TEST_F(LoggerTest, WritesMessageBytesUnchanged) {
-    AgentLog log;
-    logger_.Log(kLogInfo, "f", "%s", "\xC3\xA9\xFF");
-    EXPECT_THAT(log.Texts(), ElementsAre("INFO f: \xC3\xA9\xFF"));
-}
-
-TEST_F(LoggerTest, HasNoLimitOnTheLengthOfAMessage) {
-    AgentLog log;
-    const std::string longText(100000, 'a');
-    logger_.Log(kLogInfo, "f", "%s", longText.c_str());
-    log.Finish();
-    EXPECT_THAT(FileText(log.File()), testing::HasSubstr("} " + longText + "\n"));
 }
 
 TEST_F(LoggerTest, SecondInitializeOnlyCounts) {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <regex>
+#include <sstream>
 
 #include "log/ILog.h"
 
@@ -21,6 +22,13 @@ std::filesystem::path MakeTemporaryFolder() {
 
 std::filesystem::path LogFileIn(const std::filesystem::path& folder) {
     return folder.string() + "\\VelaAgent.log";
+}
+
+std::string FileText(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
 }
 
 std::vector<LogLine> ReadLogLines(const std::filesystem::path& file) {

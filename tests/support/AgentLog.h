@@ -46,6 +46,7 @@ std::filesystem::path MakeTemporaryFolder();
 // The path of the log file that the agent makes of a directory. Natively the backslash before
 // "VelaAgent.log" is part of the file's name, and the file lies beside the folder.
 std::filesystem::path LogFileIn(const std::filesystem::path& folder);
+std::string FileText(const std::filesystem::path& file);
 // The parsed lines of a log file; one that is not in the log's form fails the test.
 std::vector<LogLine> ReadLogLines(const std::filesystem::path& file);
 
