@@ -8,7 +8,6 @@
 #include <atomic>
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 #include <thread>
 
