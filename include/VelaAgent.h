@@ -26,9 +26,8 @@
  *     the same reason FreeLibrary is not for such a process.
  *  8. A light change is queued and written by a thread of the session's own. While writes are in
  *     flight (usually a few milliseconds; at most 30 seconds each, when a touchpad takes none)
- *     calls that queue another wait for them, and so does UnInit. Reports are written in the order
- *     of the calls, those of several threads too: the last one shows everything that was set
- *     before.
+ *     calls that queue another wait for them, and so does UnInit. Light reports are queued in the
+ *     order of the calls, those of several threads too.
  *  9. While the touchpad is disabled (VELA_STATUS_TEMPORARILY_DISABLED, VELA_STATUS_DISABLED) its
  *     lights are its own: changes are stored, answered with 1, and shown by the first light report
  *     afterwards.

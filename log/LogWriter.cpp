@@ -94,8 +94,7 @@ void Logger::CheckErrorLogSize() {
         return;
     }
     // A debug entry, which is never written: a warning here would itself ask for the size again.
-    const std::filesystem::filesystem_error failure("file_size", path, error);
-    EnqueueLogEntry(kLogDebug, failure.what(), false, "CheckErrorLogSize");
+    EnqueueLogEntry(kLogDebug, "file_size: " + error.message(), false, "CheckErrorLogSize");
 }
 
 // Keeps one generation. Neither result is tested: a backup that cannot be made only lets the file

@@ -14,8 +14,9 @@ void Turnstile::Await(std::uint64_t number) {
     passed_.wait(mutex_, [&] { return servedNumber_ == number; });
 }
 
-void Turnstile::Pass() {
+void Turnstile::Pass(std::uint64_t number) {
     const std::lock_guard<SlimMutex> lock(mutex_);
+    passed_.wait(mutex_, [&] { return servedNumber_ == number; });
     ++servedNumber_;
     passed_.notify_all();
 }

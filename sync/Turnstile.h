@@ -9,7 +9,8 @@ namespace vela {
 
 // A lock serves its waiters in any order, and a thread may be set aside before it gets to one. Here
 // a place in the order is drawn first, and whatever is prepared in between, Await lets its owner in
-// only after everybody who drew earlier. Any thread.
+// only after everybody who drew earlier. A mutex held meanwhile would have the preparing itself
+// wait. Any thread.
 class Turnstile {
  public:
     // A place in the order, to be drawn and given back by one thread.
@@ -19,10 +20,7 @@ class Turnstile {
             : turnstile_(turnstile), number_(turnstile.DrawNumber()) {}
         // Lets the next one in, also when its owner never went in; waits for the earlier ones
         // first.
-        ~Turn() {
-            Await();
-            turnstile_.Pass();
-        }
+        ~Turn() { turnstile_.Pass(number_); }
         Turn(const Turn&) = delete;
         Turn& operator=(const Turn&) = delete;
 
@@ -37,7 +35,7 @@ class Turnstile {
  private:
     std::uint64_t DrawNumber();
     void Await(std::uint64_t number);
-    void Pass();
+    void Pass(std::uint64_t number);
 
     SlimMutex mutex_;  // guards: both numbers
     SlimConditionVariable passed_;

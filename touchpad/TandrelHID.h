@@ -179,8 +179,8 @@ class CTandrelHID : public IHid {
     std::atomic<bool> stop_{false};
     std::thread readerThread_;
     std::thread writerThread_;
-    // Drawn from before a report is composed: reports are queued in this order, so that the last
-    // one shows whatever was set before it, however long its composer waited for the queue.
+    // Drawn from before a light report is composed: reports are queued in this order, so that the
+    // last one shows whatever was set before it, however long its composer waited for the queue.
     Turnstile composers_;
     SlimMutex queueMutex_;  // guards: outputQueue_, and held while the writer writes
     SlimConditionVariable queueCondition_;

@@ -11,7 +11,8 @@ int _vscprintf(const char* format, va_list arguments) {
 
 int _vsnprintf(char* buffer, std::size_t count, const char* format, va_list arguments) {
     const int length = std::vsnprintf(buffer, count, format, arguments);
-    return static_cast<std::size_t>(length) <= count ? length : -1;
+    // One that fits without its null character has lost its last letter here.
+    return static_cast<std::size_t>(length) < count ? length : -1;
 }
 
 }  // extern "C"

@@ -1,26 +1,29 @@
 // Whether something that is meant to let one thread in at a time does.
 #pragma once
 
+#include <atomic>
 #include <thread>
 #include <vector>
 
 namespace sync_test {
 
-// Four threads call `inside` under the guard that `enter` returns, over and over; `inside` is no
-// atomic step, so that two threads within it at once lose some of the calls. True when none was
-// lost.
+// Four threads count, over and over, while they hold what `enter` returns. They count in two steps,
+// so that two of them at it at once lose some. True when nothing was lost.
 template <typename Enter>
 bool KeepsThreadsApart(Enter enter) {
     constexpr int kThreads = 4;
     constexpr int kTimes = 2000;
     volatile int count = 0;
+    std::atomic<int> ready{0};
     std::vector<std::thread> threads;
     for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([&] {
+            ++ready;
+            while (ready < kThreads) std::this_thread::yield();
             for (int time = 0; time < kTimes; ++time) {
                 [[maybe_unused]] const auto guard = enter();
                 const int before = count;
-                if (time % 100 == 0) std::this_thread::yield();
+                if (time % 10 == 0) std::this_thread::yield();
                 count = before + 1;
             }
         });

@@ -1,6 +1,6 @@
 #include "VirtualDevice.h"
 
-static KSPIN_LOCK devicesLock;  // guards: the list, each device's device objects
+static KSPIN_LOCK devicesLock;  // guards: the list, each device's collections
 static LIST_ENTRY devices;
 
 #define MAX_RETIRED 64

@@ -72,9 +72,16 @@ namespace {
 
 // The system shows the HID interface before it has noted whose it is; it would stay behind if the
 // device were removed in between.
-bool IsNoted(const std::wstring& name) { return VirtualDevice(name).State().enumerations >= 2; }
+bool IsNoted(const std::wstring& name) {
+    try {
+        return VirtualDevice(name).State().enumerations >= 2;
+    } catch (const std::runtime_error&) {
+        return false;  // not there yet, or not any more
+    }
+}
 
-// The path of the HID interface; empty when it did not appear, and the device is gone again then.
+// The path of the HID interface; empty when it did not appear or the system was not done with it,
+// and the device is gone again then.
 std::wstring TryToPlug(const DeviceSettings& settings, const std::wstring& name,
                        const std::filesystem::path& driverFolder) {
     const std::wstring link = ControlLink(name);
@@ -107,7 +114,8 @@ std::wstring Plug(const DeviceSettings& settings, const std::wstring& name,
         std::wstring path = TryToPlug(settings, name, driverFolder);
         if (!path.empty()) return path;
     }
-    throw std::runtime_error("the driver runs, but no HID interface appeared");
+    throw std::runtime_error(
+        "the driver runs, but no HID interface appeared that the system was done with");
 }
 
 std::wstring Plug(const TouchpadLayout& layout, const std::wstring& name,
