@@ -90,7 +90,9 @@ class LayoutsTest : public VendorFileTest {
         WaitForLights([&](const Lights& lights) { return Describe(lights) == expected; });
         EXPECT_EQ(Describe(Touchpad().CurrentLights()), expected);
     }
-    std::vector<std::string> ErrorLines() const {
+    // Ends the log, which is written behind the calls.
+    std::vector<std::string> ErrorLines() {
+        agent_.UnInitLogger();
         std::vector<std::string> errors;
         for (const std::string& line : log_.Lines()) {
             if (line.rfind("{ERROR", 0) == 0) errors.push_back(line);
@@ -182,14 +184,14 @@ TEST_P(TouchpadsTest, AnswerQueriesAsTheyCan) {
     EXPECT_EQ(Touchpad().Device().LastSequence(), before + reports);
 
     const int hasClickMode = GetParam().hasClickMode ? 1 : 0;
-    const std::size_t linesBefore = log_.Lines().size();
     EXPECT_EQ(agent_.SetClickMode(1, 300), hasClickMode);
     EXPECT_EQ(agent_.GetClickMode(), static_cast<std::uint32_t>(hasClickMode));
     if (GetParam().hasClickMode) {
         EXPECT_EQ(Touchpad().Device().Feature(kClickModeReportId).value_or(Report{}),
                   (Report{kClickModeReportId, 0, 0x2C, 0x01, 0}));
     } else {
-        EXPECT_EQ(log_.Lines().size(), linesBefore);
+        agent_.UnInitLogger();
+        EXPECT_THAT(log_.Lines(), testing::Not(testing::Contains(testing::HasSubstr("ClickMode"))));
         EXPECT_EQ(Touchpad().Device().State().featureGetCount, 0U);
     }
 }
