@@ -27,9 +27,12 @@ TEST(ShareModes, ARefusedHandleNeitherReadsNorWrites) {
     PluggedTouchpad touchpad;
     HostFile holder(touchpad.Path(), kReadWrite, kExclusive);
     HostFile refused(touchpad.Path());
+    const DWORD openError = GetLastError();
     DWORD size = 0;
-    // It is no handle at all where CreateFile awaits the answer, as after the test of that.
-    if (refused.IsOpen()) {
+    if (!refused.IsOpen()) {
+        // No handle at all, where CreateFile awaits the answer, as after the test of that.
+        EXPECT_EQ(openError, ERROR_SHARING_VIOLATION);
+    } else {
         EXPECT_EQ(refused.Read(3)->Result(&size), ERROR_SHARING_VIOLATION);
         EXPECT_EQ(refused.WriteAndWait(Report(kOutputReportLength)), ERROR_SHARING_VIOLATION);
     }
