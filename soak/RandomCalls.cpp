@@ -53,7 +53,9 @@ constexpr Call kCalls[] = {
     [](const Agent& agent, Random& random) {
         agent.SetButtonBreathing(AnyButton(random), AnyFlag(random));
     },
-    [](const Agent& agent, Random& random) { agent.SetVelaBrightness(Below(random, 256)); },
+    [](const Agent& agent, Random& random) {
+        agent.SetVelaBrightness(Below(random, kBrighterThanStorms));
+    },
     [](const Agent& agent, Random&) { agent.GetVelaBrightness(); },
     [](const Agent& agent, Random& random) {
         agent.SetClickMode(Below(random, 3), static_cast<std::uint16_t>(Below(random, 1000)));

@@ -12,6 +12,9 @@ namespace soak {
 
 using Random = std::mt19937;
 
+// A random call's brightness is below it, so that a report with more was not made by one.
+constexpr std::uint32_t kBrighterThanStorms = 128;
+
 // Below `count`.
 inline std::uint32_t Below(Random& random, std::uint32_t count) {
     return static_cast<std::uint32_t>(random()) % count;

@@ -2,6 +2,7 @@
 // a plugged touchpad do nothing without one.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -13,6 +14,11 @@ namespace soak {
 
 using Bytes = std::vector<std::uint8_t>;
 using virtual_touchpad::TouchpadLayout;
+
+inline bool BeginsWith(const Bytes& report, const Bytes& beginning) {
+    return report.size() >= beginning.size() &&
+           std::equal(beginning.begin(), beginning.end(), report.begin());
+}
 
 class SoakTouchpad {
  public:
@@ -34,8 +40,9 @@ class SoakTouchpad {
     virtual void HoldWrites(bool hold) = 0;
     // Of the reports that the devices remember; those still to come count.
     virtual void ForgetWritten() = 0;
-    // Waits for a state request among the reports written since; the last light report before it.
-    virtual std::optional<Bytes> LightsBeforeRequest() = 0;
+    // Waits for a light report that begins with `known` among those written since, and behind it
+    // for a state request; the last light report before that one.
+    virtual std::optional<Bytes> LightsBeforeRequest(const Bytes& known) = 0;
 };
 
 }  // namespace soak

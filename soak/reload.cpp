@@ -93,7 +93,8 @@ class Reloading {
             agent.SetButtonVisible(button, 1);
         }
         agent.UpdateVelaState();
-        const std::optional<Bytes> lights = touchpad_->LightsBeforeRequest();
+        const std::optional<Bytes> lights =
+            touchpad_->LightsBeforeRequest({virtual_touchpad::kLightReportId});
         return lights && (*lights)[virtual_touchpad::kActiveBitsOffset] == 0x0F;
     }
 

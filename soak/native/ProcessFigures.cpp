@@ -5,6 +5,9 @@
 #include <cstddef>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <limits>
+#include <string>
 
 #include "simulator/Machine.h"
 
@@ -25,6 +28,19 @@ std::string KindOf(const std::string& handle) {
     return kind == "mutex" ? "Mutant" : kind;
 }
 
+// Of one of this process's threads: "123 (name) S 1 ...", with its flags in the seventh column
+// behind the name. One that is gone by now reads as empty.
+bool IsEnding(const std::filesystem::path& thread) {
+    constexpr unsigned kEnding = 0x4;  // the kernel's PF_EXITING
+    std::ifstream stat(thread / "stat");
+    stat.ignore(std::numeric_limits<std::streamsize>::max(), ')');
+    std::string ignored;
+    for (int column = 1; column < 7; ++column) stat >> ignored;
+    unsigned flags = kEnding;
+    stat >> flags;
+    return (flags & kEnding) != 0;
+}
+
 }  // namespace
 
 std::map<std::string, std::int64_t> OpenHandles() {
@@ -35,11 +51,11 @@ std::map<std::string, std::int64_t> OpenHandles() {
     return handles;
 }
 
+// A thread that was joined may still be listed for a while, on its last steps in the kernel.
 std::int64_t ThreadCount() {
     std::int64_t count = 0;
-    for ([[maybe_unused]] const auto& thread :
-         std::filesystem::directory_iterator("/proc/self/task")) {
-        ++count;
+    for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
+        if (!IsEnding(thread.path())) ++count;
     }
     return count;
 }

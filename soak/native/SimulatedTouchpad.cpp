@@ -43,12 +43,14 @@ class SimulatedTouchpad : public SoakTouchpad {
         device_->ForgetFeatureWrites();
         hapticTouchpad_->ForgetFeatureWrites();
     }
-    std::optional<Bytes> LightsBeforeRequest() override {
+    std::optional<Bytes> LightsBeforeRequest(const Bytes& known) override {
         std::optional<Bytes> lights;
         for (std::size_t next = 0; device_->WaitForOutputs(next + 1); ++next) {
             const Bytes report = device_->Outputs()[next];
-            if (report[0] == kRequestReportId) return lights;
-            if (report[0] == kLightReportId) lights = report;
+            if (report[0] == kLightReportId && (lights || BeginsWith(report, known))) {
+                lights = report;
+            }
+            if (report[0] == kRequestReportId && lights) return lights;
         }
         return std::nullopt;
     }

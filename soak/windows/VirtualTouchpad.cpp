@@ -66,14 +66,20 @@ class VirtualTouchpad : public SoakTouchpad {
         const std::lock_guard<std::mutex> lock(mutex_);
         if (device_ != nullptr) forgotten_ = device_->LastSequence();
     }
-    std::optional<Bytes> LightsBeforeRequest() override {
+    std::optional<Bytes> LightsBeforeRequest(const Bytes& known) override {
         const std::lock_guard<std::mutex> lock(mutex_);
         if (device_ == nullptr) return std::nullopt;
-        const auto request =
-            device_->WaitForOutput(virtual_touchpad::IsStateRequest, kPatience, forgotten_);
+        const auto knownLights = device_->WaitForOutput(
+            [&known](const virtual_touchpad::OutputReport& report) {
+                return BeginsWith(report.bytes, known);
+            },
+            kPatience, forgotten_);
+        if (!knownLights) return std::nullopt;
+        const auto request = device_->WaitForOutput(virtual_touchpad::IsStateRequest, kPatience,
+                                                    knownLights->sequence);
         if (!request) return std::nullopt;
-        std::optional<Bytes> lights;
-        for (const auto& report : device_->OutputReports(forgotten_)) {
+        Bytes lights = knownLights->bytes;
+        for (const auto& report : device_->OutputReports(knownLights->sequence)) {
             if (report.sequence > request->sequence) break;
             if (virtual_touchpad::IsLightReport(report)) lights = report.bytes;
         }
