@@ -54,8 +54,9 @@ class VirtualTouchpad : public SoakTouchpad {
         if (device_ == nullptr) return;
         device_->WaitForState([](const VirtualHidState& state) { return state.queuedInputs == 0; },
                               kPatience);
-        // What the class driver has fetched lies in its own queue, which nobody can ask for.
-        Sleep(300);
+        // What the class driver has fetched lies in its own queue, which nobody can ask for: some
+        // dozens of reports, which a busy machine, too, has read by then.
+        Sleep(1000);
     }
 
     void HoldWrites(bool hold) override {
