@@ -8,6 +8,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 #include "soak/Figures.h"
 #include "soak/HostCallbacks.h"
@@ -22,6 +23,7 @@ using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
 constexpr milliseconds kStorm{3000};
+constexpr milliseconds kPatience{10000};
 // The two events of a session, and what the host's threads of a storm leave to the runtime.
 constexpr std::int64_t kHeapOfASession = 8192;
 
@@ -85,8 +87,21 @@ class Meeting {
         owner_.Close();
         agent_.UnInitHapticTP();
         touchpad_->ForgetWritten();
-        now_ = {OpenHandles(),     ThreadCount(),  HeapInUse(),
+        WaitForThreads();
+        now_ = {OpenHandles(),     threads_,       HeapInUse(),
                 owner_.Sessions(), owner_.Scans(), HapticScans()};
+    }
+
+    // Closing tells the heartbeat of a touchpad that can be taken off to stop, and does not wait
+    // for it. More threads that stay for long are there to stay, and counted.
+    void WaitForThreads() {
+        const auto giveUp = steady_clock::now() + kPatience;
+        std::int64_t threads = ThreadCount();
+        while (threads > threads_ && steady_clock::now() < giveUp) {
+            std::this_thread::sleep_for(milliseconds(1));
+            threads = ThreadCount();
+        }
+        threads_ = threads;
     }
 
     void TellProgress(steady_clock::duration elapsed) {
@@ -158,6 +173,7 @@ class Meeting {
     Storm storm_{agent_, *touchpad_, owner_, log_};
     Random random_{std::random_device{}()};
     Figures figures_;
+    std::int64_t threads_ = ThreadCount();  // at the last rest
     Level first_;
     Level now_;
     std::int64_t comparisons_ = 0;
