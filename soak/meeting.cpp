@@ -51,6 +51,7 @@ class Meeting {
         owner_.Open(false);
         agent_.IsDetachable();
         owner_.Close();
+        now_.threads = ThreadCount();
         heapOfAScan_ = MeasureScan([this] { owner_.IsPresent(); });
         heapOfAHapticScan_ = MeasureScan([this] { agent_.IsHapticTPPresent(); });
     }
@@ -87,21 +88,21 @@ class Meeting {
         owner_.Close();
         agent_.UnInitHapticTP();
         touchpad_->ForgetWritten();
-        WaitForThreads();
-        now_ = {OpenHandles(),     threads_,       HeapInUse(),
+        const std::int64_t threads = ThreadsAtRest();
+        now_ = {OpenHandles(),     threads,        HeapInUse(),
                 owner_.Sessions(), owner_.Scans(), HapticScans()};
     }
 
     // Closing tells the heartbeat of a touchpad that can be taken off to stop, and does not wait
     // for it. More threads that stay for long are there to stay, and counted.
-    void WaitForThreads() {
+    std::int64_t ThreadsAtRest() const {
         const auto giveUp = steady_clock::now() + kPatience;
         std::int64_t threads = ThreadCount();
-        while (threads > threads_ && steady_clock::now() < giveUp) {
+        while (threads > now_.threads && steady_clock::now() < giveUp) {
             std::this_thread::sleep_for(milliseconds(1));
             threads = ThreadCount();
         }
-        threads_ = threads;
+        return threads;
     }
 
     void TellProgress(steady_clock::duration elapsed) {
@@ -173,7 +174,6 @@ class Meeting {
     Storm storm_{agent_, *touchpad_, owner_, log_};
     Random random_{std::random_device{}()};
     Figures figures_;
-    std::int64_t threads_ = ThreadCount();  // at the last rest
     Level first_;
     Level now_;
     std::int64_t comparisons_ = 0;

@@ -167,6 +167,7 @@ TEST_P(TouchpadsTest, TellTheirStatus) {
     calls.push_back("status 0");
     EXPECT_TRUE(WaitForCallbackCalls(calls.size()));
     EXPECT_EQ(CallbackCalls(), calls);
+    ExpectLights("camera 0/3 microphone 3/0 chat 3 share screen 3, active 1234, breathing 0");
 
     // The last event's own report is queued behind its callback; one still on its way would be
     // written after the session's last words. The press is told when it is queued, and other lights
