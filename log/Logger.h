@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "log/ILog.h"
-#include "sync/SlimMutex.h"
+#include "platform/SlimMutex.h"
 
 namespace vela {
 

@@ -14,8 +14,8 @@
 #include <windows.h>
 
 #include "hid/HIDInformation.h"
-#include "sync/SlimMutex.h"
-#include "sync/Turnstile.h"
+#include "platform/SlimMutex.h"
+#include "platform/Turnstile.h"
 #include "touchpad/ButtonTable.h"
 #include "touchpad/IHid.h"
 #include "touchpad/OverlappedOperation.h"

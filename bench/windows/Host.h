@@ -8,7 +8,7 @@
 
 #include <windows.h>
 
-#include "sync/SlimMutex.h"
+#include "platform/SlimMutex.h"
 #include "tests/acceptance/AgentDll.h"
 #include "virtual-touchpad/control/TouchpadControl.h"
 

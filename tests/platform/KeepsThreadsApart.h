@@ -5,7 +5,7 @@
 #include <thread>
 #include <vector>
 
-namespace sync_test {
+namespace platform_test {
 
 // Four threads count, over and over, while they hold what `enter` returns. They count in two steps,
 // so that two of them at it at once lose some. True when nothing was lost.
@@ -32,4 +32,4 @@ bool KeepsThreadsApart(Enter enter) {
     return count == kThreads * kTimes;
 }
 
-}  // namespace sync_test
+}  // namespace platform_test

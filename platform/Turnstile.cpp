@@ -1,4 +1,4 @@
-#include "sync/Turnstile.h"
+#include "platform/Turnstile.h"
 
 #include <mutex>
 

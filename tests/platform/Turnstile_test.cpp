@@ -9,8 +9,8 @@
 #include <thread>
 #include <vector>
 
-#include "sync/Turnstile.h"
-#include "tests/sync/KeepsThreadsApart.h"
+#include "platform/Turnstile.h"
+#include "tests/platform/KeepsThreadsApart.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ using vela::Turnstile;
 
 TEST(TurnstileTest, LetsOneThreadInAtATime) {
     Turnstile turnstile;
-    EXPECT_TRUE(sync_test::KeepsThreadsApart([&] {
+    EXPECT_TRUE(platform_test::KeepsThreadsApart([&] {
         auto turn = std::make_unique<Turnstile::Turn>(turnstile);
         turn->Await();
         return turn;

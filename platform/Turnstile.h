@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "sync/SlimMutex.h"
+#include "platform/SlimMutex.h"
 
 namespace vela {
 

@@ -5,8 +5,8 @@
 #include <mutex>
 #include <thread>
 
-#include "sync/SlimMutex.h"
-#include "tests/sync/KeepsThreadsApart.h"
+#include "platform/SlimMutex.h"
+#include "tests/platform/KeepsThreadsApart.h"
 
 namespace {
 
@@ -15,7 +15,8 @@ using vela::SlimMutex;
 
 TEST(SlimMutexTest, LetsOneThreadInAtATime) {
     SlimMutex mutex;
-    EXPECT_TRUE(sync_test::KeepsThreadsApart([&] { return std::unique_lock<SlimMutex>(mutex); }));
+    EXPECT_TRUE(
+        platform_test::KeepsThreadsApart([&] { return std::unique_lock<SlimMutex>(mutex); }));
 }
 
 TEST(SlimMutexTest, IsFreeWhileAThreadWaitsForACondition) {
