@@ -3,8 +3,8 @@
 
 #include "hid/HIDDiscovery.h"
 #include "include/VelaAgent.h"
-#include "interface/DeviceMutex.h"
 #include "interface/Singletons.h"
+#include "touchpad/DeviceMutex.h"
 
 using namespace vela;
 

@@ -1,11 +1,11 @@
-// Opening and closing the touchpad, and what the session asks of discovery.
+// Opening and closing the touchpad, and which collection it looks for.
 #include <windows.h>
 
 #include <exception>
 
-#include "interface/DeviceMutex.h"
-#include "interface/VendorList.h"
+#include "hid/VendorList.h"
 #include "log/ILog.h"
+#include "touchpad/DeviceMutex.h"
 #include "touchpad/TandrelHID.h"
 #include "touchpad/TouchpadUsages.h"
 

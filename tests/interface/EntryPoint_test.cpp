@@ -1,5 +1,5 @@
 // The library's entry point, which the platform calls under the loader's lock.
-#include "interface/ModuleHandle.h"
+#include "platform/ModuleHandle.h"
 #include "tests/support/AgentLog.h"
 #include "tests/support/LibraryFolder.h"
 

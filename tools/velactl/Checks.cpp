@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "VelaAgentVersion.h"
-#include "interface/VendorList.h"
+#include "hid/VendorList.h"
 #include "tools/velactl/EventQueue.h"
 #include "tools/velactl/FileVersion.h"
 #include "tools/velactl/Firmware.h"
@@ -11,6 +11,7 @@
 #include "tools/velactl/LogTail.h"
 #include "tools/velactl/Notes.h"
 #include "tools/velactl/Text.h"
+#include "touchpad/DeviceMutex.h"
 
 namespace velactl {
 namespace {
@@ -103,7 +104,7 @@ CheckResult CheckDevice(Patient& patient) {
 
 // By the mark that every session sets, also one of another user.
 CheckResult CheckOtherSessions(Patient&) {
-    const HANDLE mark = OpenMutexW(SYNCHRONIZE, FALSE, L"Global\\VelaDeviceMutex");
+    const HANDLE mark = OpenMutexW(SYNCHRONIZE, FALSE, vela::kSessionDeviceMutexName.c_str());
     if (mark != nullptr) CloseHandle(mark);
     if (mark == nullptr && GetLastError() != ERROR_ACCESS_DENIED) return Ok("no other session");
     return Failed("another process has a session open",

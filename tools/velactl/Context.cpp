@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "tools/velactl/LibraryModule.h"
+#include "platform/ModuleHandle.h"
 
 namespace velactl {
 namespace {
@@ -28,7 +28,8 @@ Context::Context(const Options& options)
 const vela_agent::Library& Context::Library() {
     if (!library_) {
         library_.emplace(dllFile_);
-        SetLibraryModule(library_->Module());
+        // "Vela.ini" is looked for beside the library, not beside this program.
+        vela::SetModuleHandle(library_->Module());
         if (!logFolder_.empty()) logger_.emplace(*library_, logFolder_);
     }
     return *library_;

@@ -1,6 +1,6 @@
 #include "tools/velactl/SessionQueries.h"
 
-#include "interface/VendorList.h"
+#include "hid/VendorList.h"
 #include "touchpad/TouchpadUsages.h"
 
 namespace velactl {

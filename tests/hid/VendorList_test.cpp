@@ -1,24 +1,20 @@
-// The vendor ids of "Vela.ini" and the touchpads that the session looks for because of them.
-#include "interface/VendorList.h"
+// The vendor ids of "Vela.ini", and the filters that the session has because of them.
+#include "hid/VendorList.h"
 
-#include "tests/support/ExportsTest.h"
+#include "tests/hid/HidTest.h"
 #include "tests/support/LibraryFolder.h"
 
+namespace hid_test {
 namespace {
 
-using simulator::Fault;
-using test_support::ExportsTest;
 using test_support::LibraryFolder;
-using test_support::TouchpadLayout;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using vela::GetVidsFromFile;
 
 std::string Skipped(const std::string& name) {
     return "WARNING GetVidsFromFile: stoul convert failed. " + name;
 }
 
-class VendorListTest : public ExportsTest {
+class VendorListTest : public HidTest {
  protected:
     // The vendor ids of the filters, each of which names the touchpad's collection.
     std::vector<std::uint16_t> FilterVendors() {
@@ -34,6 +30,8 @@ class VendorListTest : public ExportsTest {
     std::vector<std::string> FileCalls() const {
         return machine_.CallTexts({"GetModuleFileNameW", "GetPrivateProfileSectionNamesW"});
     }
+
+    vela::CTandrelHID session_;
 };
 
 // --- where the file is looked for ----------------------------------------------------------------
@@ -116,7 +114,7 @@ TEST_P(VendorFile, GivesVendorIdsAndFilters) {
     const LibraryFolder folder;
     folder.PutVelaIni(GetParam().text);
     EXPECT_EQ(GetVidsFromFile(), GetParam().vendorIds);
-    EXPECT_EQ(LogOf("GetVidsFromFile"), GetParam().log);
+    EXPECT_EQ(log_.TextsOf("GetVidsFromFile"), GetParam().log);
     EXPECT_EQ(FilterVendors(), GetParam().filters);
 }
 
@@ -187,28 +185,5 @@ TEST_F(VendorListTest, TheFileIsReadAnewEachTime) {
     EXPECT_THAT(FilterVendors(), ElementsAre(0x2F00));
 }
 
-// --- the touchpads that are found ----------------------------------------------------------------
-
-TEST_F(VendorListTest, InitOpensATouchpadOfAListedVendorOnly) {
-    const LibraryFolder folder;
-    folder.PutVelaIni("[1A2B]\n[2F00]\n");
-    Plug();
-    EXPECT_EQ(Init(), 2);
-    TouchpadLayout listed;
-    listed.vendorId = 0x2F00;
-    Plug(listed);
-    EXPECT_EQ(Init(), 1);
-    EXPECT_EQ(device_->OpenHandles(), 1U);
-}
-
-TEST_F(VendorListTest, WithoutAFileInitOpensTheDefaultVendorsTouchpadOnly) {
-    const LibraryFolder folder;
-    TouchpadLayout other;
-    other.vendorId = 0x1A2B;
-    Plug(other);
-    EXPECT_EQ(Init(), 2);
-    Plug();
-    EXPECT_EQ(Init(), 1);
-}
-
 }  // namespace
+}  // namespace hid_test

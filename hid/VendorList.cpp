@@ -1,4 +1,4 @@
-#include "interface/VendorList.h"
+#include "hid/VendorList.h"
 
 #include <windows.h>
 
@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "interface/ModuleHandle.h"
 #include "log/ILog.h"
+#include "platform/ModuleHandle.h"
 
 namespace vela {
 namespace {
@@ -15,7 +15,7 @@ namespace {
 constexpr DWORD kPathLength = 260;
 constexpr DWORD kSectionNamesLength = 4096;
 
-// Empty when the platform does not tell the library's whole path.
+// Empty when the platform gives no whole path of the library.
 std::wstring ConfigurationPath() {
     const HMODULE module = ModuleHandle();
     if (module == nullptr) return {};
