@@ -15,7 +15,9 @@ struct ValueCapability {
     static constexpr USHORT HIDP_CAPS::*kCounts[] = {&HIDP_CAPS::NumberInputValueCaps,
                                                      &HIDP_CAPS::NumberOutputValueCaps,
                                                      &HIDP_CAPS::NumberFeatureValueCaps};
-    static HidCapUsagePageList WantedPages(IHid& device) { return device.GetValueCapUsagePages(); }
+    static HidCapUsagePageList WantedPages(IDiscoveryQuery& query) {
+        return query.GetValueCapUsagePages();
+    }
     static NTSTATUS List(HIDP_REPORT_TYPE type, Caps* caps, USHORT* length,
                          PHIDP_PREPARSED_DATA preparsed) {
         return HidP_GetValueCaps(type, caps, length, preparsed);
@@ -32,7 +34,9 @@ struct ButtonCapability {
     static constexpr USHORT HIDP_CAPS::*kCounts[] = {&HIDP_CAPS::NumberInputButtonCaps,
                                                      &HIDP_CAPS::NumberOutputButtonCaps,
                                                      &HIDP_CAPS::NumberFeatureButtonCaps};
-    static HidCapUsagePageList WantedPages(IHid& device) { return device.GetButtonCapUsagePages(); }
+    static HidCapUsagePageList WantedPages(IDiscoveryQuery& query) {
+        return query.GetButtonCapUsagePages();
+    }
     static NTSTATUS List(HIDP_REPORT_TYPE type, Caps* caps, USHORT* length,
                          PHIDP_PREPARSED_DATA preparsed) {
         return HidP_GetButtonCaps(type, caps, length, preparsed);
@@ -59,14 +63,14 @@ void Store(Map& map, std::uint32_t reportType, const Caps& caps) {
 }
 
 template <typename Capability, typename Map>
-bool Fill(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed, Map& map) {
-    if (device == nullptr) return false;
-    const HidCapUsagePageList wantedPages = Capability::WantedPages(*device);
+bool Fill(IDiscoveryQuery* query, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed, Map& map) {
+    if (query == nullptr) return false;
+    const HidCapUsagePageList wantedPages = Capability::WantedPages(*query);
     if (wantedPages.empty()) return true;
 
     bool matched = false;
     for (const HidCapUsagePage& wanted : wantedPages) {
-        // A report type that the caps do not count goes to the platform with no room for an answer;
+        // A report type that the caps do not count goes to the platform with no room for a record;
         // its status decides.
         const bool counted = wanted.ReportType < std::size(Capability::kCounts);
         USHORT length = counted ? caps.*Capability::kCounts[wanted.ReportType] : USHORT{0};
@@ -97,14 +101,14 @@ bool Fill(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed, M
 
 }  // namespace
 
-bool FillValueCapUsagePages(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed,
-                            ValueCapsMap& map) {
-    return Fill<ValueCapability>(device, caps, preparsed, map);
+bool FillValueCapUsagePages(IDiscoveryQuery* query, const HIDP_CAPS& caps,
+                            PHIDP_PREPARSED_DATA preparsed, ValueCapsMap& map) {
+    return Fill<ValueCapability>(query, caps, preparsed, map);
 }
 
-bool FillButtonCapUsagePages(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed,
-                             ButtonCapsMap& map) {
-    return Fill<ButtonCapability>(device, caps, preparsed, map);
+bool FillButtonCapUsagePages(IDiscoveryQuery* query, const HIDP_CAPS& caps,
+                             PHIDP_PREPARSED_DATA preparsed, ButtonCapsMap& map) {
+    return Fill<ButtonCapability>(query, caps, preparsed, map);
 }
 
 }  // namespace vela

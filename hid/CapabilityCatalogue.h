@@ -2,17 +2,17 @@
 #pragma once
 
 #include "hid/HIDInformation.h"
-#include "touchpad/IHid.h"
+#include "hid/IDiscoveryQuery.h"
 
 namespace vela {
 
-// Catalogue the capabilities on the usage pages that the session wants, one entry per usage: a
+// Both catalogue the capabilities on the usage pages that the query wants, one entry per usage: a
 // range of n usages gives n entries. True when at least one capability was on a wanted page, or
-// when the session wants none; false, with a log line, when none was (the map is empty then) or the
-// platform refused the list (what was stored so far stays in the map). A null session gives false.
-bool FillValueCapUsagePages(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed,
-                            ValueCapsMap& map);
-bool FillButtonCapUsagePages(IHid* device, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed,
-                             ButtonCapsMap& map);
+// when the query wants none; false, with a log line, when none was (the map is empty then) or the
+// platform refused the list (what was stored so far stays in the map). A null query gives false.
+bool FillValueCapUsagePages(IDiscoveryQuery* query, const HIDP_CAPS& caps,
+                            PHIDP_PREPARSED_DATA preparsed, ValueCapsMap& map);
+bool FillButtonCapUsagePages(IDiscoveryQuery* query, const HIDP_CAPS& caps,
+                             PHIDP_PREPARSED_DATA preparsed, ButtonCapsMap& map);
 
 }  // namespace vela

@@ -17,11 +17,11 @@ bool MatchesFilter(const HidDeviceFilterList& filters, std::uint16_t vendorId,
     });
 }
 
-// Fills the record and returns true when the interface at `path` is what the session wants.
+// Fills the record and returns true when the interface at `path` is what the query wants.
 //
 // The parsed descriptor of an interface that is turned down stays allocated: freeing belongs to the
 // record alone, and only the chosen interface gets one. It is a small block per scanned interface.
-bool Examine(IHid& device, const std::wstring& path, CHIDInformation& record) {
+bool Examine(IDiscoveryQuery& query, const std::wstring& path, CHIDInformation& record) {
     // Without read or write access an interface opens even while another process holds it for
     // itself, and its attributes and descriptor can be read all the same.
     const FileHandle handle(CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE,
@@ -38,12 +38,12 @@ bool Examine(IHid& device, const std::wstring& path, CHIDInformation& record) {
     HIDP_CAPS caps{};
     if (HidP_GetCaps(preparsed, &caps) < 0) return false;
 
-    if (!MatchesFilter(device.GetHidDeviceFilters(), attributes.VendorID, caps)) return false;
+    if (!MatchesFilter(query.GetHidDeviceFilters(), attributes.VendorID, caps)) return false;
 
     ValueCapsMap valueCapsMap;
     ButtonCapsMap buttonCapsMap;
-    if (!FillValueCapUsagePages(&device, caps, preparsed, valueCapsMap) ||
-        !FillButtonCapUsagePages(&device, caps, preparsed, buttonCapsMap)) {
+    if (!FillValueCapUsagePages(&query, caps, preparsed, valueCapsMap) ||
+        !FillButtonCapUsagePages(&query, caps, preparsed, buttonCapsMap)) {
         return false;
     }
 
@@ -62,11 +62,11 @@ bool Examine(IHid& device, const std::wstring& path, CHIDInformation& record) {
 
 }  // namespace
 
-std::shared_ptr<CHIDInformation> ScanHIDInformation(IHid* device) {
+std::shared_ptr<CHIDInformation> ScanHIDInformation(IDiscoveryQuery* query) {
     auto record = std::make_shared<CHIDInformation>();
-    if (device == nullptr) return record;
+    if (query == nullptr) return record;
     for (const std::wstring& path : GetHidDevicePathList()) {
-        if (Examine(*device, path, *record)) break;
+        if (Examine(*query, path, *record)) break;
     }
     return record;
 }

@@ -71,7 +71,7 @@ TYPED_TEST(FillingTheCatalogue, SucceedsAtOnceWhenNothingIsWanted) {
     EXPECT_THAT(this->log_.Texts(), IsEmpty());
 }
 
-TYPED_TEST(FillingTheCatalogue, FailsSilentlyWithoutASession) {
+TYPED_TEST(FillingTheCatalogue, FailsSilentlyWithoutAQuery) {
     const ParsedDevice device(this->SomeFields());
     const HIDP_CAPS caps = device.Caps();
     this->map_[L"HID_INPUT_7"] = {};
@@ -85,7 +85,7 @@ TYPED_TEST(FillingTheCatalogue, FailsSilentlyWithoutASession) {
 TYPED_TEST(FillingTheCatalogue, AsksTheSessionOnceForItsOwnPagesOnly) {
     this->Fill(ParsedDevice(this->SomeFields()));
     const std::string pages = TypeParam::kFieldBits != 1 ? "value pages" : "button pages";
-    EXPECT_THAT(this->hid_.Questions(), ElementsAre(pages));
+    EXPECT_THAT(this->query_.Questions(), ElementsAre(pages));
 }
 
 // --- the platform's refusals ---------------------------------------------------------------------

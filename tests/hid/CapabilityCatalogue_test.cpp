@@ -64,8 +64,8 @@ TYPED_TEST(CapabilityCatalogue, HasNothingOfARangeThatEndsBeforeItStartsYetCount
     const auto preparsed = simulator::hid::AllocatePreparsedData(collection);
     this->Want({{1, kPage}});
 
-    EXPECT_TRUE(
-        TypeParam::kFill(&this->hid_, simulator::hid::CapsOf(*collection), preparsed, this->map_));
+    EXPECT_TRUE(TypeParam::kFill(&this->query_, simulator::hid::CapsOf(*collection), preparsed,
+                                 this->map_));
     EXPECT_THAT(this->Keys(), IsEmpty());
     EXPECT_THAT(this->log_.Texts(), IsEmpty());
     simulator::hid::FreePreparsedData(preparsed);

@@ -26,7 +26,7 @@ struct Values {
     static constexpr std::uint32_t kFieldBits = 8;
     static constexpr USHORT HIDP_CAPS::*kOutputCount = &HIDP_CAPS::NumberOutputValueCaps;
     static constexpr auto kFill = vela::FillValueCapUsagePages;
-    static constexpr auto kPages = &ScriptedHid::valuePages;
+    static constexpr auto kPages = &ScriptedQuery::valuePages;
     static std::vector<Caps> List(const ParsedDevice& device, HIDP_REPORT_TYPE type) {
         return device.ValueCaps(type);
     }
@@ -40,7 +40,7 @@ struct Buttons {
     static constexpr std::uint32_t kFieldBits = 1;
     static constexpr USHORT HIDP_CAPS::*kOutputCount = &HIDP_CAPS::NumberOutputButtonCaps;
     static constexpr auto kFill = vela::FillButtonCapUsagePages;
-    static constexpr auto kPages = &ScriptedHid::buttonPages;
+    static constexpr auto kPages = &ScriptedQuery::buttonPages;
     static std::vector<Caps> List(const ParsedDevice& device, HIDP_REPORT_TYPE type) {
         return device.ButtonCaps(type);
     }
@@ -81,13 +81,13 @@ class CatalogueTest : public HidTest {
         ReportDescriptorBuilder builder_ = Application();
     };
 
-    void Want(vela::HidCapUsagePageList pages) { hid_.*Kind::kPages = std::move(pages); }
+    void Want(vela::HidCapUsagePageList pages) { query_.*Kind::kPages = std::move(pages); }
 
     bool Fill(const ParsedDevice& device) { return Fill(device, device.Caps()); }
     // With caps that tell other counts than the device has.
     bool Fill(const ParsedDevice& device, const HIDP_CAPS& caps) {
         machine_.ForgetCalls();
-        return Kind::kFill(&hid_, caps, device.Preparsed(), map_);
+        return Kind::kFill(&query_, caps, device.Preparsed(), map_);
     }
 
     std::vector<std::wstring> Keys() const {

@@ -17,9 +17,9 @@ class DeviceFilter : public HidTest, public testing::WithParamInterface<FilterCa
 
 TEST_P(DeviceFilter, NeedsVendorPageAndUsageOfOneEntry) {
     const auto device = Plug();
-    hid_.filters = GetParam().filters;
+    query_.filters = GetParam().filters;
     EXPECT_EQ(Scan()->devicePath, GetParam().found ? device->Path() : L"");
-    EXPECT_EQ(hid_.Questions().front(), "filters");
+    EXPECT_EQ(query_.Questions().front(), "filters");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -49,7 +49,7 @@ TEST_F(DeviceFilters, LetTheDevicesOrderDecideNotTheirOwn) {
     later.vendorId = 0x0489;
     const auto first = Plug();
     Plug(later);
-    hid_.filters = {{0x0489, 0xFF80, 0x80}, {0x0488, 0xFF80, 0x80}};
+    query_.filters = {{0x0489, 0xFF80, 0x80}, {0x0488, 0xFF80, 0x80}};
     EXPECT_EQ(Scan()->devicePath, first->Path());
 }
 
@@ -58,7 +58,7 @@ TEST_F(DeviceFilters, ZeroInADeviceIsAVendorLikeAnyOther) {
     layout.vendorId = 0;
     const auto device = Plug(layout);
     EXPECT_TRUE(Scan()->devicePath.empty());
-    hid_.filters = {{0, 0xFF80, 0x80}};
+    query_.filters = {{0, 0xFF80, 0x80}};
     EXPECT_EQ(Scan()->devicePath, device->Path());
 }
 

@@ -42,7 +42,7 @@ TEST_P(FailingCandidate, IsClosedAndTheNextOneTaken) {
     for (const char* const question : {"filters", "value pages", "button pages"}) {
         questions.emplace_back(question);
     }
-    EXPECT_EQ(hid_.Questions(), questions);
+    EXPECT_EQ(query_.Questions(), questions);
 }
 
 // The list calls answer with a status and leave the last error alone.
@@ -98,7 +98,7 @@ TEST_F(SkippedCandidate, HasNoValueOnAnyWantedPage) {
     EXPECT_EQ(Scan()->devicePath, second->Path());
     EXPECT_THAT(log_.TextsOf("FillValueCapUsagePages"),
                 ElementsAre(NoMatch("FillValueCapUsagePages")));
-    EXPECT_THAT(hid_.Questions(),
+    EXPECT_THAT(query_.Questions(),
                 ElementsAre("filters", "value pages", "filters", "value pages", "button pages"));
 }
 

@@ -20,7 +20,7 @@ std::string OpenCall(const Device& device) {
 
 class HIDDiscoveryTest : public HidTest {};
 
-TEST_F(HIDDiscoveryTest, WithoutASessionGivesAnEmptyRecordAtOnce) {
+TEST_F(HIDDiscoveryTest, WithoutAQueryGivesAnEmptyRecordAtOnce) {
     Plug();
     const auto record = vela::ScanHIDInformation(nullptr);
     ASSERT_NE(record, nullptr);
@@ -38,7 +38,7 @@ TEST_F(HIDDiscoveryTest, WithoutDevicesGivesAnEmptyRecordSilently) {
     EXPECT_EQ(record->preparsedData, nullptr);
     EXPECT_THAT(record->valueCapsMap, IsEmpty());
     EXPECT_THAT(record->buttonCapsMap, IsEmpty());
-    EXPECT_THAT(hid_.Questions(), IsEmpty());
+    EXPECT_THAT(query_.Questions(), IsEmpty());
     EXPECT_EQ(machine_.CountCalls("CreateFileW"), 0U);
     EXPECT_THAT(log_.Texts(), IsEmpty());
 }
@@ -105,7 +105,8 @@ TEST_F(HIDDiscoveryTest, LooksWithoutAccessAndStopsAtTheFirstMatch) {
                     "HidP_GetValueCaps(feature, 3)",                                        //
                     "HidP_GetButtonCaps(input, 1)", "HidP_GetButtonCaps(output, 2)",        //
                     "CloseHandle(file#3)"));
-    EXPECT_THAT(hid_.Questions(), ElementsAre("filters", "filters", "value pages", "button pages"));
+    EXPECT_THAT(query_.Questions(),
+                ElementsAre("filters", "filters", "value pages", "button pages"));
 }
 
 TEST_F(HIDDiscoveryTest, IsLoggedWhileTheDeviceIsStillOpen) {
@@ -166,7 +167,7 @@ TEST_F(HIDDiscoveryTest, JudgesEachTopLevelCollectionOfADeviceByItself) {
     const auto devices = machine_.PlugAll(description);
     ASSERT_THAT(devices, SizeIs(2));
     EXPECT_EQ(Scan()->devicePath, devices[0]->Path());
-    hid_.filters = {{0x0488, 0xFF80, 0x81}};
+    query_.filters = {{0x0488, 0xFF80, 0x81}};
     EXPECT_EQ(Scan()->devicePath, devices[1]->Path());
 }
 
@@ -175,7 +176,7 @@ TEST_F(HIDDiscoveryTest, MayRunOnSeveralThreadsAtOnce) {
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&device] {
-            ScriptedHid session;
+            ScriptedQuery session;
             for (int round = 0; round < 25; ++round) {
                 const auto record = vela::ScanHIDInformation(&session);
                 EXPECT_EQ(record->devicePath, device->Path());

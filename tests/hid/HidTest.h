@@ -1,5 +1,5 @@
-// The stage of discovery's tests: a simulated machine, a log, and a session that says what it
-// wants. Whatever the agent took from the machine while a test ran, it has to have given back.
+// The stage of discovery's tests: a simulated machine, a log, and a query with what it wants.
+// Whatever the agent took from the machine while a test ran, it has to have given back.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@
 #include "hid/HIDDiscovery.h"
 #include "simulator/Machine.h"
 #include "tests/support/AgentLog.h"
-#include "tests/support/ScriptedHid.h"
+#include "tests/support/ScriptedQuery.h"
 #include "tests/support/TouchpadTest.h"
 
 namespace hid_test {
@@ -24,7 +24,7 @@ using simulator::Fault;
 using simulator::Machine;
 using test_support::AgentLog;
 using test_support::Describe;
-using test_support::ScriptedHid;
+using test_support::ScriptedQuery;
 using test_support::TouchpadLayout;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -42,7 +42,7 @@ class HidTest : public testing::Test {
     std::shared_ptr<Device> Plug(const TouchpadLayout& layout = {}) {
         return machine_.Plug(Describe(layout));
     }
-    std::shared_ptr<vela::CHIDInformation> Scan() { return vela::ScanHIDInformation(&hid_); }
+    std::shared_ptr<vela::CHIDInformation> Scan() { return vela::ScanHIDInformation(&query_); }
 
     // Parsed descriptors that are still allocated since the test began.
     std::size_t DescriptorsInUse() const {
@@ -51,7 +51,7 @@ class HidTest : public testing::Test {
 
     Machine& machine_ = Machine::Get();
     AgentLog log_;
-    ScriptedHid hid_;
+    ScriptedQuery query_;
 
  private:
     std::size_t descriptorsAtFirst_ = machine_.PreparsedDataInUse();

@@ -1,4 +1,4 @@
-// A device session that only says what it is looking for; opening one is not its business.
+// A discovery query with the filters and usage pages that a test gives it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,13 +7,13 @@
 #include <thread>
 #include <vector>
 
-#include "touchpad/IHid.h"
+#include "hid/IDiscoveryQuery.h"
 
 namespace test_support {
 
-class ScriptedHid : public vela::IHid {
+class ScriptedQuery final : public vela::IDiscoveryQuery {
  public:
-    // What discovery is told; at first what the button touchpad's session says.
+    // What discovery gets; at first what the button touchpad's session returns.
     vela::HidDeviceFilterList filters{{0x0488, 0xFF80, 0x80}};
     vela::HidCapUsagePageList valuePages{{0, 0xFF80}, {1, 0xFF80}, {2, 0xFF80}};
     vela::HidCapUsagePageList buttonPages{{0, 0xFF80}, {1, 0xFF80}};
@@ -31,20 +31,11 @@ class ScriptedHid : public vela::IHid {
         return buttonPages;
     }
 
-    std::uint32_t Initialize(const std::shared_ptr<const vela::CHIDInformation>&) override {
-        ADD_FAILURE() << "discovery opens no session";
-        return vela::kHidFailed;
-    }
-    bool Uninitialize() override {
-        ADD_FAILURE() << "discovery closes no session";
-        return false;
-    }
-
-    // "filters", "value pages", "button pages", in the order in which they were asked for.
+    // "filters", "value pages", "button pages", in the order in which discovery called for them.
     const std::vector<std::string>& Questions() const { return questions_; }
 
  private:
-    // A session is asked on the thread that scans, which here is the one that made it.
+    // Discovery calls on the thread that scans, which here is the one that made the query.
     void NoteQuestion(const char* question) {
         EXPECT_EQ(std::this_thread::get_id(), owner_);
         questions_.emplace_back(question);
