@@ -66,7 +66,7 @@ PHIDP_PREPARSED_DATA Examine(HANDLE file, HIDP_CAPS& caps) {
     if (!HidD_GetAttributes(file, &attributes)) return nullptr;
     if (HidP_GetCaps(preparsed, &caps) < 0) return nullptr;
     const bool isTouchpad =
-        caps.UsagePage == vela::kTouchpadUsagePage && caps.Usage == vela::kTouchpadUsage;
+        caps.UsagePage == vela::kTouchpadUsagePage && caps.Usage == vela::kMeetingButtonsUsage;
     return isTouchpad ? preparsed : nullptr;
 }
 

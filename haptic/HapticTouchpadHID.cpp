@@ -1,16 +1,11 @@
 #include "haptic/HapticTouchpadHID.h"
 
+#include "haptic/HapticDiscovery.h"
 #include "log/ILog.h"
 
 namespace vela {
 namespace {
 
-// The collection of a precision touchpad, whoever made it.
-constexpr USHORT kAnyVendor = 0;
-constexpr USAGE kDigitizerPage = 0x000D;
-constexpr USAGE kTouchPadUsage = 0x0005;
-
-constexpr USAGE kHapticsPage = 0x000E;
 constexpr USAGE USAGE_INTENSITY = 0x0023;
 constexpr USHORT kWholeCollection = 0;
 
@@ -41,14 +36,16 @@ struct CHapticTouchpadHID::IntensityReport {
 };
 
 HidDeviceFilterList CHapticTouchpadHID::GetHidDeviceFilters() {
-    return {{kAnyVendor, kDigitizerPage, kTouchPadUsage}};
+    return HapticDiscovery().GetHidDeviceFilters();
 }
 
 HidCapUsagePageList CHapticTouchpadHID::GetValueCapUsagePages() {
-    return {{HidP_Feature, kHapticsPage}};
+    return HapticDiscovery().GetValueCapUsagePages();
 }
 
-HidCapUsagePageList CHapticTouchpadHID::GetButtonCapUsagePages() { return {}; }
+HidCapUsagePageList CHapticTouchpadHID::GetButtonCapUsagePages() {
+    return HapticDiscovery().GetButtonCapUsagePages();
+}
 
 std::uint32_t CHapticTouchpadHID::Initialize(
     const std::shared_ptr<const CHIDInformation>& information) {

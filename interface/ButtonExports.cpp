@@ -65,7 +65,7 @@ VELA_BOOL IsSupportBiDirectionSwipe() {
                                gesture.ReportID == kSecondLayoutReportId &&
                                information->attributes.VendorID == kTouchpadVendorId &&
                                information->caps.UsagePage == kTouchpadUsagePage &&
-                               information->caps.Usage == kTouchpadUsage;
+                               information->caps.Usage == kMeetingButtonsUsage;
     return !isOlderFamily || information->attributes.VersionNumber >= kFirstVersionWithGesture;
 }
 

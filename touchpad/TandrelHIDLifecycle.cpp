@@ -3,11 +3,10 @@
 
 #include <exception>
 
-#include "hid/VendorList.h"
 #include "log/ILog.h"
 #include "touchpad/DeviceMutex.h"
 #include "touchpad/TandrelHID.h"
-#include "touchpad/TouchpadUsages.h"
+#include "touchpad/TouchpadDiscovery.h"
 
 namespace vela {
 
@@ -20,24 +19,15 @@ CTandrelHID::~CTandrelHID() {
 }
 
 HidDeviceFilterList CTandrelHID::GetHidDeviceFilters() {
-    HidDeviceFilterList filters;
-    for (const std::uint32_t vendorId : GetVidsFromFile()) {
-        // Vendor ids are 16 bits wide; a longer section name selects by its low bits.
-        filters.push_back(
-            {static_cast<std::uint16_t>(vendorId & 0xFFFF), kTouchpadUsagePage, kTouchpadUsage});
-    }
-    if (filters.empty()) filters.push_back({kTouchpadVendorId, kTouchpadUsagePage, kTouchpadUsage});
-    return filters;
+    return TouchpadDiscovery().GetHidDeviceFilters();
 }
 
 HidCapUsagePageList CTandrelHID::GetValueCapUsagePages() {
-    return {{HidP_Input, kTouchpadUsagePage},
-            {HidP_Output, kTouchpadUsagePage},
-            {HidP_Feature, kTouchpadUsagePage}};
+    return TouchpadDiscovery().GetValueCapUsagePages();
 }
 
 HidCapUsagePageList CTandrelHID::GetButtonCapUsagePages() {
-    return {{HidP_Input, kTouchpadUsagePage}, {HidP_Output, kTouchpadUsagePage}};
+    return TouchpadDiscovery().GetButtonCapUsagePages();
 }
 
 std::shared_ptr<const CHIDInformation> CTandrelHID::Information() const {

@@ -5,9 +5,10 @@
 
 namespace vela {
 
-// The collection that discovery looks for.
+// The vendor-defined top-level collection with the meeting buttons. A touchpad's fingers are in
+// another one, on the digitizer page.
 constexpr USAGE kTouchpadUsagePage = 0xFF80;
-constexpr USAGE kTouchpadUsage = 0x0080;
+constexpr USAGE kMeetingButtonsUsage = 0x0080;
 constexpr USHORT kTouchpadVendorId = 0x0488;
 
 // The report id of the touchpad's second report layout.

@@ -1,8 +1,9 @@
-// The vendor ids of "Vela.ini", and the filters that the session has because of them.
+// The vendor ids of "Vela.ini", and the filters that follow from them.
 #include "hid/VendorList.h"
 
 #include "tests/hid/HidTest.h"
 #include "tests/support/LibraryFolder.h"
+#include "touchpad/TouchpadDiscovery.h"
 
 namespace hid_test {
 namespace {
@@ -19,7 +20,8 @@ class VendorListTest : public HidTest {
     // The vendor ids of the filters, each of which names the touchpad's collection.
     std::vector<std::uint16_t> FilterVendors() {
         std::vector<std::uint16_t> vendors;
-        for (const vela::HidDeviceFilter& filter : session_.GetHidDeviceFilters()) {
+        for (const vela::HidDeviceFilter& filter :
+             vela::TouchpadDiscovery().GetHidDeviceFilters()) {
             EXPECT_EQ(filter.UsagePage, 0xFF80);
             EXPECT_EQ(filter.Usage, 0x80);
             vendors.push_back(filter.VendorID);
@@ -30,8 +32,6 @@ class VendorListTest : public HidTest {
     std::vector<std::string> FileCalls() const {
         return machine_.CallTexts({"GetModuleFileNameW", "GetPrivateProfileSectionNamesW"});
     }
-
-    vela::CTandrelHID session_;
 };
 
 // --- where the file is looked for ----------------------------------------------------------------

@@ -28,7 +28,7 @@ TEST_P(UsageConstants, HaveTheTouchpadsValues) { EXPECT_EQ(GetParam().value, Get
 
 INSTANTIATE_TEST_SUITE_P(Collection, UsageConstants,
                          testing::Values(Constant{"usage page", vela::kTouchpadUsagePage, 0xFF80},
-                                         Constant{"usage", vela::kTouchpadUsage, 0x80},
+                                         Constant{"usage", vela::kMeetingButtonsUsage, 0x80},
                                          Constant{"vendor id", vela::kTouchpadVendorId, 0x0488},
                                          Constant{"second layout", vela::kSecondLayoutReportId,
                                                   0x10},

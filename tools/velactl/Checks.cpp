@@ -12,6 +12,7 @@
 #include "tools/velactl/Notes.h"
 #include "tools/velactl/Text.h"
 #include "touchpad/DeviceMutex.h"
+#include "touchpad/TouchpadDiscovery.h"
 
 namespace velactl {
 namespace {
@@ -67,7 +68,7 @@ CheckResult CheckVendorFile(Patient& patient) {
     const auto file = patient.context.DllFile().parent_path() / "Vela.ini";
     TakeNotes();
     std::vector<std::string> selected;
-    for (const vela::HidDeviceFilter& filter : TouchpadQuery().GetHidDeviceFilters()) {
+    for (const vela::HidDeviceFilter& filter : vela::TouchpadDiscovery().GetHidDeviceFilters()) {
         selected.push_back(Hex(filter.VendorID));
     }
     const std::string finding = "looks for vendor " + Joined(selected);
@@ -88,7 +89,7 @@ CheckResult CheckVendorFile(Patient& patient) {
 CheckResult CheckDevice(Patient& patient) {
     if (!patient.isLoaded) return Skipped("no library to ask");
     const std::vector<HidCollection> collections = ListHidCollections();
-    TouchpadQuery query;
+    vela::TouchpadDiscovery query;
     const auto chosen = ChosenCollection(collections, query);
     if (chosen == nullptr) {
         return Failed(

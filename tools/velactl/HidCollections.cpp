@@ -46,7 +46,7 @@ std::vector<HidCollection> ListHidCollections() {
     return collections;
 }
 
-std::string ReasonAgainst(const HidCollection& collection, vela::IHid& query) {
+std::string ReasonAgainst(const HidCollection& collection, vela::IDiscoveryQuery& query) {
     if (!collection.problem.empty()) return collection.problem;
     vela::CHIDInformation& information = *collection.information;
     const vela::HidDeviceFilterList filters = query.GetHidDeviceFilters();
@@ -76,7 +76,7 @@ std::string ReasonAgainst(const HidCollection& collection, vela::IHid& query) {
 }
 
 std::shared_ptr<vela::CHIDInformation> ChosenCollection(
-    const std::vector<HidCollection>& collections, vela::IHid& query) {
+    const std::vector<HidCollection>& collections, vela::IDiscoveryQuery& query) {
     for (const HidCollection& collection : collections) {
         if (ReasonAgainst(collection, query).empty()) return collection.information;
     }

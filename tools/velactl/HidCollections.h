@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "hid/HIDInformation.h"
-#include "tools/velactl/SessionQueries.h"
+#include "hid/IDiscoveryQuery.h"
 
 namespace velactl {
 
@@ -22,10 +22,10 @@ std::vector<HidCollection> ListHidCollections();
 
 // Why the session turns this collection down; empty when it fits. Fills the capability catalogue of
 // one that fits.
-std::string ReasonAgainst(const HidCollection& collection, vela::IHid& query);
+std::string ReasonAgainst(const HidCollection& collection, vela::IDiscoveryQuery& query);
 
 // The one that the session chooses, its catalogue filled; null when none fits.
 std::shared_ptr<vela::CHIDInformation> ChosenCollection(
-    const std::vector<HidCollection>& collections, vela::IHid& query);
+    const std::vector<HidCollection>& collections, vela::IDiscoveryQuery& query);
 
 }  // namespace velactl

@@ -2,9 +2,11 @@
 #include <map>
 #include <tuple>
 
+#include "haptic/HapticDiscovery.h"
 #include "tools/velactl/Command.h"
 #include "tools/velactl/HidCollections.h"
 #include "tools/velactl/Text.h"
+#include "touchpad/TouchpadDiscovery.h"
 
 namespace velactl {
 namespace {
@@ -58,9 +60,10 @@ Rows RowsOf(const vela::CHIDInformation& information) {
 
 ExitCode ListCapabilities(Context& context, bool haptic) {
     context.Library();  // whose "Vela.ini" counts
-    TouchpadQuery touchpadQuery;
-    HapticQuery hapticQuery;
-    SessionQuery& query = haptic ? static_cast<SessionQuery&>(hapticQuery) : touchpadQuery;
+    vela::TouchpadDiscovery touchpadQuery;
+    vela::HapticDiscovery hapticQuery;
+    vela::IDiscoveryQuery& query =
+        haptic ? static_cast<vela::IDiscoveryQuery&>(hapticQuery) : touchpadQuery;
     const auto chosen = ChosenCollection(ListHidCollections(), query);
     if (chosen == nullptr) {
         throw Failure(haptic ? "no haptic touchpad found"

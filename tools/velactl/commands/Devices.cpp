@@ -1,14 +1,17 @@
 // velactl devices
+#include "haptic/HapticDiscovery.h"
 #include "tools/velactl/Command.h"
 #include "tools/velactl/HidCollections.h"
 #include "tools/velactl/Text.h"
+#include "touchpad/TouchpadDiscovery.h"
 
 namespace velactl {
 namespace {
 
 class Choice {
  public:
-    Choice(vela::IHid& query, const char* name, const std::vector<HidCollection>& collections)
+    Choice(vela::IDiscoveryQuery& query, const char* name,
+           const std::vector<HidCollection>& collections)
         : query_(query), name_(name), chosen_(ChosenCollection(collections, query)) {}
 
     // "chosen", or the reason against it; nothing for a collection of a quite different kind.
@@ -27,7 +30,7 @@ class Choice {
     }
 
  private:
-    vela::IHid& query_;
+    vela::IDiscoveryQuery& query_;
     const char* name_;
     std::shared_ptr<vela::CHIDInformation> chosen_;
 };
@@ -35,8 +38,8 @@ class Choice {
 ExitCode ListDevices(Context& context) {
     context.Library();  // whose "Vela.ini" counts
     const std::vector<HidCollection> collections = ListHidCollections();
-    TouchpadQuery touchpadQuery;
-    HapticQuery hapticQuery;
+    vela::TouchpadDiscovery touchpadQuery;
+    vela::HapticDiscovery hapticQuery;
     const Choice haptic(hapticQuery, "haptic touchpad", collections);
     const Choice touchpad(touchpadQuery, "touchpad", collections);
     Json rows = Json::array();
