@@ -1,7 +1,6 @@
 // The exports that control an open session: features, buttons, settings and queries.
 #include "include/VelaAgent.h"
 #include "interface/Singletons.h"
-#include "touchpad/TouchpadUsages.h"
 
 using namespace vela;
 
@@ -53,21 +52,7 @@ VELA_BOOL SetButtonBreathing(uint32_t buttonId, VELA_BOOL on) {
     return TouchpadSession().SetButtonBreathing(buttonId, on != 0);
 }
 
-VELA_BOOL IsSupportBiDirectionSwipe() {
-    const CTandrelHID& session = TouchpadSession();
-    const std::shared_ptr<const CHIDInformation> information = session.Information();
-    if (!session.IsInitialized() || information == nullptr) return 0;
-
-    // Only one family of touchpads ever lacked the gesture: its first firmware with it is 99.
-    constexpr USHORT kFirstVersionWithGesture = 99;
-    HIDP_BUTTON_CAPS gesture{};
-    const bool isOlderFamily = information->GetButtonCaps(HidP_Input, USAGE_GESTURE, gesture) &&
-                               gesture.ReportID == kSecondLayoutReportId &&
-                               information->attributes.VendorID == kTouchpadVendorId &&
-                               information->caps.UsagePage == kTouchpadUsagePage &&
-                               information->caps.Usage == kMeetingButtonsUsage;
-    return !isOlderFamily || information->attributes.VersionNumber >= kFirstVersionWithGesture;
-}
+VELA_BOOL IsSupportBiDirectionSwipe() { return TouchpadSession().IsSupportBiDirectionSwipe(); }
 
 VELA_BOOL UpdateVelaState() { return TouchpadSession().UpdateVelaState(); }
 

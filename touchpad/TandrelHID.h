@@ -107,6 +107,8 @@ class CTandrelHID : public IHid {
     // True when the question could be answered, that is while the session is open.
     bool GetDeviceConnectState(bool& connected);
     bool IsDetachable();
+    // False while the session is closed.
+    bool IsSupportBiDirectionSwipe() const;
     bool Enable(bool enable);
     bool IsEnabled() const { return featureEnabled_; }
     bool Activate(std::uint32_t value);

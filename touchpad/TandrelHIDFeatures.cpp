@@ -1,5 +1,6 @@
 // The host's two switches, Enable and Activate, and what the session knows of its device's plug.
 #include "log/ILog.h"
+#include "touchpad/BiDirectionSwipe.h"
 #include "touchpad/TandrelHID.h"
 
 namespace vela {
@@ -67,6 +68,11 @@ bool CTandrelHID::IsDetachable() {
         if (productString_.find(word) != std::wstring::npos) return true;
     }
     return false;
+}
+
+bool CTandrelHID::IsSupportBiDirectionSwipe() const {
+    const std::shared_ptr<const CHIDInformation> information = Information();
+    return initialized_ && information != nullptr && SupportsBiDirectionSwipe(*information);
 }
 
 bool CTandrelHID::Enable(bool enable) {
