@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "VelaAgentVersion.h"
+#include "hid/HIDDiscovery.h"
 #include "hid/VendorList.h"
 #include "tools/velactl/EventQueue.h"
 #include "tools/velactl/FileVersion.h"
@@ -88,9 +89,9 @@ CheckResult CheckVendorFile(Patient& patient) {
 
 CheckResult CheckDevice(Patient& patient) {
     if (!patient.isLoaded) return Skipped("no library to ask");
-    const std::vector<HidCollection> collections = ListHidCollections();
     vela::TouchpadDiscovery query;
-    const auto chosen = ChosenCollection(collections, query);
+    const auto collections = ExamineCollections(vela::GetHidDevicePathList(), query);
+    const HidCollection* const chosen = ChosenCollection(collections);
     if (chosen == nullptr) {
         return Failed(
             "none of " + std::to_string(collections.size()) + " HID collections is the touchpad",
@@ -98,9 +99,9 @@ CheckResult CheckDevice(Patient& patient) {
             "missing");
     }
     patient.isPresent = true;
-    return Ok("vendor " + Hex(chosen->attributes.VendorID) + ", product " +
-              Hex(chosen->attributes.ProductID) + ", firmware " +
-              Hex(chosen->attributes.VersionNumber));
+    const HIDD_ATTRIBUTES& attributes = chosen->examination.attributes;
+    return Ok("vendor " + Hex(attributes.VendorID) + ", product " + Hex(attributes.ProductID) +
+              ", firmware " + Hex(attributes.VersionNumber));
 }
 
 // By the mark that every session sets, also one of another user.

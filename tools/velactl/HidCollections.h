@@ -1,31 +1,26 @@
 // The machine's HID collections, judged as the agent's discovery judges them.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "hid/HIDInformation.h"
-#include "hid/IDiscoveryQuery.h"
+#include "hid/Examination.h"
 
 namespace velactl {
 
-// The path alone when nothing else could be read.
+// As it looks to one of the agent's sessions.
 struct HidCollection {
-    std::shared_ptr<vela::CHIDInformation> information;
+    std::wstring path;
     std::wstring product;
-    std::string problem;  // why it cannot be read; empty when it can
+    vela::Examination examination;  // its preparsed data was freed
+    std::string reasonAgainst;      // why the session turns it down; empty when it matches
 };
 
-// In the system's order, which is the order in which the agent looks at them.
-std::vector<HidCollection> ListHidCollections();
+// In the order of the paths.
+std::vector<HidCollection> ExamineCollections(const std::vector<std::wstring>& paths,
+                                              vela::IDiscoveryQuery& query);
 
-// Why the session turns this collection down; empty when it fits. Fills the capability catalogue of
-// one that fits.
-std::string ReasonAgainst(const HidCollection& collection, vela::IDiscoveryQuery& query);
-
-// The one that the session chooses, its catalogue filled; null when none fits.
-std::shared_ptr<vela::CHIDInformation> ChosenCollection(
-    const std::vector<HidCollection>& collections, vela::IDiscoveryQuery& query);
+// The one that the session chooses: the first that matches. Null when none does.
+const HidCollection* ChosenCollection(const std::vector<HidCollection>& collections);
 
 }  // namespace velactl

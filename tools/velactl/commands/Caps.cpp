@@ -3,6 +3,7 @@
 #include <tuple>
 
 #include "haptic/HapticDiscovery.h"
+#include "hid/HIDDiscovery.h"
 #include "tools/velactl/Command.h"
 #include "tools/velactl/HidCollections.h"
 #include "tools/velactl/Text.h"
@@ -37,9 +38,9 @@ void ForEachEntry(const Map& map, AddRow addRow) {
     }
 }
 
-Rows RowsOf(const vela::CHIDInformation& information) {
+Rows RowsOf(const vela::Examination& examination) {
     Rows rows;
-    ForEachEntry(information.valueCapsMap, [&](int type, USAGE usage, const HIDP_VALUE_CAPS& caps) {
+    ForEachEntry(examination.valueCapsMap, [&](int type, USAGE usage, const HIDP_VALUE_CAPS& caps) {
         Json row = Common(type, "value", caps.UsagePage, usage, caps.ReportID);
         row["bits"] = caps.BitSize;
         row["count"] = caps.ReportCount;
@@ -47,7 +48,7 @@ Rows RowsOf(const vela::CHIDInformation& information) {
         row["maximum"] = caps.LogicalMax;
         rows[{type, 0, usage}] = row;
     });
-    ForEachEntry(information.buttonCapsMap,
+    ForEachEntry(examination.buttonCapsMap,
                  [&](int type, USAGE usage, const HIDP_BUTTON_CAPS& caps) {
                      Json row = Common(type, "button", caps.UsagePage, usage, caps.ReportID);
                      for (const char* const of : {"bits", "count", "minimum", "maximum"}) {
@@ -64,14 +65,15 @@ ExitCode ListCapabilities(Context& context, bool haptic) {
     vela::HapticDiscovery hapticQuery;
     vela::IDiscoveryQuery& query =
         haptic ? static_cast<vela::IDiscoveryQuery&>(hapticQuery) : touchpadQuery;
-    const auto chosen = ChosenCollection(ListHidCollections(), query);
+    const auto collections = ExamineCollections(vela::GetHidDevicePathList(), query);
+    const HidCollection* const chosen = ChosenCollection(collections);
     if (chosen == nullptr) {
         throw Failure(haptic ? "no haptic touchpad found"
                              : "no touchpad found; \"velactl devices\" tells why not",
                       kNoTouchpad);
     }
     Json table = Json::array();
-    for (const auto& [key, row] : RowsOf(*chosen)) table.push_back(row);
+    for (const auto& [key, row] : RowsOf(chosen->examination)) table.push_back(row);
     context.Print(table);
     return kDone;
 }

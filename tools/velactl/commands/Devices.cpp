@@ -1,5 +1,6 @@
 // velactl devices
 #include "haptic/HapticDiscovery.h"
+#include "hid/HIDDiscovery.h"
 #include "tools/velactl/Command.h"
 #include "tools/velactl/HidCollections.h"
 #include "tools/velactl/Text.h"
@@ -8,53 +9,57 @@
 namespace velactl {
 namespace {
 
+// The machine's collections as one of the agent's sessions chooses among them.
 class Choice {
  public:
-    Choice(vela::IDiscoveryQuery& query, const char* name,
-           const std::vector<HidCollection>& collections)
-        : query_(query), name_(name), chosen_(ChosenCollection(collections, query)) {}
+    Choice(vela::IDiscoveryQuery& query, const char* name, const std::vector<std::wstring>& paths)
+        : kind_(query.GetHidDeviceFilters().front()),
+          name_(name),
+          collections_(ExamineCollections(paths, query)),
+          chosen_(ChosenCollection(collections_)) {}
 
-    // "chosen", or the reason against it; nothing for a collection of a quite different kind.
-    std::string Verdict(const HidCollection& collection) const {
-        if (collection.information == chosen_) return std::string("chosen as the ") + name_;
-        const std::string reason = ReasonAgainst(collection, query_);
-        return reason.empty() ? std::string("an earlier one is the ") + name_ : reason;
-    }
+    const HidCollection& Collection(std::size_t index) const { return collections_[index]; }
     bool IsOfThisKind(const HidCollection& collection) const {
-        const vela::HidDeviceFilter kind = query_.GetHidDeviceFilters().front();
-        const HIDP_CAPS& caps = collection.information->caps;
-        return caps.UsagePage == kind.UsagePage && caps.Usage == kind.Usage;
+        const HIDP_CAPS& caps = collection.examination.caps;
+        return caps.UsagePage == kind_.UsagePage && caps.Usage == kind_.Usage;
     }
-    bool IsChosen(const HidCollection& collection) const {
-        return collection.information == chosen_;
+    Json Row(const HidCollection& collection) const {
+        const vela::Examination& examination = collection.examination;
+        return {{"vendor", Hex(examination.attributes.VendorID)},
+                {"product", Hex(examination.attributes.ProductID)},
+                {"version", Hex(examination.attributes.VersionNumber)},
+                {"page", Hex(examination.caps.UsagePage)},
+                {"usage", Hex(examination.caps.Usage)},
+                {"name", Utf8(collection.product)},
+                {"chosen", &collection == chosen_},
+                {"verdict", Verdict(collection)},
+                {"path", Utf8(collection.path)}};
     }
 
  private:
-    vela::IDiscoveryQuery& query_;
+    std::string Verdict(const HidCollection& collection) const {
+        if (&collection == chosen_) return std::string("chosen as the ") + name_;
+        if (!collection.reasonAgainst.empty()) return collection.reasonAgainst;
+        return std::string("an earlier one is the ") + name_;
+    }
+
+    vela::HidDeviceFilter kind_;
     const char* name_;
-    std::shared_ptr<vela::CHIDInformation> chosen_;
+    std::vector<HidCollection> collections_;
+    const HidCollection* chosen_;
 };
 
 ExitCode ListDevices(Context& context) {
     context.Library();  // whose "Vela.ini" counts
-    const std::vector<HidCollection> collections = ListHidCollections();
     vela::TouchpadDiscovery touchpadQuery;
     vela::HapticDiscovery hapticQuery;
-    const Choice haptic(hapticQuery, "haptic touchpad", collections);
-    const Choice touchpad(touchpadQuery, "touchpad", collections);
+    const std::vector<std::wstring> paths = vela::GetHidDevicePathList();
+    const Choice haptic(hapticQuery, "haptic touchpad", paths);
+    const Choice touchpad(touchpadQuery, "touchpad", paths);
     Json rows = Json::array();
-    for (const HidCollection& collection : collections) {
-        const vela::CHIDInformation& information = *collection.information;
-        const Choice& judge = haptic.IsOfThisKind(collection) ? haptic : touchpad;
-        rows.push_back({{"vendor", Hex(information.attributes.VendorID)},
-                        {"product", Hex(information.attributes.ProductID)},
-                        {"version", Hex(information.attributes.VersionNumber)},
-                        {"page", Hex(information.caps.UsagePage)},
-                        {"usage", Hex(information.caps.Usage)},
-                        {"name", Utf8(collection.product)},
-                        {"chosen", judge.IsChosen(collection)},
-                        {"verdict", judge.Verdict(collection)},
-                        {"path", Utf8(information.devicePath)}});
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const Choice& choice = haptic.IsOfThisKind(haptic.Collection(i)) ? haptic : touchpad;
+        rows.push_back(choice.Row(choice.Collection(i)));
     }
     context.Print(rows);
     return kDone;
