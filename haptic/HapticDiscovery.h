@@ -9,6 +9,8 @@ namespace vela {
 // its feature reports. Keeps no state.
 class HapticDiscovery final : public IDiscoveryQuery {
  public:
+    virtual ~HapticDiscovery() = default;
+
     HidDeviceFilterList GetHidDeviceFilters() override;
     HidCapUsagePageList GetValueCapUsagePages() override;
     HidCapUsagePageList GetButtonCapUsagePages() override;

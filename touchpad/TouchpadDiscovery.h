@@ -10,6 +10,8 @@ namespace vela {
 // state: the file is read at each call.
 class TouchpadDiscovery final : public IDiscoveryQuery {
  public:
+    virtual ~TouchpadDiscovery() = default;
+
     HidDeviceFilterList GetHidDeviceFilters() override;
     HidCapUsagePageList GetValueCapUsagePages() override;
     HidCapUsagePageList GetButtonCapUsagePages() override;
