@@ -5,5 +5,7 @@ if(MSVC)
 else()
   target_compile_options(vela_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow
-    $<$<COMPILE_LANGUAGE:CXX>:-Wconversion>)
+    $<$<COMPILE_LANGUAGE:CXX>:-Wconversion>
+    # What platform/ThreadAnnotations.h says of mutexes and what they guard.
+    $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-Wthread-safety>)
 endif()

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "log/Logger.h"
+#include "platform/Lock.h"
 
 namespace vela {
 namespace {
@@ -24,8 +25,8 @@ void Logger::LogThreadProc() {
     while (!stop_) {
         LogEntry entry{};
         {
-            const std::lock_guard<SlimMutex> queueLock(queueMutex_);
-            queueCondition_.wait(queueMutex_, [this] { return !queue_.empty() || stop_; });
+            const Lock queueLock(queueMutex_);
+            while (queue_.empty() && !stop_) queueCondition_.wait(queueMutex_);
             if (stop_) break;
             entry = std::move(queue_.front());
             queue_.pop_front();
@@ -35,13 +36,14 @@ void Logger::LogThreadProc() {
     FlushLogQueue();
 }
 
-// Needs no lock: once the stop flag is set, nothing is queued any more.
+// Once the stop flag is set nothing is queued any more, so that this is all there is.
 void Logger::FlushLogQueue() {
-    while (!queue_.empty()) {
-        const LogEntry entry = std::move(queue_.front());
-        queue_.pop_front();
-        WriteLogEntry(entry);
+    std::deque<LogEntry> rest;
+    {
+        const Lock queueLock(queueMutex_);
+        rest.swap(queue_);
     }
+    for (const LogEntry& entry : rest) WriteLogEntry(entry);
 }
 
 void Logger::WriteLogEntry(const LogEntry& entry) {
@@ -49,7 +51,7 @@ void Logger::WriteLogEntry(const LogEntry& entry) {
     if (logPath_.empty()) return;
     CheckErrorLogSize();
 
-    const std::lock_guard<std::mutex> fileLock(fileMutex_);
+    const Lock fileLock(fileMutex_);
     try {
         // Opened anew for every line, so that rotation and outside readers never meet an open
         // handle.
@@ -101,7 +103,7 @@ void Logger::CheckErrorLogSize() {
 // grow, and the next line tries again.
 void Logger::BackupLogFile() {
     const std::wstring backupPath = logPath_ + L".old";
-    const std::lock_guard<std::mutex> fileLock(fileMutex_);
+    const Lock fileLock(fileMutex_);
     DeleteFileW(backupPath.c_str());
     MoveFileW(logPath_.c_str(), backupPath.c_str());
 }

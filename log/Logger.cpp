@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/Lock.h"
+
 namespace vela {
 namespace {
 
@@ -53,7 +55,7 @@ Logger::Logger()
 }
 
 void Logger::Initialize(const std::wstring& directory) {
-    const std::lock_guard<std::mutex> initLock(initMutex_);
+    const Lock initLock(initMutex_);
     if (running_) {
         ++referenceCount_;
         return;
@@ -73,12 +75,12 @@ void Logger::Initialize(const std::wstring& directory) {
 }
 
 void Logger::UnInitialize() {
-    const std::lock_guard<std::mutex> initLock(initMutex_);
+    const Lock initLock(initMutex_);
     if (!running_) return;
     if (--referenceCount_ > 0) return;
     EnqueueLogEntry(kLogInfo, "Logger::UnInitialize", true, "UnInitialize");
     {
-        const std::lock_guard<SlimMutex> queueLock(queueMutex_);
+        const Lock queueLock(queueMutex_);
         stop_ = true;
         queueCondition_.notify_all();
     }
@@ -117,9 +119,9 @@ void Logger::Warning(const std::string& message, const std::string& functionName
 void Logger::EnqueueLogEntry(std::uint32_t level, std::string message, bool write,
                              const std::string& functionName) {
     if (!running_ || stop_) return;
-    const std::lock_guard<SlimMutex> queueLock(queueMutex_);
-    // Asked again under the lock that guards its setting: an entry appended after the stop would
-    // race with the drain, which reads the queue without a lock.
+    const Lock queueLock(queueMutex_);
+    // Checked again under the lock that guards its setting: an entry appended after the stop would
+    // come after the last drain of the queue.
     if (stop_) return;
     queue_.push_back({level, std::move(message), write, functionName});
     queueCondition_.notify_all();

@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <deque>
 #include <map>
-#include <mutex>
 #include <string>
 #include <thread>
 
 #include "log/ILog.h"
+#include "platform/Mutex.h"
 #include "platform/SlimMutex.h"
 
 namespace vela {
@@ -53,15 +53,15 @@ class Logger : public ILog {
     std::wstring logPath_;  // changes only while no writer thread runs
     std::map<std::uint32_t, std::string> levelNames_;
     std::wstring fileName_;  // for a debugger's eye; Initialize appends the name itself
-    std::mutex fileMutex_;   // guards: rotation and every write to the file
+    Mutex fileMutex_;        // guards: rotation and every write to the file
     std::atomic<bool> running_{false};
     std::atomic<bool> stop_{false};  // set under queueMutex_
     std::thread writerThread_;
-    SlimMutex queueMutex_;  // guards: queue_, until the writer drains it after stop_
+    SlimMutex queueMutex_;  // guards: queue_
     SlimConditionVariable queueCondition_;
-    std::deque<LogEntry> queue_;
-    std::mutex initMutex_;  // guards: Initialize against UnInitialize, and referenceCount_
-    std::uint32_t referenceCount_ = 0;
+    std::deque<LogEntry> queue_ VELA_GUARDED_BY(queueMutex_);
+    Mutex initMutex_;  // guards: Initialize against UnInitialize, and referenceCount_
+    std::uint32_t referenceCount_ VELA_GUARDED_BY(initMutex_) = 0;
 };
 
 }  // namespace vela

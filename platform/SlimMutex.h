@@ -6,17 +6,19 @@
 
 #include <windows.h>
 
+#include "platform/ThreadAnnotations.h"
+
 namespace vela {
 
 // Exclusive, not recursive. Cannot fail to be taken. Whoever waits may be served in any order.
-class SlimMutex {
+class VELA_CAPABILITY SlimMutex {
  public:
     SlimMutex() = default;
     SlimMutex(const SlimMutex&) = delete;
     SlimMutex& operator=(const SlimMutex&) = delete;
 
-    void lock() { AcquireSRWLockExclusive(&lock_); }
-    void unlock() { ReleaseSRWLockExclusive(&lock_); }
+    void lock() VELA_ACQUIRE() { AcquireSRWLockExclusive(&lock_); }
+    void unlock() VELA_RELEASE() { ReleaseSRWLockExclusive(&lock_); }
 
  private:
     friend class SlimConditionVariable;
@@ -29,11 +31,10 @@ class SlimConditionVariable {
     SlimConditionVariable(const SlimConditionVariable&) = delete;
     SlimConditionVariable& operator=(const SlimConditionVariable&) = delete;
 
-    // With `mutex` locked by the caller, who has it again when `condition` holds; the condition is
-    // asked with the mutex locked.
-    template <typename Condition>
-    void wait(SlimMutex& mutex, Condition condition) {
-        while (!condition()) SleepConditionVariableSRW(&variable_, &mutex.lock_, INFINITE, 0);
+    // Gives `mutex` up until a notification, and takes it again. May return without one: the caller
+    // checks its condition in a loop.
+    void wait(SlimMutex& mutex) VELA_REQUIRES(mutex) {
+        SleepConditionVariableSRW(&variable_, &mutex.lock_, INFINITE, 0);
     }
     void notify_all() { WakeAllConditionVariable(&variable_); }
 

@@ -4,9 +4,9 @@
 #include "bench/RunningLogger.h"
 #include "bench/Stopwatch.h"
 #include "bench/native/BareComposition.h"
-#include "bench/native/ComposeOperation.h"
 #include "bench/native/Sleeper.h"
 #include "bench/native/Stage.h"
+#include "touchpad/LedReport.h"
 
 namespace {
 
@@ -26,11 +26,17 @@ double TimeOfCalls(BareComposition& bare) {
 void ComposeBesideCalls(benchmark::State& state, const Row& row) {
     Stage stage;
     BareComposition bare = BareCompositionOf(stage);
-    vela::CTandrelHID& session = stage.Session();
-    const Compose compose = ComposeOperation();
-    std::vector<BYTE> report(session.Information()->caps.OutputReportByteLength);
+    const vela::CHIDInformation& information = *stage.Session().Information();
+    vela::ButtonTable buttons;
+    for (const std::uint32_t button : vela::kSeededButtonIds) {
+        buttons.SetFlag(button, &vela::ButtonState::enabled, true);
+        buttons.SetFlag(button, &vela::ButtonState::visible, true);
+    }
+    constexpr vela::LedState kLit{true, 3};
+    std::vector<BYTE> report(information.caps.OutputReportByteLength);
     TakeTurns(
-        state, row, [&] { return Timed([&] { (session.*compose)(report); }); },
+        state, row,
+        [&] { return Timed([&] { vela::UpdateLedCtrl(information, kLit, buttons, report); }); },
         [&] { return TimeOfCalls(bare); });
 }
 

@@ -58,7 +58,7 @@ void BareHost::Read() {
 void BareHost::WriteQueued() {
     const std::lock_guard<vela::SlimMutex> lock(mutex_);
     while (!stop_) {
-        queued_.wait(mutex_, [this] { return stop_ || !queue_.empty(); });
+        while (queue_.empty() && !stop_) queued_.wait(mutex_);
         while (!queue_.empty()) {
             Write(queue_.front());
             queue_.pop_front();

@@ -26,7 +26,7 @@ TEST(SlimMutexTest, IsFreeWhileAThreadWaitsForACondition) {
     bool answered = false;
     std::thread waiting([&] {
         const std::lock_guard<SlimMutex> lock(mutex);
-        changed.wait(mutex, [&] { return ready; });
+        while (!ready) changed.wait(mutex);
         answered = true;
         changed.notify_all();
     });
@@ -34,7 +34,7 @@ TEST(SlimMutexTest, IsFreeWhileAThreadWaitsForACondition) {
         const std::lock_guard<SlimMutex> lock(mutex);
         ready = true;
         changed.notify_all();
-        changed.wait(mutex, [&] { return answered; });
+        while (!answered) changed.wait(mutex);
     }
     waiting.join();
     EXPECT_TRUE(answered);
@@ -48,7 +48,7 @@ TEST(SlimMutexTest, IsHeldAgainWhenTheConditionHolds) {
     const auto use = [&] {
         for (int i = 0; i < 500; ++i) {
             const std::lock_guard<SlimMutex> lock(mutex);
-            changed.wait(mutex, [&] { return tickets > 0; });
+            while (tickets == 0) changed.wait(mutex);
             --tickets;
             ++used;
         }
@@ -78,13 +78,13 @@ TEST(SlimMutexTest, ANotificationWakesAllThatWait) {
             const std::lock_guard<SlimMutex> lock(mutex);
             ++waiting;
             changed.notify_all();
-            changed.wait(mutex, [&] { return go; });
+            while (!go) changed.wait(mutex);
             ++woken;
         });
     }
     {
         const std::lock_guard<SlimMutex> lock(mutex);
-        changed.wait(mutex, [&] { return waiting == 3; });
+        while (waiting < 3) changed.wait(mutex);
         go = true;
         changed.notify_all();
     }

@@ -69,6 +69,25 @@ TEST_F(ReportOrderTest, AStateRequestDoesNotOvertakeTheReportBeingComposed) {
     EXPECT_THAT(device_->Outputs(), ElementsAre(kCameraOn, RequestReport()));
 }
 
+TEST_F(ReportOrderTest, NobodyWaitsForAComposerThatIsSetAside) {
+    OpenAndLight();
+    SetTheNextComposerAside();
+    std::thread camera([this] { session_.SetButtonLight(0, true); });
+    WaitUntilSetAside();
+    EXPECT_TRUE(session_.SetButtonLight(1, true));
+    EXPECT_TRUE(session_.UpdateVelaState());
+    EXPECT_TRUE(session_.Uninitialize());
+    EXPECT_EQ(device_->Outputs().back(), test_support::BlankReport());
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    device_->ForgetOutputs();
+    // What the next session shows does not wait for it either.
+    EXPECT_TRUE(session_.Enable(true));
+    EXPECT_TRUE(device_->WaitForOutputs(1));
+    goOn_ = true;
+    camera.join();
+    EXPECT_THAT(WrittenReports(session_, *device_), testing::Not(testing::Contains(kCameraOn)));
+}
+
 // Each has composed its report when the next one comes, and all wait for a slow touchpad.
 TEST_F(ReportOrderTest, CallersThatWaitForAWriteQueueAsTheyComposed) {
     OpenAndLight();

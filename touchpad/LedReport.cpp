@@ -1,8 +1,8 @@
-// Composes the LED report: the whole state of the session in one output report.
+#include "touchpad/LedReport.h"
+
 #include "log/ILog.h"
 #include "touchpad/LedControlTable.h"
 #include "touchpad/OutputReport.h"
-#include "touchpad/TandrelHID.h"
 
 namespace vela {
 namespace {
@@ -25,7 +25,7 @@ void SetBreathing(ULONG value, OutputReport& report) {
 }
 
 // The light functions set the second light first and leave the first one alone when that failed. A
-// touchpad without the second light is no news: only the first light's failure is answered.
+// touchpad without the second light is no failure: only the first light's status is returned.
 
 NTSTATUS DarkenLights(const LedControl& row, OutputReport& report) {
     if (report.SetValue(row.secondLight, 0) < 0) return HIDP_STATUS_SUCCESS;
@@ -54,6 +54,23 @@ void UnsetActive(USAGE usage, OutputReport& report) {
                      static_cast<int>(status));
 }
 
+ULONG NextBreathingValue(const ButtonState& chat, ButtonTable& buttons) {
+    if (chat.breathingState == kBreathingRunning) return kKeepBreathing;
+    if (chat.breathingState != kBreathingRequested) return kNoBreathing;
+    buttons.StartChatBreathing();
+    return kStartBreathing;
+}
+
+void ComposeShownButton(const LedControl& row, const ButtonState& button, ULONG brightness,
+                        ButtonTable& buttons, OutputReport& report) {
+    const NTSTATUS status = SwitchLights(row, button.lightOn, brightness, report);
+    if (status < 0) {
+        LogSetValueFailed(status);
+    } else if (row.buttonId == BUTTON_ID_CHAT && button.breathingEnabled) {
+        SetBreathing(NextBreathingValue(button, buttons), report);
+    }
+}
+
 void ComposeHiddenButton(const LedControl& row, OutputReport& report) {
     const NTSTATUS status = DarkenLights(row, report);
     if (status < 0) {
@@ -63,12 +80,27 @@ void ComposeHiddenButton(const LedControl& row, OutputReport& report) {
     }
 }
 
-// All dark: the feature is off, or the host has not activated the touchpad. The firmware ends
-// breathing by itself when the chat button is no longer active.
+void ComposeDriven(ULONG brightness, ButtonTable& buttons, OutputReport& report) {
+    ButtonUsages set;
+    ButtonUsages unset;
+    for (const LedControl& row : LedControlTable) {
+        const ButtonState button = buttons.Meeting()[row.buttonId];
+        if (button.enabled && button.visible) {
+            set.Add(row.active);
+            ComposeShownButton(row, button, brightness, buttons, report);
+        } else {
+            unset.Add(row.active);
+            ComposeHiddenButton(row, report);
+        }
+    }
+    SetActive(set, report);
+    for (const USAGE usage : unset) UnsetActive(usage, report);
+}
+
+// All dark. The firmware ends breathing by itself when the chat button is no longer active.
 void ComposeBlank(OutputReport& report) {
     for (const LedControl& row : LedControlTable) {
-        // Told once per button and without its status: dark is what the light was to be, so that
-        // it is no light missing, only a touchpad that lacks it.
+        // Logged with the success status whatever the call returned: log readers know the line so.
         if (DarkenLights(row, report) < 0) LogSetValueFailed(HIDP_STATUS_SUCCESS);
     }
     for (const USAGE usage :
@@ -79,54 +111,15 @@ void ComposeBlank(OutputReport& report) {
 
 }  // namespace
 
-void CTandrelHID::UpdateLedCtrl(std::vector<BYTE>& report) {
-    const std::shared_ptr<const CHIDInformation> information = Information();
-    if (information == nullptr || information->caps.OutputReportByteLength == 0) return;
-    OutputReport fields(*information, report);
-    if (initialized_ && featureEnabled_ && IsActivated()) {
-        ComposeLit(fields);
+void UpdateLedCtrl(const CHIDInformation& information, const LedState& state, ButtonTable& buttons,
+                   std::vector<BYTE>& report) {
+    if (information.caps.OutputReportByteLength == 0) return;
+    OutputReport fields(information, report);
+    if (state.driven) {
+        ComposeDriven(state.brightness, buttons, fields);
     } else {
         ComposeBlank(fields);
     }
-}
-
-void CTandrelHID::ComposeLit(OutputReport& report) {
-    ButtonUsages set;
-    ButtonUsages unset;
-    for (const LedControl& row : LedControlTable) {
-        // Without the table's lock: whoever changes a button queues another report right behind, so
-        // a moment's older flag is soon put right, and no host call waits for a composition.
-        const ButtonState button = buttons_.Meeting()[row.buttonId];
-        if (button.enabled && button.visible) {
-            set.Add(row.active);
-            ComposeShownButton(row, button, report);
-        } else {
-            unset.Add(row.active);
-            ComposeHiddenButton(row, report);
-        }
-    }
-    SetActive(set, report);
-    for (const USAGE usage : unset) UnsetActive(usage, report);
-}
-
-void CTandrelHID::ComposeShownButton(const LedControl& row, const ButtonState& button,
-                                     OutputReport& report) {
-    const NTSTATUS status = SwitchLights(row, button.lightOn, brightness_, report);
-    if (status < 0) {
-        LogSetValueFailed(status);
-    } else if (row.buttonId == BUTTON_ID_CHAT && button.breathingEnabled) {
-        SetBreathing(NextBreathingValue(button), report);
-    }
-}
-
-ULONG CTandrelHID::NextBreathingValue(const ButtonState& chat) {
-    if (chat.breathingState == kBreathingRunning) return kKeepBreathing;
-    if (chat.breathingState != kBreathingRequested) return kNoBreathing;
-    const std::lock_guard<std::mutex> lock(buttonMutex_);
-    ButtonState& button = buttons_[BUTTON_ID_CHAT];
-    // A stop that came in meanwhile stays; its own report follows this one.
-    if (button.breathingState == kBreathingRequested) button.breathingState = kBreathingRunning;
-    return kStartBreathing;
 }
 
 }  // namespace vela

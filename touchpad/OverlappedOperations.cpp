@@ -1,11 +1,15 @@
-#include "touchpad/OverlappedOperation.h"
+#include "touchpad/OverlappedOperations.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "platform/Lock.h"
 
 namespace vela {
 
 OverlappedOperations::~OverlappedOperations() {
     FreeEnded();
+    const Lock lock(mutex_);
     for (std::unique_ptr<OverlappedOperation>& operation : givenUp_) {
         static_cast<void>(operation.release());
     }
@@ -16,7 +20,7 @@ OverlappedOperations::Pointer OverlappedOperations::Make(std::vector<BYTE> bytes
 }
 
 void OverlappedOperations::FreeEnded() {
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const Lock lock(mutex_);
     givenUp_.erase(std::remove_if(givenUp_.begin(), givenUp_.end(),
                                   [](const std::unique_ptr<OverlappedOperation>& operation) {
                                       return !operation->IsWithKernel();
@@ -28,7 +32,7 @@ void OverlappedOperations::TakeBack(OverlappedOperation* operation) {
     std::unique_ptr<OverlappedOperation> owned(operation);
     FreeEnded();
     if (!owned->IsWithKernel()) return;
-    const std::lock_guard<std::mutex> lock(mutex_);
+    const Lock lock(mutex_);
     givenUp_.push_back(std::move(owned));
 }
 

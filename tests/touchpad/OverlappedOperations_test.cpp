@@ -1,5 +1,5 @@
 // Operations live until the kernel is done with them.
-#include "touchpad/OverlappedOperation.h"
+#include "touchpad/OverlappedOperations.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,58 @@
+// Watches the reports that are issued to the touchpad, for closing to know whether its own one is
+// the last.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <windows.h>
+
+#include "platform/SlimMutex.h"
+
+namespace vela {
+
+// Whether a report may still be issued when the session has been stopped.
+enum class IssueOrder : std::uint8_t { BeforeStop, Last };
+
+// Any thread may call any operation. No lock is held while a report is issued: several threads may
+// be at it at once.
+class IssueMonitor {
+ public:
+    IssueMonitor() = default;
+    IssueMonitor(const IssueMonitor&) = delete;
+    IssueMonitor& operator=(const IssueMonitor&) = delete;
+
+    // For a new session.
+    void Restart();
+    // From now on only a report with IssueOrder::Last is issued.
+    void Stop();
+
+    // Around the issue of each report. When Enter returns false it is not to be issued.
+    bool Enter(IssueOrder order);
+    void Leave(const std::vector<BYTE>& report, bool accepted);
+    // A report that was issued ran into its time limit.
+    void NoteTimeout();
+
+    // Watches for reports other than this one, from now on.
+    void Watch(const std::vector<BYTE>& report);
+    // After Stop: returns when no report is being issued any more.
+    void AwaitLeaving();
+    // Whether another report than the watched one was issued, at the same time or later.
+    bool HasSeenAnother();
+    // Whether the last report that the platform accepted is the watched one.
+    bool IsWatchedLast();
+    bool HasSeenTimeout();
+
+ private:
+    SlimMutex mutex_;  // guards: all below
+    SlimConditionVariable left_;
+    bool stopped_ VELA_GUARDED_BY(mutex_) = true;
+    int inside_ VELA_GUARDED_BY(mutex_) = 0;
+    std::vector<BYTE> last_ VELA_GUARDED_BY(mutex_);
+    bool watching_ VELA_GUARDED_BY(mutex_) = false;
+    std::vector<BYTE> watched_ VELA_GUARDED_BY(mutex_);
+    bool seenAnother_ VELA_GUARDED_BY(mutex_) = false;
+    bool seenTimeout_ VELA_GUARDED_BY(mutex_) = false;
+};
+
+}  // namespace vela

@@ -1,0 +1,25 @@
+// Composes the LED report: the whole state of the session in one output report.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "hid/HIDInformation.h"
+#include "touchpad/ButtonTable.h"
+
+namespace vela {
+
+// What the lights depend on besides the buttons.
+struct LedState {
+    bool driven = false;          // the feature is on and the touchpad activated; else all is dark
+    std::uint8_t brightness = 0;  // of every lit light, 0 (dark) to 255
+};
+
+// Fills `report`, which is zeroed and as long as the touchpad's output reports; leaves it alone
+// when the touchpad has none. Failed platform calls are logged and leave their part of the report
+// out. Breathing that was requested is noted in `buttons` as running once a report starts it. Any
+// thread.
+void UpdateLedCtrl(const CHIDInformation& information, const LedState& state, ButtonTable& buttons,
+                   std::vector<BYTE>& report);
+
+}  // namespace vela

@@ -1,0 +1,22 @@
+// A touchpad from one opening to its closing.
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "hid/HIDInformation.h"
+#include "touchpad/DeviceHandle.h"
+
+namespace vela {
+
+// Shared by whoever works on the touchpad, the heartbeat too, which nobody waits for: a thread that
+// is late finds its own touchpad closed, and never the one that was opened next.
+struct OpenTouchpad {
+    OpenTouchpad(std::shared_ptr<const CHIDInformation> record, HANDLE device)
+        : information(std::move(record)), handle(device) {}
+
+    const std::shared_ptr<const CHIDInformation> information;  // null: no touchpad is open
+    DeviceHandle handle;
+};
+
+}  // namespace vela

@@ -1,0 +1,87 @@
+// The reports that wait to be written, in the order of their tickets.
+//
+// A report is composed from the whole state, so the one that was begun last shows all that was set
+// before, and has to be written last. Composing takes no lock, and its threads may overtake one
+// another: each draws a ticket before it composes, and a report that comes before one with an
+// earlier ticket waits for it here. Its caller does not.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include <windows.h>
+
+#include "platform/SlimMutex.h"
+
+namespace vela {
+
+struct OutputItem {
+    std::vector<BYTE> report;
+    bool force;  // written even when equal to the last report
+};
+
+class OutputQueue {
+ public:
+    // A place in the order. Its owner passes it to Put; one that is destroyed before lets the
+    // later ones go ahead.
+    class Ticket {
+     public:
+        explicit Ticket(OutputQueue& queue) : queue_(&queue), number_(queue.next_++) {}
+        ~Ticket();
+        Ticket(Ticket&& other) noexcept : queue_(other.queue_), number_(other.number_) {
+            other.queue_ = nullptr;
+        }
+        Ticket(const Ticket&) = delete;
+        Ticket& operator=(const Ticket&) = delete;
+        Ticket& operator=(Ticket&&) = delete;
+
+     private:
+        friend class OutputQueue;
+        OutputQueue* queue_;  // null: used
+        std::uint64_t number_;
+    };
+
+    OutputQueue() = default;
+    OutputQueue(const OutputQueue&) = delete;
+    OutputQueue& operator=(const OutputQueue&) = delete;
+
+    // Empties the queue for a new session. Tickets that were drawn before are void: what an earlier
+    // session left unsent was meant for another state, perhaps another device.
+    void Restart();
+
+    // Queues the item behind those of all earlier tickets, and wakes the writer. Waits for the
+    // write in flight. Any thread.
+    void Put(Ticket ticket, OutputItem item);
+
+    // Wakes the writer, for it to see that it is to stop.
+    void WakeWriter();
+
+    // For the writer, which takes and writes with the queue locked: whoever queues a report waits
+    // for the write in flight, so that a slow device holds its host back instead of piling reports
+    // up.
+    SlimMutex& Lockable() VELA_RETURN_CAPABILITY(mutex_) { return mutex_; }
+    bool IsEmpty() const VELA_REQUIRES(mutex_) { return queue_.empty(); }
+    OutputItem Take() VELA_REQUIRES(mutex_);
+    // Returns on a wake-up, or earlier.
+    void Wait() VELA_REQUIRES(mutex_) { changed_.wait(mutex_); }
+
+ private:
+    // Nothing: the ticket's owner broke off.
+    using Report = std::optional<OutputItem>;
+
+    void Put(std::uint64_t number, Report report) VELA_EXCLUDES(mutex_);
+    void Append(Report report) VELA_REQUIRES(mutex_);
+
+    std::atomic<std::uint64_t> next_{0};  // the next ticket; drawn without waiting for a write
+    SlimMutex mutex_;                     // guards: all below; held while the writer writes
+    SlimConditionVariable changed_;
+    std::uint64_t serving_ VELA_GUARDED_BY(mutex_) = 0;  // the ticket that is to be queued next
+    std::map<std::uint64_t, Report> early_ VELA_GUARDED_BY(mutex_);  // for their ticket's turn
+    std::deque<OutputItem> queue_ VELA_GUARDED_BY(mutex_);
+};
+
+}  // namespace vela

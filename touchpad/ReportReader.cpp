@@ -1,0 +1,85 @@
+#include "touchpad/ReportReader.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "log/FunctionName.h"
+#include "log/ILog.h"
+#include "platform/Lock.h"
+
+namespace vela {
+namespace {
+
+const FunctionName kReader("ReadInputReportThread");
+
+}  // namespace
+
+ReportReader::~ReportReader() {
+    if (thread_.joinable()) std::terminate();
+}
+
+bool ReportReader::Prepare() {
+    readEvent_ = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    stop_ = false;
+    return readEvent_ != nullptr;
+}
+
+void ReportReader::Start(std::shared_ptr<OpenTouchpad> touchpad) {
+    thread_ = std::thread(&ReportReader::ReadInputReportThread, this, std::move(touchpad));
+}
+
+void ReportReader::Stop() {
+    const Lock lock(readMutex_);
+    stop_ = true;
+    SetEvent(readEvent_);
+}
+
+void ReportReader::ReadInputReportThread(const std::shared_ptr<OpenTouchpad>& touchpad) {
+    const CHIDInformation& information = *touchpad->information;
+    const std::size_t length = information.caps.InputReportByteLength;
+    if (length == 0) return;
+    OverlappedOperations& operations = device_.Operations();
+    OverlappedOperations::Pointer read = operations.Make(std::vector<BYTE>(length));
+    std::vector<USAGE> usages(HidP_MaxUsageListLength(HidP_Input, 0, information.preparsedData));
+
+    while (!stop_) {
+        // A wait that failed may have left the read behind with the kernel.
+        if (read->IsWithKernel()) read = operations.Make(std::vector<BYTE>(length));
+        std::fill(read->bytes.begin(), read->bytes.end(), BYTE{0});
+        if (!ReadInputReport(*touchpad, *read)) continue;
+        GetLogger()->Log(kLogInfo, kReader, "HandleInputReport reportID 0x%x", read->bytes[0]);
+        handler_(information, read->bytes, usages);
+    }
+}
+
+// True when a report is there. False on a failure, and when the thread is to stop.
+bool ReportReader::ReadInputReport(OpenTouchpad& touchpad, OverlappedOperation& read) {
+    {
+        const Lock lock(readMutex_);
+        if (stop_) return false;
+        if (Issue(touchpad, read)) return true;
+    }
+    // Whatever the error: on a device that is gone every read fails at once, and the thread is to
+    // rest until it is told to stop.
+    WaitForSingleObject(readEvent_, INFINITE);
+    if (stop_) return false;
+    return touchpad.handle.Use([&](HANDLE device) {
+        DWORD transferred = 0;
+        return GetOverlappedResult(device, &read.overlapped, &transferred, TRUE) != FALSE;
+    });
+}
+
+// True when the read was completed at once.
+bool ReportReader::Issue(OpenTouchpad& touchpad, OverlappedOperation& read) {
+    read.Prepare(readEvent_);
+    return touchpad.handle.Use([&](HANDLE device) {
+        const BOOL completed =
+            ReadFile(device, read.bytes.data(), static_cast<DWORD>(read.bytes.size()), nullptr,
+                     &read.overlapped);
+        read.Issued(completed || GetLastError() == ERROR_IO_PENDING);
+        return completed != FALSE;
+    });
+}
+
+}  // namespace vela

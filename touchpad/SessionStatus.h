@@ -1,0 +1,86 @@
+// What the session is doing for its host: the two switches, the two ways in which the touchpad is
+// disabled, and the callbacks that are notified of it.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+
+#include "platform/Mutex.h"
+
+namespace vela {
+
+using ButtonPressCallback = void (*)(std::uint32_t buttonId, std::uint32_t newLightState);
+using StatusChangeCallback = void (*)(std::uint32_t status);
+
+// The touchpad's status as the host is notified of it; activation values are passed on as they are.
+enum TouchpadStatus : std::uint32_t {
+    kStatusNormal = 0,
+    kStatusTemporarilyDisabled = 2,
+    kStatusDisabled = 3,
+    kStatusDeactivated = 4,
+};
+
+// Activation states with a meaning here. Others are stored and reported back, nothing else.
+enum ActivationState : std::uint32_t {
+    kActive = 0,
+    kActiveHostSetsLights = 1,  // a press is reported, its light left to the host
+    kDeactivated = 4,
+    kSuspended = 5,  // the button table is kept aside
+};
+
+// Any thread may call any operation. Callbacks are called without a lock. What is read and written
+// without one is an atomic each: a reader that comes a moment early sees the older value.
+class SessionStatus {
+ public:
+    SessionStatus() = default;
+    SessionStatus(const SessionStatus&) = delete;
+    SessionStatus& operator=(const SessionStatus&) = delete;
+
+    // Between these two the switches can be changed; a call that comes late, from a thread that
+    // began it while the session was open, changes nothing. Closing leaves the session deactivated,
+    // its feature off. A temporary disable outlives a session.
+    void Open();
+    void Close();
+
+    std::uint32_t Activation() const { return activation_; }
+    // The states in which lights are driven and the touchpad's own changes are reported.
+    bool IsActivated() const;
+    // Stores the state and calls `update` in one step: the firmware's flags change before it or
+    // after it. Deactivating ends a temporary disable. False when the session is closed.
+    bool SetActivation(std::uint32_t value, const std::function<void()>& update);
+
+    bool IsFeatureEnabled() const { return featureEnabled_; }
+    void EnableFeature(bool enable);
+
+    bool IsTemporarilyDisabled() const { return TemporaryDisable_; }
+    bool IsTabletModeDisabled() const { return TabletModeDisable_; }
+    void SetTemporaryDisable(bool disabled) { TemporaryDisable_ = disabled; }
+    void SetTabletModeDisable(bool disabled) { TabletModeDisable_ = disabled; }
+    // Both at once, as the firmware reports them.
+    void SetFirmwareState(bool tabletModeDisable, bool temporaryDisable);
+
+    void SetButtonPressCallback(ButtonPressCallback callback) { buttonPress_ = callback; }
+    void SetStatusChangeCallback(StatusChangeCallback callback) { statusChange_ = callback; }
+    bool HasStatusChangeCallback() const { return statusChange_ != nullptr; }
+    void ClearCallbacks();
+
+    // Notify the host, on the calling thread, when it has registered the callback.
+    void ReportPress(std::uint32_t buttonId, bool newLightState) const;
+    void ReportStatus(std::uint32_t status) const;
+    void ReportStatusWhileActive(std::uint32_t status) const;
+    // How the touchpad is disabled; `undisturbed` when it is not.
+    std::uint32_t StatusOr(std::uint32_t undisturbed) const;
+
+ private:
+    Mutex mutex_;  // guards: open_, and changes of the activation, the feature and both flags
+    bool open_ VELA_GUARDED_BY(mutex_) = false;
+    std::atomic<std::uint32_t> activation_{kDeactivated};
+    std::atomic<bool> featureEnabled_{false};
+    std::atomic<bool> TemporaryDisable_{false};   // the reader's events: without the lock
+    std::atomic<bool> TabletModeDisable_{false};  // likewise
+    std::atomic<ButtonPressCallback> buttonPress_{nullptr};    // no lock
+    std::atomic<StatusChangeCallback> statusChange_{nullptr};  // no lock
+};
+
+}  // namespace vela
