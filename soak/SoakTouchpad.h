@@ -20,6 +20,12 @@ inline bool BeginsWith(const Bytes& report, const Bytes& beginning) {
            std::equal(beginning.begin(), beginning.end(), report.begin());
 }
 
+// Of a light report: no light is lit and no button active.
+inline bool IsDark(const Bytes& report) {
+    return std::all_of(report.begin() + 1, report.end(),
+                       [](std::uint8_t byte) { return byte == 0; });
+}
+
 class SoakTouchpad {
  public:
     // Plugged in, and a haptic touchpad beside it.
@@ -43,6 +49,9 @@ class SoakTouchpad {
     // Waits for a light report that begins with `known` among those written since, and behind it
     // for a state request; the last light report before that one.
     virtual std::optional<Bytes> LightsBeforeRequest(const Bytes& known) = 0;
+    // Waits until no session has the touchpad open and no write is pending; the last light report
+    // written since, which the touchpad goes on showing.
+    virtual std::optional<Bytes> LightsAfterClosing() = 0;
 };
 
 }  // namespace soak

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 
@@ -53,6 +54,15 @@ class SimulatedTouchpad : public SoakTouchpad {
             if (report[0] == kRequestReportId && lights) return lights;
         }
         return std::nullopt;
+    }
+    // A write ends within its call, or else with its handle: behind the closing none is pending.
+    std::optional<Bytes> LightsAfterClosing() override {
+        const std::vector<Bytes> reports = device_->Outputs();
+        const auto last = std::find_if(reports.rbegin(), reports.rend(), [](const Bytes& report) {
+            return report[0] == kLightReportId;
+        });
+        if (last == reports.rend()) return std::nullopt;
+        return *last;
     }
 
  private:

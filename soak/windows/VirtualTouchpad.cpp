@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 #include <stdexcept>
@@ -85,6 +86,20 @@ class VirtualTouchpad : public SoakTouchpad {
             if (virtual_touchpad::IsLightReport(report)) lights = report.bytes;
         }
         return lights;
+    }
+    std::optional<Bytes> LightsAfterClosing() override {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        if (device_ == nullptr) return std::nullopt;
+        device_->WaitForState(
+            [](const VirtualHidState& state) {
+                return state.readWriteOpens == 0 && state.heldWrites == 0;
+            },
+            kPatience);
+        const auto reports = device_->OutputReports(forgotten_);
+        const auto last =
+            std::find_if(reports.rbegin(), reports.rend(), virtual_touchpad::IsLightReport);
+        if (last == reports.rend()) return std::nullopt;
+        return last->bytes;
     }
 
  private:
