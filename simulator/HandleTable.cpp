@@ -43,6 +43,11 @@ bool HandleTable::Close(HANDLE handle) {
     return true;
 }
 
+bool HandleTable::IsClosed(HANDLE handle) const {
+    const std::uint64_t restart = RestartOf(handle);
+    return restart != 0 && restart <= restarts_ && objects_.find(handle) == objects_.end();
+}
+
 void HandleTable::Restart() {
     ++restarts_;
     created_ = 0;

@@ -29,6 +29,8 @@ class HandleTable {
     }
     // False when the handle is not open.
     bool Close(HANDLE handle);
+    // It was given out once, and is open no more.
+    bool IsClosed(HANDLE handle) const;
 
     // Numbers start again at 1. Handles of before stay open but are no longer listed.
     void Restart();

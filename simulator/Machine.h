@@ -83,8 +83,9 @@ class Machine {
     std::size_t PreparsedDataInUse() const;
     std::size_t GlobalMemoryInUse() const;
     // Misuse that a test would not see otherwise: preparsed data freed twice or used after its end,
-    // unknown handles closed, GlobalFree of an unknown block. Empty when all is well. The invalid
-    // handle value given to SetupDiDestroyDeviceInfoList counts as harmless.
+    // unknown handles closed, a device's handle used after its end, GlobalFree of an unknown block.
+    // Empty when all is well. The invalid handle value given to SetupDiDestroyDeviceInfoList counts
+    // as harmless.
     std::vector<std::string> Misuse() const;
 
  private:

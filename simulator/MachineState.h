@@ -56,6 +56,11 @@ MachineState& State();
 // Null when no object of the name is left. Under the lock.
 std::shared_ptr<KernelObject> FindNamed(const std::wstring& name);
 
+// The open file behind a handle that `function` was given; null for any other handle. One that was
+// closed already is misuse, and noted: on a real machine another file may have its value by now.
+// Under the lock.
+std::shared_ptr<FileObject> FindFile(HANDLE handle, const char* function);
+
 class MachineLock : public std::unique_lock<std::mutex> {
  public:
     MachineLock() : std::unique_lock<std::mutex>(State().mutex) {}

@@ -42,14 +42,14 @@ std::string EventName(const OVERLAPPED* overlapped) {
 // What reading and writing have in common: `allowed` is asked of the way the file was opened,
 // `transfer` gives the operation to the device.
 template <typename Transfer>
-BOOL StartIo(HANDLE handle, bool (Access::*allowed)() const, LPDWORD transferred,
-             LPOVERLAPPED overlapped, Transfer transfer) {
+BOOL StartIo(const char* function, HANDLE handle, bool (Access::*allowed)() const,
+             LPDWORD transferred, LPOVERLAPPED overlapped, Transfer transfer) {
     if (transferred != nullptr) *transferred = 0;
     // The record is marked before anything is checked, and stays so when the call fails.
     if (overlapped != nullptr) MarkPending(*overlapped);
 
     const MachineLock lock;
-    const auto file = State().handles.Find<FileObject>(handle);
+    const auto file = FindFile(handle, function);
     if (file == nullptr) return Answer(ERROR_INVALID_HANDLE);
     if (!(file->Opening().*allowed)()) return Answer(ERROR_ACCESS_DENIED);
     if (!file->IsOverlapped()) return Answer(ERROR_NOT_SUPPORTED);
@@ -95,7 +95,7 @@ BOOL WINAPI ReadFile(HANDLE hFile, LPVOID lpBuffer, DWORD nNumberOfBytesToRead,
             Arguments(HandleName(hFile), Count(nNumberOfBytesToRead), EventName(lpOverlapped)))) {
         return fault->Failed<BOOL>(FALSE);
     }
-    return StartIo(hFile, &Access::Reads, lpNumberOfBytesRead, lpOverlapped,
+    return StartIo("ReadFile", hFile, &Access::Reads, lpNumberOfBytesRead, lpOverlapped,
                    [&](FileObject& file, const IoOperation& operation) {
                        return file.Device().Read(file, operation, lpBuffer, nNumberOfBytesToRead);
                    });
@@ -108,7 +108,7 @@ BOOL WINAPI WriteFile(HANDLE hFile, LPCVOID lpBuffer, DWORD nNumberOfBytesToWrit
                                    EventName(lpOverlapped)))) {
         return fault->Failed<BOOL>(FALSE);
     }
-    return StartIo(hFile, &Access::Writes, lpNumberOfBytesWritten, lpOverlapped,
+    return StartIo("WriteFile", hFile, &Access::Writes, lpNumberOfBytesWritten, lpOverlapped,
                    [&](FileObject& file, const IoOperation& operation) {
                        return file.Device().Write(file, operation, lpBuffer, nNumberOfBytesToWrite);
                    });

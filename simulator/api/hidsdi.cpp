@@ -16,9 +16,9 @@ namespace {
 
 // Runs `work` on the device, for it to answer with a last error.
 template <typename Work>
-BOOLEAN OnDevice(HANDLE handle, Work work) {
+BOOLEAN OnDevice(const char* function, HANDLE handle, Work work) {
     const MachineLock lock;
-    const auto file = State().handles.Find<FileObject>(handle);
+    const auto file = FindFile(handle, function);
     DWORD error = ERROR_SUCCESS;
     if (file == nullptr) {
         error = ERROR_INVALID_HANDLE;
@@ -43,23 +43,25 @@ BOOLEAN WINAPI HidD_GetAttributes(HANDLE HidDeviceObject, PHIDD_ATTRIBUTES Attri
     if (const auto fault = Enter("HidD_GetAttributes", HandleName(HidDeviceObject))) {
         return fault->Failed<BOOLEAN>(FALSE);
     }
-    return OnDevice(HidDeviceObject, [&](const DeviceObject& device) -> DWORD {
-        if (Attributes->Size != sizeof(*Attributes)) return ERROR_INVALID_PARAMETER;
-        Attributes->VendorID = device.Description().vendorId;
-        Attributes->ProductID = device.Description().productId;
-        Attributes->VersionNumber = device.Description().versionNumber;
-        return ERROR_SUCCESS;
-    });
+    return OnDevice("HidD_GetAttributes", HidDeviceObject,
+                    [&](const DeviceObject& device) -> DWORD {
+                        if (Attributes->Size != sizeof(*Attributes)) return ERROR_INVALID_PARAMETER;
+                        Attributes->VendorID = device.Description().vendorId;
+                        Attributes->ProductID = device.Description().productId;
+                        Attributes->VersionNumber = device.Description().versionNumber;
+                        return ERROR_SUCCESS;
+                    });
 }
 
 BOOLEAN WINAPI HidD_GetPreparsedData(HANDLE HidDeviceObject, PHIDP_PREPARSED_DATA* PreparsedData) {
     if (const auto fault = Enter("HidD_GetPreparsedData", HandleName(HidDeviceObject))) {
         return fault->Failed<BOOLEAN>(FALSE);
     }
-    return OnDevice(HidDeviceObject, [&](const DeviceObject& device) -> DWORD {
-        *PreparsedData = hid::AllocatePreparsedData(device.ParsedCollection());
-        return ERROR_SUCCESS;
-    });
+    return OnDevice("HidD_GetPreparsedData", HidDeviceObject,
+                    [&](const DeviceObject& device) -> DWORD {
+                        *PreparsedData = hid::AllocatePreparsedData(device.ParsedCollection());
+                        return ERROR_SUCCESS;
+                    });
 }
 
 BOOLEAN WINAPI HidD_FreePreparsedData(PHIDP_PREPARSED_DATA PreparsedData) {
@@ -76,15 +78,17 @@ BOOLEAN WINAPI HidD_GetProductString(HANDLE HidDeviceObject, PVOID Buffer, ULONG
                                  Arguments(HandleName(HidDeviceObject), Count(BufferLength)))) {
         return fault->Failed<BOOLEAN>(FALSE);
     }
-    return OnDevice(HidDeviceObject, [&](const DeviceObject& device) -> DWORD {
-        const std::wstring& text = device.Description().productString;
-        // A device without the string: some systems call that a success, and write nothing.
-        if (text.empty()) return ERROR_SUCCESS;
-        const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
-        if (BufferLength < size) return ERROR_INVALID_USER_BUFFER;
-        std::memcpy(Buffer, text.c_str(), size);
-        return ERROR_SUCCESS;
-    });
+    return OnDevice("HidD_GetProductString", HidDeviceObject,
+                    [&](const DeviceObject& device) -> DWORD {
+                        const std::wstring& text = device.Description().productString;
+                        // A device without the string: some systems call that a success, and write
+                        // nothing.
+                        if (text.empty()) return ERROR_SUCCESS;
+                        const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+                        if (BufferLength < size) return ERROR_INVALID_USER_BUFFER;
+                        std::memcpy(Buffer, text.c_str(), size);
+                        return ERROR_SUCCESS;
+                    });
 }
 
 BOOLEAN WINAPI HidD_GetFeature(HANDLE HidDeviceObject, PVOID ReportBuffer,
@@ -93,7 +97,7 @@ BOOLEAN WINAPI HidD_GetFeature(HANDLE HidDeviceObject, PVOID ReportBuffer,
             "HidD_GetFeature", Arguments(HandleName(HidDeviceObject), Count(ReportBufferLength)))) {
         return fault->Failed<BOOLEAN>(FALSE);
     }
-    return OnDevice(HidDeviceObject, [&](const DeviceObject& device) {
+    return OnDevice("HidD_GetFeature", HidDeviceObject, [&](const DeviceObject& device) {
         return device.ReadFeature(ReportBuffer, ReportBufferLength);
     });
 }
@@ -105,7 +109,7 @@ BOOLEAN WINAPI HidD_SetFeature(HANDLE HidDeviceObject, PVOID ReportBuffer,
             Arguments(HandleName(HidDeviceObject), HexBytes(ReportBuffer, ReportBufferLength)))) {
         return fault->Failed<BOOLEAN>(FALSE);
     }
-    return OnDevice(HidDeviceObject, [&](DeviceObject& device) {
+    return OnDevice("HidD_SetFeature", HidDeviceObject, [&](DeviceObject& device) {
         return device.WriteFeature(ReportBuffer, ReportBufferLength);
     });
 }

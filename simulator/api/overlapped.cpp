@@ -17,6 +17,8 @@ extern "C" BOOL WINAPI GetOverlappedResult(HANDLE hFile, LPOVERLAPPED lpOverlapp
         return fault->Failed<BOOL>(FALSE);
     }
     MachineLock lock;
+    // Neither is the handle checked nor is the file needed where an event tells of the end.
+    FindFile(hFile, "GetOverlappedResult");
     if (StatusIn(*lpOverlapped) == static_cast<NTSTATUS>(STATUS_PENDING)) {
         if (!bWait) return Answer(ERROR_IO_INCOMPLETE);
         const HANDLE waited = lpOverlapped->hEvent != nullptr ? lpOverlapped->hEvent : hFile;

@@ -50,6 +50,42 @@ TEST_F(Accounting, SeesHandlesClosedThatAreNotOpen) {
                                                "CloseHandle(invalid): not an open handle"));
 }
 
+TEST_F(Accounting, SeesTheUseOfADevicesClosedHandle) {
+    const auto device = Plug();
+    const HANDLE file = Open(*device);
+    Close(file);
+    EXPECT_EQ(Read(file, MakeOperation(Bytes(5))), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(Write(file, MakeOperation({2, 0, 0, 0, 0, 0})), ERROR_INVALID_HANDLE);
+    Result(file, MakeOperation({}));
+    BYTE feature[5] = {4};
+    EXPECT_FALSE(HidD_GetFeature(file, feature, sizeof feature));
+    EXPECT_FALSE(HidD_SetFeature(file, feature, sizeof feature));
+    PHIDP_PREPARSED_DATA preparsed = nullptr;
+    EXPECT_FALSE(HidD_GetPreparsedData(file, &preparsed));
+    EXPECT_THAT(machine_.Misuse(),
+                ElementsAre("ReadFile(file#1): closed already", "WriteFile(file#1): closed already",
+                            "GetOverlappedResult(file#1): closed already",
+                            "HidD_GetFeature(file#1): closed already",
+                            "HidD_SetFeature(file#1): closed already",
+                            "HidD_GetPreparsedData(file#1): closed already"));
+}
+
+TEST_F(Accounting, SeesTheUseOfAHandleThatWasClosedBeforeAReset) {
+    const HANDLE file = Open(*Plug());
+    Close(file);
+    machine_.Reset();
+    EXPECT_EQ(Write(file, MakeOperation({2, 0, 0, 0, 0, 0})), ERROR_INVALID_HANDLE);
+    EXPECT_THAT(machine_.Misuse(), ElementsAre("WriteFile(file#1): closed already"));
+}
+
+TEST_F(Accounting, TakesHandlesThatNeverWereForHarmless) {
+    auto* const unknown = reinterpret_cast<HANDLE>(std::uintptr_t{4});
+    for (const HANDLE file : {HANDLE{nullptr}, INVALID_HANDLE_VALUE, unknown}) {
+        EXPECT_EQ(Read(file, MakeOperation(Bytes(5))), ERROR_INVALID_HANDLE);
+    }
+    EXPECT_THAT(machine_.Misuse(), IsEmpty());
+}
+
 TEST_F(Accounting, SeesTheWrongClosingFunction) {
     const HANDLE event = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     const HDEVINFO list = SetupDiGetClassDevsW(nullptr, nullptr, nullptr, 0);
