@@ -1,6 +1,10 @@
 // Touchpads for fuzzers to plug in.
 #pragma once
 
+#include <algorithm>
+#include <optional>
+#include <vector>
+
 #include "simulator/Machine.h"
 #include "simulator/hid/ReportDescriptor.h"
 #include "virtual-touchpad/descriptor/HapticLayout.h"
@@ -23,6 +27,17 @@ simulator::DeviceDescription Describe(const Layout& layout) {
 // The longest that the device may send; 0 when it reports nothing.
 inline std::size_t InputReportLength(const simulator::Device& device) {
     return simulator::hid::CapsOf(device.Collection()).InputReportByteLength;
+}
+
+// The light report that the device got last, and shows; none when it got none.
+inline std::optional<simulator::Bytes> LastLights(const simulator::Device& device) {
+    const std::vector<simulator::Bytes> reports = device.Outputs();
+    const auto last =
+        std::find_if(reports.rbegin(), reports.rend(), [](const simulator::Bytes& report) {
+            return report[0] == virtual_touchpad::kLightReportId;
+        });
+    if (last == reports.rend()) return std::nullopt;
+    return *last;
 }
 
 // An empty machine that keeps no record of calls, which would cost more time than the agent.

@@ -1,6 +1,7 @@
 #include "soak/SessionOwner.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "soak/HostCallbacks.h"
 
@@ -27,6 +28,12 @@ void SessionOwner::Close() {
         std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - begin);
     longestClosing_ = std::max(longestClosing_, took);
     open_ = false;
+}
+
+bool SessionOwner::CloseAtRest() {
+    Close();
+    const std::optional<Bytes> lights = touchpad_.LightsAfterClosing();
+    return !lights || IsDark(*lights);
 }
 
 void SessionOwner::IsPresent() {

@@ -18,6 +18,9 @@ class SessionOwner {
 
     void Open(bool livelyCallbacks);
     void Close();
+    // With the touchpad plugged in and no write held: whether it is dark afterwards. One that got
+    // no light report since `ForgetWritten` counts as dark.
+    bool CloseAtRest();
     void IsPresent();
     // Whether the session, if there is one, was opened on the touchpad that is plugged in now.
     bool Reaches() const { return open_ && unplugged_ == touchpad_.Unplugged(); }

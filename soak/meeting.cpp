@@ -26,7 +26,6 @@ constexpr milliseconds kStorm{3000};
 constexpr milliseconds kPatience{10000};
 // The two events of a session, and what the host's threads of a storm leave to the runtime.
 constexpr std::int64_t kHeapOfASession = 8192;
-
 // MinGW's locks get an event when they are first waited for, and keep it: so many at most of the
 // agent's and of the host's.
 constexpr std::int64_t kLocks = 24;
@@ -85,7 +84,7 @@ class Meeting {
     }
 
     void Rest() {
-        owner_.Close();
+        if (!owner_.CloseAtRest()) ++leftALight_;
         agent_.UnInitHapticTP();
         touchpad_->ForgetWritten();
         const std::int64_t threads = ThreadsAtRest();
@@ -129,6 +128,7 @@ class Meeting {
         figures_.Judge("longest closing, ms", owner_.LongestClosing().count(),
                        owner_.LongestClosing() <= kLongestClosing);
         figures_.Judge("comparisons of the lights", comparisons_, different_.empty());
+        figures_.Judge("closings that left a light on", leftALight_, leftALight_ == 0);
         const LogFigures& log = log_.Figures();
         figures_.Note("logger started and stopped", log.segments);
         figures_.Judge("log files moved away", log.rotations,
@@ -178,6 +178,7 @@ class Meeting {
     Level now_;
     std::int64_t comparisons_ = 0;
     std::string different_;
+    std::int64_t leftALight_ = 0;
 };
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <atomic>
 #include <mutex>
 
@@ -56,14 +55,7 @@ class SimulatedTouchpad : public SoakTouchpad {
         return std::nullopt;
     }
     // A write ends within its call, or else with its handle: behind the closing none is pending.
-    std::optional<Bytes> LightsAfterClosing() override {
-        const std::vector<Bytes> reports = device_->Outputs();
-        const auto last = std::find_if(reports.rbegin(), reports.rend(), [](const Bytes& report) {
-            return report[0] == kLightReportId;
-        });
-        if (last == reports.rend()) return std::nullopt;
-        return *last;
-    }
+    std::optional<Bytes> LightsAfterClosing() override { return fuzz::LastLights(*device_); }
 
  private:
     std::shared_ptr<simulator::Device> device_;
