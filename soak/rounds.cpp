@@ -50,6 +50,8 @@ class Judge {
     void RunBatch(std::int64_t count, bool mayLeaveTheName) {
         touchpad_->ForgetWritten();
         host_->Run(count);
+        // The threads' calls may have left that session open, which has a file of its own.
+        agent_.UnInitHapticTP();
         LookAtClosedSession(mayLeaveTheName);
         owner_->Open(false);
         if (IsInUse()) ++inUseAfterOpening_;
