@@ -16,8 +16,11 @@
  *     order; finally UnInit and UnInitLogger. Both pairs may be repeated. The haptic functions are
  *     independent of that and have an order of their own: InitHapticTP, level, UnInitHapticTP.
  *  5. Callbacks come on the session's reader thread and, inside Activate, EnableFeature and UnInit,
- *     on the calling thread. They may call every function but UnInit. The library holds no lock
- *     meanwhile, but the next report waits: return soon. No exception may leave them.
+ *     on the calling thread. They may call every function but UnInit. On the reader thread that one
+ *     is raised as a C++ std::system_error, as the thread cannot wait for itself; in a callback
+ *     that UnInit itself makes it returns 0, and the outer call goes on. The library holds no lock
+ *     meanwhile, save that UnInit on other threads waits for the one under way; but the next report
+ *     waits: return soon. No exception may leave a callback.
  *  6. A false result and a line in "VelaAgent.log" are the whole report of a failure. Only a mutex
  *     or a thread that the system refuses is raised, as a C++ std::system_error.
  *  7. Call UnInit before the process exits. One that exits with the session open, or after a
@@ -27,7 +30,8 @@
  *  8. A light change is queued and written by a thread of the session's own. While writes are in
  *     flight (usually a few milliseconds; at most 30 seconds each, when a touchpad takes none)
  *     calls that queue another wait for them, and so does UnInit. Light reports are queued in the
- *     order of the calls, those of several threads too.
+ *     order of the calls, those of several threads too; no call waits for another one's report to
+ *     be made up. After UnInit the lights are dark, whatever was still queued.
  *  9. While the touchpad is disabled (VELA_STATUS_TEMPORARILY_DISABLED, VELA_STATUS_DISABLED) its
  *     lights are its own: changes are stored, answered with 1, and shown by the first light report
  *     afterwards.
@@ -99,12 +103,14 @@ void UnInitLogger(void);
 
 /* Finds the touchpad and opens it for this process alone. A VelaInitResult. Open already: 1, or 2
  * (and it stays open) when the touchpad is not found any more. Which vendors' touchpads are looked
- * for can be set in a file "Vela.ini" beside the library. Not while another thread is inside Init
- * or UnInit. */
+ * for can be set in a file "Vela.ini" beside the library. Beside another thread's UnInit it either
+ * finds the session open still, or waits until it is closed and opens the next one. */
 int32_t Init(void);
 /* Darkens the lights, closes the touchpad and forgets both callbacks. Once it has returned none is
  * called, unless another thread is inside Activate or EnableFeature just then. 0 when no session
- * was open. Takes as long as the writes in flight (convention 8). Not from a callback. */
+ * was open. Takes as long as the writes in flight (convention 8), and as a call of another thread
+ * that has the device answer it (SetClickMode, GetClickMode). Not from a callback (convention 5).
+ */
 VELA_BOOL UnInit(void);
 /* 1 when a touchpad is attached, or another process has one open. */
 VELA_BOOL IsVelaPresent(void);
