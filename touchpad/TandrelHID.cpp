@@ -19,9 +19,9 @@ std::uint32_t AlreadyOpen() {
 class ClosingThread {
  public:
     explicit ClosingThread(std::atomic<std::thread::id>& id) : id_(id) {
-        id_ = std::this_thread::get_id();
+        id_.store(std::this_thread::get_id());
     }
-    ~ClosingThread() { id_ = std::thread::id(); }
+    ~ClosingThread() { id_.store(std::thread::id()); }
     ClosingThread(const ClosingThread&) = delete;
     ClosingThread& operator=(const ClosingThread&) = delete;
 
@@ -30,6 +30,12 @@ class ClosingThread {
 };
 
 }  // namespace
+
+CTandrelHID::CTandrelHID()
+    : reader_(device_, [this](const CHIDInformation& information, std::vector<BYTE>& report,
+                              std::vector<USAGE>& usages) {
+          input_.HandleInputReport(information, report, usages);
+      }) {}
 
 std::shared_ptr<const CHIDInformation> CTandrelHID::Information() const {
     return device_.Current()->information;

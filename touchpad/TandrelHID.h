@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <memory>
 #include <thread>
-#include <vector>
 
 #include "hid/HIDInformation.h"
 #include "platform/Mutex.h"
@@ -24,8 +23,7 @@ namespace vela {
 // Opens the touchpad, keeps a reader, a writer and (when it is detachable) a heartbeat thread on
 // it, turns the host's requests into whole output and feature reports, and its input reports into
 // the host's callbacks. One exists per process, behind the exports; any thread may call any
-// operation. The host's callbacks are called with no lock held but, inside Uninitialize, its own
-// operation mutex.
+// operation. Callbacks are called without a lock but, inside Uninitialize, its operation mutex.
 //
 // Lock order: Uninitialize holds `operationMutex_` and takes the others one at a time, at its end
 // `openingMutex_`, under which the device is closed, and which Initialize holds. Activate holds the
@@ -36,7 +34,7 @@ namespace vela {
 // last, under any of these.
 class CTandrelHID : public IHid {
  public:
-    CTandrelHID() = default;
+    CTandrelHID();
     // Ends the process when one of the threads was not joined, as a thread object's own destruction
     // would: the session lives until process exit, and this tells a host that left it open.
     ~CTandrelHID() override = default;
@@ -111,10 +109,7 @@ class CTandrelHID : public IHid {
     ReportWriter writer_{device_};
     ButtonLights lights_{device_, status_, buttons_, writer_};
     InputHandler input_{status_, buttons_, lights_};
-    ReportReader reader_{device_, [this](const CHIDInformation& information,
-                                         std::vector<BYTE>& report, std::vector<USAGE>& usages) {
-                             input_.HandleInputReport(information, report, usages);
-                         }};
+    ReportReader reader_;
     Heartbeat heartbeat_;
     Mutex operationMutex_;  // guards: Uninitialize, one at a time
     Mutex openingMutex_;    // guards: opening and closing the device, one at a time

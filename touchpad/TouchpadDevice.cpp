@@ -23,6 +23,14 @@ wchar_t LowerCase(wchar_t character) {
                                                   : character;
 }
 
+bool IsDetachableProduct(const std::wstring& productString) {
+    // A touchpad whose product string cannot be read may be one that is not there just now.
+    if (productString.empty()) return true;
+    return std::any_of(
+        std::begin(kDetachableWords), std::end(kDetachableWords),
+        [&](const wchar_t* word) { return productString.find(word) != std::wstring::npos; });
+}
+
 }  // namespace
 
 std::uint32_t TouchpadDevice::Open(const std::shared_ptr<const CHIDInformation>& information) {
@@ -81,12 +89,7 @@ bool TouchpadDevice::GetDeviceConnectState(bool& connected) {
 bool TouchpadDevice::IsDetachable() {
     const Lock lock(productMutex_);
     if (productString_.empty()) ReadProductString();
-    // A touchpad that does not tell its name may be one that is not there just now.
-    if (productString_.empty()) return true;
-    const std::wstring& product = productString_;
-    return std::any_of(
-        std::begin(kDetachableWords), std::end(kDetachableWords),
-        [&](const wchar_t* word) { return product.find(word) != std::wstring::npos; });
+    return IsDetachableProduct(productString_);
 }
 
 void TouchpadDevice::ReadProductString() {

@@ -54,7 +54,7 @@ Bytes ReportOf(const std::array<Flags, 4>& flags) {
     return report;
 }
 
-class LedControlTest : public CompositionTest {
+class LedReportTest : public CompositionTest {
  protected:
     void SetFlags(std::uint32_t button, const Flags& flags) {
         session_.EnableButton(button, flags.enabled);
@@ -65,7 +65,7 @@ class LedControlTest : public CompositionTest {
 
 // --- one button ----------------------------------------------------------------------------------
 
-class SingleButton : public LedControlTest,
+class SingleButton : public LedReportTest,
                      public testing::WithParamInterface<std::tuple<ButtonRow, bool, bool, bool>> {
  protected:
     const ButtonRow& Button() const { return std::get<0>(GetParam()); }
@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(States, SingleButton,
 
 // --- all buttons ---------------------------------------------------------------------------------
 
-class ActiveState : public LedControlTest, public testing::WithParamInterface<std::uint32_t> {};
+class ActiveState : public LedReportTest, public testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(ActiveState, LightsEveryCombinationOfFlags) {
     OpenActive();
@@ -135,7 +135,7 @@ TEST_P(ActiveState, LightsEveryCombinationOfFlags) {
 
 INSTANTIATE_TEST_SUITE_P(Values, ActiveState, testing::Values(0U, 1U));
 
-class Brightness : public LedControlTest, public testing::WithParamInterface<std::uint8_t> {};
+class Brightness : public LedReportTest, public testing::WithParamInterface<std::uint8_t> {};
 
 TEST_P(Brightness, IsTheValueOfEveryLitLight) {
     const std::uint8_t level = GetParam();
@@ -150,7 +150,7 @@ TEST_P(Brightness, IsTheValueOfEveryLitLight) {
 
 INSTANTIATE_TEST_SUITE_P(Levels, Brightness, testing::Values(0, 1, 3, 127, 128, 255));
 
-TEST_F(LedControlTest, AHiddenButtonIsDarkAtAnyBrightness) {
+TEST_F(LedReportTest, AHiddenButtonIsDarkAtAnyBrightness) {
     OpenAndLight();
     session_.SetBrightness(255);
     session_.SetButtonVisible(0, false);
@@ -158,7 +158,7 @@ TEST_F(LedControlTest, AHiddenButtonIsDarkAtAnyBrightness) {
     EXPECT_EQ(Compose(), LightReport({0, 0, 0, 255, 0, 255, 0}, 0x0C));
 }
 
-TEST_F(LedControlTest, UnknownButtonsAreInNoReport) {
+TEST_F(LedReportTest, UnknownButtonsAreInNoReport) {
     OpenActive();
     for (const std::uint32_t button : {4U, 9U, 0x100U, 0xFFFFFFFFU}) {
         SetFlags(button, {true, true, true});
@@ -177,7 +177,7 @@ void PrintTo(const BlankCase& blank, std::ostream* stream) {
     *stream << (blank.featureEnabled ? "enabled" : "disabled") << " in " << blank.activation;
 }
 
-class BlankState : public LedControlTest, public testing::WithParamInterface<BlankCase> {};
+class BlankState : public LedReportTest, public testing::WithParamInterface<BlankCase> {};
 
 TEST_P(BlankState, DarkensEverything) {
     OpenAndLight();

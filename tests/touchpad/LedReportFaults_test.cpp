@@ -16,7 +16,7 @@ using test_support::SetValueCall;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class LedControlFaultsTest : public CompositionPathTest {};
+class LedReportFaultsTest : public CompositionPathTest {};
 
 // --- one failing call ----------------------------------------------------------------------------
 
@@ -31,7 +31,7 @@ void PrintTo(const FaultCase& fault, std::ostream* stream) {
     *stream << fault.path << " value " << fault.failing;
 }
 
-class FailingValue : public LedControlFaultsTest, public testing::WithParamInterface<FaultCase> {};
+class FailingValue : public LedReportFaultsTest, public testing::WithParamInterface<FaultCase> {};
 
 TEST_P(FailingValue, EndsNoMoreThanItsRow) {
     OpenOn(GetParam().path);
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(Blank, FailingValue,
 
 // --- all calls failing ---------------------------------------------------------------------------
 
-TEST_F(LedControlFaultsTest, WithNoLightAtAllTheActiveUsagesAreStillWritten) {
+TEST_F(LedReportFaultsTest, WithNoLightAtAllTheActiveUsagesAreStillWritten) {
     OpenOn(Path::Shown);
     EXPECT_EQ(Compose([this] {
                   machine_.FailAlways("HidP_SetUsageValue", Fault::Status(kUsageNotFound));
@@ -97,7 +97,7 @@ TEST_F(LedControlFaultsTest, WithNoLightAtAllTheActiveUsagesAreStillWritten) {
     EXPECT_THAT(ComposeLog(), ElementsAre(kNotFoundLine, kNotFoundLine));
 }
 
-TEST_F(LedControlFaultsTest, WithNoLightAtAllHiddenButtonsFailSilentlyButForTheBreathing) {
+TEST_F(LedReportFaultsTest, WithNoLightAtAllHiddenButtonsFailSilentlyButForTheBreathing) {
     OpenOn(Path::Hidden);
     Compose([this] { machine_.FailAlways("HidP_SetUsageValue", Fault::Status(kUsageNotFound)); });
     EXPECT_THAT(std::vector<std::string>(calls_.begin(), calls_.begin() + 5),
@@ -106,7 +106,7 @@ TEST_F(LedControlFaultsTest, WithNoLightAtAllHiddenButtonsFailSilentlyButForTheB
     EXPECT_THAT(ComposeLog(), ElementsAre(kNotFoundLine));
 }
 
-TEST_F(LedControlFaultsTest, WithNoLightAtAllABlankReportFailsSilently) {
+TEST_F(LedReportFaultsTest, WithNoLightAtAllABlankReportFailsSilently) {
     OpenOn(Path::Blank);
     Compose([this] { machine_.FailAlways("HidP_SetUsageValue", Fault::Status(kUsageNotFound)); });
     EXPECT_THAT(std::vector<std::string>(calls_.begin(), calls_.begin() + 4),
@@ -115,7 +115,7 @@ TEST_F(LedControlFaultsTest, WithNoLightAtAllABlankReportFailsSilently) {
     EXPECT_THAT(ComposeLog(), IsEmpty());
 }
 
-TEST_F(LedControlFaultsTest, AWarningIsAFailureAsWell) {
+TEST_F(LedReportFaultsTest, AWarningIsAFailureAsWell) {
     OpenOn(Path::Shown);
     Compose([this] {
         machine_.FailNext("HidP_SetUsageValue",

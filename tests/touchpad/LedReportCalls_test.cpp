@@ -12,9 +12,9 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
-class LedControlCalls : public CompositionTest {};
+class LedReportCallsTest : public CompositionTest {};
 
-TEST_F(LedControlCalls, OfShownButtonsSetTheSecondLightFirstAndAllActiveUsagesAtOnce) {
+TEST_F(LedReportCallsTest, OfShownButtonsSetTheSecondLightFirstAndAllActiveUsagesAtOnce) {
     OpenAndLight();
     Compose();
     EXPECT_THAT(calls_,
@@ -23,7 +23,7 @@ TEST_F(LedControlCalls, OfShownButtonsSetTheSecondLightFirstAndAllActiveUsagesAt
                             SetCall({0x1, 0x4, 0x3, 0x2})));
 }
 
-TEST_F(LedControlCalls, OfLitButtonsExchangeTheTwoLights) {
+TEST_F(LedReportCallsTest, OfLitButtonsExchangeTheTwoLights) {
     OpenAndLight();
     for (std::uint32_t button = 0; button < 4; ++button) session_.SetButtonLight(button, true);
     Compose();
@@ -33,7 +33,7 @@ TEST_F(LedControlCalls, OfLitButtonsExchangeTheTwoLights) {
                             SetCall({0x1, 0x4, 0x3, 0x2})));
 }
 
-TEST_F(LedControlCalls, WriteTheBreathingRightBehindTheChatLight) {
+TEST_F(LedReportCallsTest, WriteTheBreathingRightBehindTheChatLight) {
     OpenAndLight();
     session_.EnableButtonBreathing(2, true);
     Compose();
@@ -43,7 +43,7 @@ TEST_F(LedControlCalls, WriteTheBreathingRightBehindTheChatLight) {
                             SetValueCall(0x22, 3), SetCall({0x1, 0x4, 0x3, 0x2})));
 }
 
-TEST_F(LedControlCalls, OfHiddenButtonsDarkenBothLightsAndUnsetEachActiveUsageByItself) {
+TEST_F(LedReportCallsTest, OfHiddenButtonsDarkenBothLightsAndUnsetEachActiveUsageByItself) {
     OpenAndLight();
     HideAllButtons();
     Compose();
@@ -54,7 +54,7 @@ TEST_F(LedControlCalls, OfHiddenButtonsDarkenBothLightsAndUnsetEachActiveUsageBy
                             UnsetCall(0x1), UnsetCall(0x4), UnsetCall(0x3), UnsetCall(0x2)));
 }
 
-TEST_F(LedControlCalls, SetBeforeTheyUnset) {
+TEST_F(LedReportCallsTest, SetBeforeTheyUnset) {
     OpenAndLight();
     session_.SetButtonVisible(0, false);
     session_.EnableButton(2, false);
@@ -71,14 +71,14 @@ const std::vector<std::string> kBlankCalls = {
     SetValueCall(0x24, 0), SetValueCall(0x24, 0), SetValueCall(0x22, 0), SetValueCall(0x22, 0),
     UnsetCall(0x1),        UnsetCall(0x2),        UnsetCall(0x3),        UnsetCall(0x4)};
 
-TEST_F(LedControlCalls, OfADisabledFeatureLeaveTheBreathingAlone) {
+TEST_F(LedReportCallsTest, OfADisabledFeatureLeaveTheBreathingAlone) {
     OpenAndLight();
     session_.Enable(false);
     Compose();
     EXPECT_THAT(calls_, ElementsAreArray(kBlankCalls));
 }
 
-TEST_F(LedControlCalls, OutsideTheActiveStatesLeaveTheBreathingAlone) {
+TEST_F(LedReportCallsTest, OutsideTheActiveStatesLeaveTheBreathingAlone) {
     OpenAndLight({}, 2);
     Compose();
     EXPECT_THAT(calls_, ElementsAreArray(kBlankCalls));
@@ -91,7 +91,7 @@ constexpr std::int32_t kNotPressed = static_cast<std::int32_t>(0xC011000F);
 constexpr std::int32_t kWarning = static_cast<std::int32_t>(0x80110001);
 constexpr std::int32_t kOtherSuccess = 0x00110001;
 
-TEST_F(LedControlCalls, UnsetAfterAFailedSet) {
+TEST_F(LedReportCallsTest, UnsetAfterAFailedSet) {
     OpenAndLight();
     session_.SetButtonVisible(3, false);
     Compose([this] { machine_.FailNext("HidP_SetUsages", Fault::Status(kNotFound)); });
@@ -100,7 +100,7 @@ TEST_F(LedControlCalls, UnsetAfterAFailedSet) {
                 ElementsAre("ERROR UpdateLedCtrl: HidP_SetUsages failed, status : -1072627708"));
 }
 
-TEST_F(LedControlCalls, GoOnAfterAFailedUnset) {
+TEST_F(LedReportCallsTest, GoOnAfterAFailedUnset) {
     OpenAndLight();
     HideAllButtons();
     Compose([this] { machine_.FailAlways("HidP_UnsetUsages", Fault::Status(kNotFound)); });
@@ -110,7 +110,7 @@ TEST_F(LedControlCalls, GoOnAfterAFailedUnset) {
     EXPECT_THAT(ComposeLog(), ElementsAre(line, line, line, line));
 }
 
-TEST_F(LedControlCalls, GoOnAfterAFailedUnsetOfABlankReport) {
+TEST_F(LedReportCallsTest, GoOnAfterAFailedUnsetOfABlankReport) {
     OpenAndLight({}, 2);
     Compose([this] { machine_.FailNext("HidP_UnsetUsages", Fault::Status(kWarning), 1); });
     EXPECT_THAT(calls_, ElementsAreArray(kBlankCalls));
@@ -118,7 +118,7 @@ TEST_F(LedControlCalls, GoOnAfterAFailedUnsetOfABlankReport) {
                 ElementsAre("ERROR UpdateLedCtrl: HidP_UnsetUsages failed, status : -2146369535"));
 }
 
-class UnsetStatus : public LedControlCalls,
+class UnsetStatus : public LedReportCallsTest,
                     public testing::WithParamInterface<std::tuple<std::int32_t, std::uint32_t>> {};
 
 TEST_P(UnsetStatus, IsNoFailureWhenThereWasNothingToUnset) {
@@ -135,14 +135,14 @@ INSTANTIATE_TEST_SUITE_P(Statuses, UnsetStatus,
                          testing::Combine(testing::Values(kNotPressed, kOtherSuccess),
                                           testing::Values(0U, 2U)));
 
-TEST_F(LedControlCalls, TakeAnUnpressedUsageForAFailureWhenSetting) {
+TEST_F(LedReportCallsTest, TakeAnUnpressedUsageForAFailureWhenSetting) {
     OpenAndLight();
     Compose([this] { machine_.FailNext("HidP_SetUsages", Fault::Status(kNotPressed)); });
     EXPECT_THAT(ComposeLog(),
                 ElementsAre("ERROR UpdateLedCtrl: HidP_SetUsages failed, status : -1072627697"));
 }
 
-TEST_F(LedControlCalls, TakeOtherSuccessesOfASetForWhatTheyAre) {
+TEST_F(LedReportCallsTest, TakeOtherSuccessesOfASetForWhatTheyAre) {
     OpenAndLight();
     Compose([this] {
         machine_.FailNext("HidP_SetUsages", Fault::Status(kOtherSuccess));

@@ -12,11 +12,11 @@ using testing::IsEmpty;
 
 Bytes AllLit() { return LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F); }
 
-class ButtonsTest : public InputTest {};
+class ButtonLightsTest : public InputTest {};
 
 // --- the lights ----------------------------------------------------------------------------------
 
-TEST_F(ButtonsTest, TheCamerasLightIsExchangedForTheOther) {
+TEST_F(ButtonLightsTest, TheCamerasLightIsExchangedForTheOther) {
     Open();
     session_.Enable(true);
     session_.Activate(0);
@@ -29,7 +29,7 @@ TEST_F(ButtonsTest, TheCamerasLightIsExchangedForTheOther) {
                                        LightReport({0, 3, 0, 0, 0, 0, 0}, 0x01)));
 }
 
-TEST_F(ButtonsTest, TheShareScreensOnlyLightStaysAsItIs) {
+TEST_F(ButtonLightsTest, TheShareScreensOnlyLightStaysAsItIs) {
     OpenAndLight();
     EXPECT_TRUE(session_.SetButtonLight(3, true));
     // A report was composed all the same.
@@ -37,7 +37,7 @@ TEST_F(ButtonsTest, TheShareScreensOnlyLightStaysAsItIs) {
     EXPECT_THAT(Written(), IsEmpty());
 }
 
-TEST_F(ButtonsTest, FlagsSetWhileTheTouchpadIsDisabledShowAfterwards) {
+TEST_F(ButtonLightsTest, FlagsSetWhileTheTouchpadIsDisabledShowAfterwards) {
     OpenAndLight();
     ReceiveFirmwareState(test_support::kFwTouchpadDisable);
     session_.SetButtonLight(0, true);
@@ -53,21 +53,21 @@ TEST_F(ButtonsTest, FlagsSetWhileTheTouchpadIsDisabledShowAfterwards) {
 
 // --- the brightness ------------------------------------------------------------------------------
 
-TEST_F(ButtonsTest, TheBrightnessIsIgnoredWithoutASession) {
+TEST_F(ButtonLightsTest, TheBrightnessIsIgnoredWithoutASession) {
     Plug();
     session_.SetBrightness(9);
     EXPECT_EQ(session_.GetBrightness(), 3);
     EXPECT_THAT(log_.Texts(), IsEmpty());
 }
 
-TEST_F(ButtonsTest, AnUnchangedBrightnessIsLoggedAndNotWritten) {
+TEST_F(ButtonLightsTest, AnUnchangedBrightnessIsLoggedAndNotWritten) {
     OpenAndLight();
     session_.SetBrightness(3);
     EXPECT_THAT(Written(), IsEmpty());
     EXPECT_THAT(LogOf("SetBrightness"), ElementsAre("INFO SetBrightness: SetBrightness (3)"));
 }
 
-TEST_F(ButtonsTest, TheBrightnessOutlivesTheSession) {
+TEST_F(ButtonLightsTest, TheBrightnessOutlivesTheSession) {
     OpenAndLight();
     session_.SetBrightness(255);
     session_.Uninitialize();
@@ -78,7 +78,7 @@ TEST_F(ButtonsTest, TheBrightnessOutlivesTheSession) {
 
 // --- what a session begins with ------------------------------------------------------------------
 
-TEST_F(ButtonsTest, AreAllOffInANewSession) {
+TEST_F(ButtonLightsTest, AreAllOffInANewSession) {
     OpenAndLight();
     for (std::uint32_t button = 0; button < 4; ++button) {
         session_.EnableButtonBreathing(button, true);
@@ -101,7 +101,7 @@ TEST_F(ButtonsTest, AreAllOffInANewSession) {
     EXPECT_EQ(shown.back(), AllLit());
 }
 
-TEST_F(ButtonsTest, UnknownOnesCanBeSetAndDoNotCountAsEnabled) {
+TEST_F(ButtonLightsTest, UnknownOnesCanBeSetAndDoNotCountAsEnabled) {
     OpenAndLight();
     EXPECT_TRUE(session_.EnableButton(7, true));
     EXPECT_TRUE(session_.EnableButtonBreathing(7, true));
@@ -110,7 +110,7 @@ TEST_F(ButtonsTest, UnknownOnesCanBeSetAndDoNotCountAsEnabled) {
     EXPECT_FALSE(session_.IsButtonEnabled(8));
 }
 
-TEST_F(ButtonsTest, AreNeitherEnabledNorBreathingWithoutASession) {
+TEST_F(ButtonLightsTest, AreNeitherEnabledNorBreathingWithoutASession) {
     for (const std::uint32_t button : {0U, 1U, 2U, 3U, 7U}) {
         EXPECT_FALSE(session_.IsButtonEnabled(button));
         EXPECT_FALSE(session_.IsButtonBreathingEnabled(button));

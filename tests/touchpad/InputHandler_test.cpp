@@ -19,11 +19,11 @@ std::string HandleLine(const std::string& name) {
 const std::string kFirmwareClear =
     "INFO HandleInputReport: Vela FW state: TouchpadDisable(0), TouchpadEnable(0), SwipeOff(0)";
 
-class InputReportTest : public InputTest {};
+class InputHandlerTest : public InputTest {};
 
 // --- several usages in one report ----------------------------------------------------------------
 
-TEST_F(InputReportTest, SeveralUsagesAreHandledInAscendingOrder) {
+TEST_F(InputHandlerTest, SeveralUsagesAreHandledInAscendingOrder) {
     OpenAndLight();
     Receive(InputReport({0x47, 0x41}));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1", "status 3"));
@@ -32,7 +32,7 @@ TEST_F(InputReportTest, SeveralUsagesAreHandledInAscendingOrder) {
                 ElementsAre(HandleLine("camera button"), HandleLine("disabled")));
 }
 
-TEST_F(InputReportTest, AllUsagesInOneReportAreAllHandled) {
+TEST_F(InputHandlerTest, AllUsagesInOneReportAreAllHandled) {
     OpenAndLight();
     Receive(InputReport({0x40, 0x41, 0x42, 0x43, 0x44, 0x45, 0x46, 0x47}));
     // Enabled comes behind the gesture, which is still in force then.
@@ -46,7 +46,7 @@ TEST_F(InputReportTest, AllUsagesInOneReportAreAllHandled) {
                             HandleLine("disabled")));
 }
 
-TEST_F(InputReportTest, ADisabledButtonDoesNotEndTheReport) {
+TEST_F(InputHandlerTest, ADisabledButtonDoesNotEndTheReport) {
     OpenAndLight();
     session_.EnableButton(0, false);
     Receive(InputReport({0x41, 0x43}));
@@ -57,7 +57,7 @@ TEST_F(InputReportTest, ADisabledButtonDoesNotEndTheReport) {
                     HandleLine("chat button")));
 }
 
-TEST_F(InputReportTest, TheListHasRoomForEveryReportsUsages) {
+TEST_F(InputHandlerTest, TheListHasRoomForEveryReportsUsages) {
     OpenAndLight(BothLayouts());
     Receive(InputReport({0x41, 0x42}));
     Receive(InputReport({0x43}, 0, 0x10));
@@ -67,7 +67,7 @@ TEST_F(InputReportTest, TheListHasRoomForEveryReportsUsages) {
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1", "press 3 1", "press 2 1"));
 }
 
-TEST_F(InputReportTest, UsagesOfOneReportAreForgottenWithTheNext) {
+TEST_F(InputHandlerTest, UsagesOfOneReportAreForgottenWithTheNext) {
     OpenAndLight();
     Receive(InputReport({0x41, 0x42, 0x43, 0x44}));
     HostCallbacks::Reset();
@@ -76,7 +76,7 @@ TEST_F(InputReportTest, UsagesOfOneReportAreForgottenWithTheNext) {
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 2 1", "status 0"));
 }
 
-TEST_F(InputReportTest, AnEmptyReportOfTheSecondLayoutIsNothing) {
+TEST_F(InputHandlerTest, AnEmptyReportOfTheSecondLayoutIsNothing) {
     OpenAndLight(BothLayouts());
     Receive(InputReport({}, 0xFF, 0x10));
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
@@ -87,7 +87,7 @@ TEST_F(InputReportTest, AnEmptyReportOfTheSecondLayoutIsNothing) {
 
 // --- failures ------------------------------------------------------------------------------------
 
-class FailingUsages : public InputReportTest, public testing::WithParamInterface<std::uint32_t> {};
+class FailingUsages : public InputHandlerTest, public testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(FailingUsages, DropTheReportWithAWarning) {
     OpenAndLight();
@@ -109,7 +109,7 @@ TEST_P(FailingUsages, DropTheReportWithAWarning) {
 INSTANTIATE_TEST_SUITE_P(Statuses, FailingUsages,
                          testing::Values(0xC0110004U, 0xC0110007U, 0xC011000AU, 0x80110001U));
 
-TEST_F(InputReportTest, OtherSuccessesAreNoFailure) {
+TEST_F(InputHandlerTest, OtherSuccessesAreNoFailure) {
     OpenAndLight();
     // The fault leaves the list empty.
     machine_.FailNext("HidP_GetUsages", Fault::Status(0x00110001));
@@ -118,7 +118,7 @@ TEST_F(InputReportTest, OtherSuccessesAreNoFailure) {
     EXPECT_THAT(LogOf("HandleInputReport"), ElementsAre(kFirmwareClear));
 }
 
-TEST_F(InputReportTest, TheNextReportIsHandledAfterAFailure) {
+TEST_F(InputHandlerTest, TheNextReportIsHandledAfterAFailure) {
     OpenAndLight();
     machine_.FailNext("HidP_GetUsages", Fault::Status(static_cast<std::int32_t>(0xC0110004)));
     Receive(InputReport({0x41}));
@@ -126,7 +126,7 @@ TEST_F(InputReportTest, TheNextReportIsHandledAfterAFailure) {
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 3 1"));
 }
 
-TEST_F(InputReportTest, MoreUsagesThanTheListHoldsAreAFailure) {
+TEST_F(InputHandlerTest, MoreUsagesThanTheListHoldsAreAFailure) {
     machine_.FailNext("HidP_MaxUsageListLength", Fault::Result(1));
     OpenAndLight();
     Receive(InputReport({0x41, 0x42}));
