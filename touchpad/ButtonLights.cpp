@@ -9,38 +9,30 @@
 namespace vela {
 
 bool ButtonLights::EnableButton(std::uint32_t buttonId, bool enable) {
-    if (!device_.IsInitialized()) return false;
-    buttons_.SetFlag(buttonId, &ButtonState::enabled, enable);
-    GetLogger()->Log(kLogInfo, "EnableButton", "EnableButton button(%d), enable(%d)",
-                     static_cast<int>(buttonId), enable);
-    Update(false);
-    return true;
+    return SetFlag(buttonId, &ButtonState::enabled, enable, "EnableButton",
+                   "EnableButton button(%d), enable(%d)");
 }
 
 bool ButtonLights::EnableButtonBreathing(std::uint32_t buttonId, bool enable) {
-    if (!device_.IsInitialized()) return false;
-    buttons_.SetFlag(buttonId, &ButtonState::breathingEnabled, enable);
-    GetLogger()->Log(kLogInfo, "EnableButtonBreathing",
-                     "EnableButtonBreathing button(%d), enable(%d)", static_cast<int>(buttonId),
-                     enable);
-    Update(false);
-    return true;
+    return SetFlag(buttonId, &ButtonState::breathingEnabled, enable, "EnableButtonBreathing",
+                   "EnableButtonBreathing button(%d), enable(%d)");
 }
 
 bool ButtonLights::SetButtonVisible(std::uint32_t buttonId, bool visible) {
-    if (!device_.IsInitialized()) return false;
-    buttons_.SetFlag(buttonId, &ButtonState::visible, visible);
-    GetLogger()->Log(kLogInfo, "SetButtonVisible", "SetButtonVisible for BUTTON_ID %d (%d)",
-                     static_cast<int>(buttonId), visible);
-    Update(false);
-    return true;
+    return SetFlag(buttonId, &ButtonState::visible, visible, "SetButtonVisible",
+                   "SetButtonVisible for BUTTON_ID %d (%d)");
 }
 
 bool ButtonLights::SetButtonLight(std::uint32_t buttonId, bool on) {
+    return SetFlag(buttonId, &ButtonState::lightOn, on, "SetButtonLight",
+                   "SetButtonLight for BUTTON_ID %d (%d)");
+}
+
+bool ButtonLights::SetFlag(std::uint32_t buttonId, Relaxed<bool> ButtonState::*flag, bool value,
+                           const char* function, const char* format) {
     if (!device_.IsInitialized()) return false;
-    buttons_.SetFlag(buttonId, &ButtonState::lightOn, on);
-    GetLogger()->Log(kLogInfo, "SetButtonLight", "SetButtonLight for BUTTON_ID %d (%d)",
-                     static_cast<int>(buttonId), on);
+    buttons_.SetFlag(buttonId, flag, value);
+    GetLogger()->Log(kLogInfo, function, format, static_cast<int>(buttonId), value);
     Update(false);
     return true;
 }

@@ -46,6 +46,9 @@ class ButtonLights {
     std::vector<BYTE> DarkReport();
 
  private:
+    // `format`: of the line that is logged, for the id and the value.
+    bool SetFlag(std::uint32_t buttonId, Relaxed<bool> ButtonState::*flag, bool value,
+                 const char* function, const char* format);
     // Composes the report of the touchpad that is open; empty while none is.
     std::vector<BYTE> Compose(const LedState& state);
 
