@@ -36,7 +36,7 @@ std::wstring ConfigurationPath() {
 // minus sign counts down from the end of the range.
 std::uint32_t ParseVendorId(const std::wstring& sectionName) {
     constexpr int kHexadecimal = 16;
-    constexpr long long kLargest = std::numeric_limits<std::uint32_t>::max();
+    constexpr long long kLargest = (std::numeric_limits<std::uint32_t>::max)();
     const long long value = std::stoll(sectionName, nullptr, kHexadecimal);
     if (value > kLargest || value < -kLargest) {
         throw std::out_of_range("stoul argument out of range");

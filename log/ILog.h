@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <string>
 
-// Lets the compiler check printf formats against their arguments where it can.
-#if defined(__MINGW32__)
+// Lets the compiler check printf formats against their arguments where it can. Only g++ has a name
+// for the platform's formats; clang takes printf's for them where it compiles for Windows.
+#if defined(__MINGW32__) && !defined(__clang__)
 #define VELA_PRINTF_FORMAT(text, first) __attribute__((format(ms_printf, text, first)))
 #elif defined(__GNUC__)
 #define VELA_PRINTF_FORMAT(text, first) __attribute__((format(printf, text, first)))

@@ -26,7 +26,7 @@ void SessionOwner::Close() {
     agent_.UnInit();
     const auto took =
         std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - begin);
-    longestClosing_ = std::max(longestClosing_, took);
+    longestClosing_ = (std::max)(longestClosing_, took);
     open_ = false;
 }
 

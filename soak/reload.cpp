@@ -78,7 +78,7 @@ class Reloading {
             owner.Open(false);
             isRight = owner.Reaches() && LightUp(agent);
             owner.Close();
-            longestClosing_ = std::max(longestClosing_, owner.LongestClosing());
+            longestClosing_ = (std::max)(longestClosing_, owner.LongestClosing());
             agent.UnInitLogger();
         }
         FreeLibrary(GetModuleHandleW(kLibrary));

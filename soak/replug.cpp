@@ -77,7 +77,7 @@ class Replugging {
         const auto begin = steady_clock::now();
         UnInit();
         const auto took = std::chrono::duration_cast<milliseconds>(steady_clock::now() - begin);
-        longestClosing_ = std::max(longestClosing_, took);
+        longestClosing_ = (std::max)(longestClosing_, took);
         const bool isClosed = touchpad_->OpenHandles() == 0 && UnInit() == 0;
         touchpad_->ForgetOutputs();
         touchpad_->ForgetFeatureWrites();

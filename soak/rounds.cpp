@@ -38,7 +38,7 @@ class Judge {
             // First without, as such a query may leave the name of the session behind.
             const bool queriesPresence = done >= rounds_ / 2;
             host_->QueryPresence(queriesPresence);
-            RunBatch(std::min(kRoundsOfABatch, rounds_ - done), queriesPresence);
+            RunBatch((std::min)(kRoundsOfABatch, rounds_ - done), queriesPresence);
             if (++batches_ % 10 == 0) Tell("rounds " + std::to_string(done + kRoundsOfABatch));
         }
         JudgeAll();

@@ -16,8 +16,8 @@ constexpr std::chrono::seconds kHeartbeatInterval{20};
 
 Clock::time_point NextBeat() {
     const Clock::time_point now = Clock::now();
-    const bool wouldOverflow = now > Clock::time_point::max() - kHeartbeatInterval;
-    return wouldOverflow ? Clock::time_point::max() : now + kHeartbeatInterval;
+    constexpr Clock::time_point kLatest = (Clock::time_point::max)();
+    return now > kLatest - kHeartbeatInterval ? kLatest : now + kHeartbeatInterval;
 }
 
 }  // namespace

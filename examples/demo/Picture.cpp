@@ -23,7 +23,7 @@ int Level(int full, std::uint8_t brightness) {
     constexpr int kUnlit = 40;
     constexpr int kDimmest = 90;
     if (brightness == 0) return kUnlit;
-    return kDimmest + (std::max(full, kDimmest) - kDimmest) * brightness / 255;
+    return kDimmest + ((std::max)(full, kDimmest) - kDimmest) * brightness / 255;
 }
 
 std::string Cell(const std::string& text, const Colour& colour, std::uint8_t brightness) {

@@ -33,7 +33,7 @@ std::string KindOf(const std::string& handle) {
 bool IsEnding(const std::filesystem::path& thread) {
     constexpr unsigned kEnding = 0x4;  // the kernel's PF_EXITING
     std::ifstream stat(thread / "stat");
-    stat.ignore(std::numeric_limits<std::streamsize>::max(), ')');
+    stat.ignore((std::numeric_limits<std::streamsize>::max)(), ')');
     std::string ignored;
     for (int column = 1; column < 7; ++column) stat >> ignored;
     unsigned flags = kEnding;

@@ -87,7 +87,7 @@ StuckClosings CloseWithStuckWrites(Stuck stuck, std::int64_t cycles) {
         // Each write was waited for once; those that did not arrive ran into their time limit.
         const auto arrived = static_cast<std::int64_t>(touchpad->Outputs().size());
         const std::int64_t expired = waits.Count() - arrived;
-        closings.longestMs = std::max(closings.longestMs, expired * kWriteLimitMs);
+        closings.longestMs = (std::max)(closings.longestMs, expired * kWriteLimitMs);
         touchpad->SetWriteBehaviour(WriteBehaviour::Pend);
         if (touchpad->OpenHandles() != 0 || touchpad->HeldWrites() != 0) ++closings.wrong;
     }

@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
                     KeyCase{0, 0, L"HID_INPUT_0"}, KeyCase{1, 7, L"HID_OUTPUT_7"},
                     KeyCase{1, 0xFFFF, L"HID_OUTPUT_65535"}, KeyCase{3, 98, L"_98"},
                     KeyCase{5, 0, L"_0"},
-                    KeyCase{std::numeric_limits<std::uint32_t>::max(), 0x8000, L"_32768"}));
+                    KeyCase{(std::numeric_limits<std::uint32_t>::max)(), 0x8000, L"_32768"}));
 
 class HIDInformationTest : public HidTest {};
 

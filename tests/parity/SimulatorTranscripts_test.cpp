@@ -13,7 +13,7 @@ TEST_P(SimulatorTranscript, IsTheOneThatIsCheckedIn) {
     const Transcript expected = ExpectedTranscript(GetParam().name);
     const Transcript answered = Ask(GetParam());
     ASSERT_FALSE(expected.empty()) << "there is none";
-    for (std::size_t i = 0; i < std::min(expected.size(), answered.size()); ++i) {
+    for (std::size_t i = 0; i < (std::min)(expected.size(), answered.size()); ++i) {
         ASSERT_EQ(ToText(answered[i]), ToText(expected[i])) << "line " << i + 1;
     }
     EXPECT_EQ(answered.size(), expected.size());

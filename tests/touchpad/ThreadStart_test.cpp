@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kAll = std::numeric_limits<int>::max();
+constexpr int kAll = (std::numeric_limits<int>::max)();
 
 std::atomic<int> threadsLeft{kAll};
 

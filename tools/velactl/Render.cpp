@@ -24,8 +24,10 @@ std::size_t Width(const std::string& text) {
 std::string Aligned(const std::vector<Row>& rows) {
     std::vector<std::size_t> widths;
     for (const Row& row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Width(row[i]));
+        widths.resize((std::max)(widths.size(), row.size()));
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            widths[i] = (std::max)(widths[i], Width(row[i]));
+        }
     }
     std::string text;
     for (const Row& row : rows) {

@@ -76,7 +76,7 @@ class Painter {
         RoundedBox(box, 12, kButtonFace, EdgeOf(info.action));
         const float line = Scaled(24);
         const float room = box.height - 2 * line - Scaled(34);
-        const float side = std::min(room, box.width * 0.55F);
+        const float side = (std::min)(room, box.width * 0.55F);
         const RectF square(box.left + (box.width - side) / 2,
                            box.top + Scaled(10) + (room - side) / 2, side, side);
         DrawSymbol(graphics_, info.action, square, look.light, look.isCrossed);
@@ -106,7 +106,7 @@ class Painter {
         Box bar{label.Right(), box.top + box.height / 3, box.Right() - label.Right(),
                 box.height / 3};
         RoundedBox(bar, 3, kButtonFace, kSurfaceEdge);
-        bar.width = std::max(bar.width * static_cast<float>(*level) / 100, Scaled(6));
+        bar.width = (std::max)(bar.width * static_cast<float>(*level) / 100, Scaled(6));
         if (*level != 0) RoundedBox(bar, 3, kFocus, kFocus);
     }
 

@@ -31,10 +31,10 @@ std::optional<Action> PanelLayout::ActionAt(float x, float y) const {
 }
 
 PanelLayout LayOut(int width, int height) {
-    const auto w = static_cast<float>(std::max(width, kMinimumWidth));
-    const auto h = static_cast<float>(std::max(height, kMinimumHeight));
+    const auto w = static_cast<float>((std::max)(width, kMinimumWidth));
+    const auto h = static_cast<float>((std::max)(height, kMinimumHeight));
     PanelLayout layout;
-    layout.scale = std::min(w / 800, h / 600);
+    layout.scale = (std::min)(w / 800, h / 600);
     const float gap = 14 * layout.scale;
     const float inner = w - 2 * gap;
 

@@ -50,7 +50,7 @@ ExitCode PrintLog(Context& context, const LogOptions& options) {
     std::string text = tail.Read();
     const std::vector<std::string> lines = TakeLines(text);
     PrintLines(context, lines,
-               options.lines == 0 ? 0 : lines.size() - std::min(lines.size(), options.lines));
+               options.lines == 0 ? 0 : lines.size() - (std::min)(lines.size(), options.lines));
 
     const auto end = std::chrono::steady_clock::now() +
                      std::chrono::milliseconds(static_cast<std::int64_t>(options.seconds * 1000));
