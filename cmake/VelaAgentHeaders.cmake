@@ -7,3 +7,16 @@ target_include_directories(VelaAgentHeaders INTERFACE
   $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>
   $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>)
 set_target_properties(VelaAgentHeaders PROPERTIES EXPORT_NAME headers)
+
+# Every build compiles each of them by itself, with its own compiler and all of our warnings.
+function(vela_compile_header header extension)
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/headers/${header}.${extension})
+  file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\"\n#include \"VelaAgentVersion.h\"\n")
+  target_sources(header_check PRIVATE ${source})
+endfunction()
+add_library(header_check OBJECT)
+vela_compile_header(VelaAgent.h c)
+vela_compile_header(VelaAgent.h cpp)
+vela_compile_header(VelaAgent.hpp cpp)
+target_link_libraries(header_check PRIVATE VelaAgentHeaders vela_warnings)
+set_target_properties(header_check PROPERTIES C_STANDARD 11)

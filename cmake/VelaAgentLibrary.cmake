@@ -14,6 +14,8 @@ target_compile_definitions(VelaAgent PRIVATE UNICODE _UNICODE)
 
 if(MSVC)
   set_property(TARGET VelaAgent PROPERTY MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  # The guard's checks are the compiler's to make, and the linker's to declare.
+  target_compile_options(VelaAgent PRIVATE /guard:cf)
   target_link_options(VelaAgent PRIVATE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf)
 else()
   # Paths of the build machine stay out of the file (assertions of the C++ runtime would bring them).

@@ -18,7 +18,9 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/VelaAgentConfigVersion.cmake
   DESTINATION ${package_folder})
 
-install(TARGETS velactl RUNTIME DESTINATION bin)
+if(VELA_TOOLS)
+  install(TARGETS velactl RUNTIME DESTINATION bin)
+endif()
 install(FILES include/VelaAgent.h include/VelaAgent.hpp ${VELA_VERSION_HEADER} DESTINATION include)
 # From which other toolchains make their import libraries.
 install(FILES interface/VelaAgent.def DESTINATION lib)
