@@ -4,7 +4,9 @@
 #include "tests/interface/HeaderInC.h"
 
 #define HAS_TYPE(name, type) \
-    _Static_assert(_Generic(&name, type : 1, default : 0), #name " has another type")
+    _Static_assert(_Generic(&name, type : 1, default : 0), #name " has another type"); \
+    _Static_assert(_Generic(&name, Vela##name##Function : 1, default : 0), \
+                   #name " has another pointer type")
 
 HAS_TYPE(Activate, int32_t (*)(uint32_t));
 HAS_TYPE(EnableChatBreathing, int32_t (*)(int32_t));

@@ -91,6 +91,7 @@ static_assert(VELA_ACTIVE == 0 && VELA_ACTIVE_HOST_SETS_LIGHTS == 1 && VELA_DEAC
               VELA_SUSPENDED == 5);
 static_assert(VELA_STATUS_NORMAL == 0 && VELA_STATUS_TEMPORARILY_DISABLED == 2 &&
               VELA_STATUS_DISABLED == 3 && VELA_STATUS_DEACTIVATED == 4);
+static_assert(VELA_CLICK_MODE_OFF == 0 && VELA_CLICK_MODE_ON == 1);
 static_assert(VELA_INIT_OPEN == 1 && VELA_INIT_NOT_FOUND == 2 && VELA_INIT_HELD_BY_OTHER == 3);
 
 }  // namespace
