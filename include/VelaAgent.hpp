@@ -2,12 +2,30 @@
 // so that they close themselves. Header-only; VelaAgent.h tells what every function does.
 //
 //     vela_agent::Library library(L"C:\\Program Files\\Host\\VelaAgent.dll");
-//     vela_agent::Logger logger(library, L"C:\\Users\\Public\\Logs");
+//     vela_agent::Logger logger(library, localAppData / "Host" / "Logs");  // %LOCALAPPDATA%
 //     vela_agent::Session session(library, {[](VelaButton button, bool newLight) { ... },
 //                                           [](std::uint32_t status) { ... }});
 //     session.EnableFeature(true);
+//
+// Objects that close themselves may be static. Those of a program close when it exits; those of a
+// plug-in DLL keep the DLL loaded, as FreeLibrary would destroy them where closing waits for ever,
+// and are left as they are when the process ends (convention 7). thread_local they must not be.
 #ifndef VELA_AGENT_HPP
 #define VELA_AGENT_HPP
+
+#if __cplusplus < 201703L && (!defined(_MSVC_LANG) || _MSVC_LANG < 201703L)
+#error "VelaAgent.hpp needs C++17: compile with -std=c++17 or /std:c++17."
+#endif
+
+// The host's own min, max and NOMINMAX are put aside, and are what they were after the includes: a
+// host that uses the macros of <windows.h> includes that first.
+#pragma push_macro("min")
+#pragma push_macro("max")
+#pragma push_macro("NOMINMAX")
+#undef min
+#undef max
+#undef NOMINMAX
+#define NOMINMAX
 
 #include <windows.h>
 
@@ -24,6 +42,10 @@
 #include <utility>
 
 #include "VelaAgent.h"
+
+#pragma pop_macro("NOMINMAX")
+#pragma pop_macro("max")
+#pragma pop_macro("min")
 
 // Every function of VelaAgent.h.
 #define VELA_AGENT_FOR_EACH_EXPORT(X) \
@@ -59,12 +81,30 @@
     X(UpdateVelaState)
 
 namespace vela_agent {
+namespace detail {
+
+inline std::string Utf8(const std::wstring& text) {
+    const auto length = static_cast<int>(text.size());
+    std::string utf8(text.size() * 3, '\0');  // the most that a wide character takes
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, utf8.data(),
+                                         static_cast<int>(utf8.size()), nullptr, nullptr);
+    utf8.resize(static_cast<std::size_t>(size));
+    return utf8;
+}
+
+inline std::string Text(DWORD systemError) {
+    return std::system_category().message(static_cast<int>(systemError)) + " (error " +
+           std::to_string(systemError) + ")";
+}
+
+}  // namespace detail
 
 // The library cannot be loaded, or is not the one that this header is for.
 class LoadError : public std::runtime_error {
  public:
     LoadError(std::filesystem::path file, std::string exportName, DWORD systemError)
-        : std::runtime_error(Text(file, exportName, systemError)),
+        : std::runtime_error((exportName.empty() ? "cannot load " : "no " + exportName + " in ") +
+                             detail::Utf8(file.wstring()) + ": " + detail::Text(systemError)),
           file_(std::move(file)),
           exportName_(std::move(exportName)),
           systemError_(systemError) {}
@@ -72,30 +112,25 @@ class LoadError : public std::runtime_error {
     const std::filesystem::path& File() const { return file_; }
     // The function that is missing; empty when the file itself cannot be loaded.
     const std::string& ExportName() const { return exportName_; }
-    // As GetLastError tells it.
+    // As GetLastError returns it.
     DWORD SystemError() const { return systemError_; }
 
  private:
-    static std::string Text(const std::filesystem::path& file, const std::string& exportName,
-                            DWORD error) {
-        const std::string what = exportName.empty() ? "cannot load " : "no " + exportName + " in ";
-        return what + Utf8(file.wstring()) + ": " +
-               std::system_category().message(static_cast<int>(error)) + " (error " +
-               std::to_string(error) + ")";
-    }
-
-    static std::string Utf8(const std::wstring& text) {
-        const auto length = static_cast<int>(text.size());
-        std::string utf8(text.size() * 3, '\0');  // the most that a wide character takes
-        const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, utf8.data(),
-                                             static_cast<int>(utf8.size()), nullptr, nullptr);
-        utf8.resize(static_cast<std::size_t>(size));
-        return utf8;
-    }
-
     std::filesystem::path file_;
     std::string exportName_;
     DWORD systemError_;
+};
+
+// There is no such directory to log into.
+class LogError : public std::runtime_error {
+ public:
+    explicit LogError(std::filesystem::path directory)
+        : std::runtime_error("no log directory " + detail::Utf8(directory.wstring())),
+          directory_(std::move(directory)) {}
+    const std::filesystem::path& Directory() const { return directory_; }
+
+ private:
+    std::filesystem::path directory_;
 };
 
 // There is no touchpad to open, or it is not free.
@@ -109,13 +144,12 @@ class OpenError : public std::runtime_error {
     VelaInitResult result_;
 };
 
-// The functions of one loaded library: library.IsVelaPresent(). It stays loaded until the process
-// ends (unloading would end a process that had a detachable touchpad active), so copies are free.
-class Library {
+namespace detail {
+
+// The functions of a library that is loaded but may be unloaded by somebody: hosts take Library.
+class Exports {
  public:
-    // `file` is an absolute path: nothing is searched, and what the library itself needs comes from
-    // the system's folder only. Throws LoadError.
-    explicit Library(const std::filesystem::path& file)
+    explicit Exports(const std::filesystem::path& file)
         : file_(file), module_(Load(std::filesystem::path(file).make_preferred())) {
 #define VELA_AGENT_RESOLVE(name) Resolve(#name, this->name);
         VELA_AGENT_FOR_EACH_EXPORT(VELA_AGENT_RESOLVE)
@@ -125,7 +159,7 @@ class Library {
     const std::filesystem::path& File() const { return file_; }
     HMODULE Module() const { return module_; }
 
-#define VELA_AGENT_DECLARE(name) decltype(&::name) name = nullptr;
+#define VELA_AGENT_DECLARE(name) Vela##name##Function name = nullptr;
     VELA_AGENT_FOR_EACH_EXPORT(VELA_AGENT_DECLARE)
 #undef VELA_AGENT_DECLARE
 
@@ -148,22 +182,82 @@ class Library {
     HMODULE module_;
 };
 
-// Logs into a directory for as long as it lives.
-class Logger {
+// Keeps the module that this address is in loaded until the process ends, whoever frees it.
+inline bool Pin(const void* address) {
+    HMODULE module = nullptr;
+    return GetModuleHandleExW(
+               GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+               static_cast<LPCWSTR>(address), &module) != FALSE;
+}
+
+// What closes itself. Closing waits for the library's threads, which end only while the system's
+// loader is free; it never is where static objects of a DLL are destroyed. So the DLL that holds
+// such an object, and whose code the library calls back, stays until the process ends, and then
+// nothing is closed any more: the threads are gone, maybe with a lock.
+class SelfClosing {
  public:
-    Logger(const Library& library, const std::filesystem::path& directory) : library_(library) {
-        library_.InitLogger(directory.c_str());
+    SelfClosing(const SelfClosing&) = delete;
+    SelfClosing& operator=(const SelfClosing&) = delete;
+
+ protected:
+    SelfClosing() {
+        static const char inThisModule = 0;
+        if (!Pin(&inThisModule)) {
+            throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
+        }
     }
-    ~Logger() { library_.UnInitLogger(); }
-    Logger(const Logger&) = delete;
-    Logger& operator=(const Logger&) = delete;
+    ~SelfClosing() = default;
+
+    // False while the system unloads the libraries of a process that ends. Static objects of a
+    // program are destroyed before that.
+    static bool MayClose() {
+        using Function = BOOLEAN(WINAPI*)();
+        const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+        const FARPROC isEnding = GetProcAddress(system, "RtlDllShutdownInProgress");
+        return isEnding == nullptr ||
+               reinterpret_cast<Function>(reinterpret_cast<void*>(isEnding))() == FALSE;
+    }
+};
+
+}  // namespace detail
+
+// The functions of the loaded library: library.IsVelaPresent(). It stays loaded until the process
+// ends, as unloading would end a process whose logger runs, or that had a detachable touchpad
+// active; FreeLibrary does not unload it. So copies are free.
+class Library : public detail::Exports {
+ public:
+    // `file` is an absolute path: nothing is searched, and what the library itself needs comes from
+    // the system's folder only. Throws LoadError.
+    explicit Library(const std::filesystem::path& file) : Exports(file) {
+        if (!detail::Pin(Module())) throw LoadError(file, "", GetLastError());
+    }
+};
+
+// Logs into a directory for as long as it lives.
+class Logger : detail::SelfClosing {
+ public:
+    // The directory has to exist, and only the user should be able to write there; a relative one
+    // counts from the directory that is current now. Throws LogError when there is none.
+    Logger(const Library& library, const std::filesystem::path& directory) : library_(library) {
+        library_.InitLogger(Existing(directory).c_str());
+    }
+    ~Logger() {
+        if (MayClose()) library_.UnInitLogger();
+    }
 
  private:
+    static std::filesystem::path Existing(const std::filesystem::path& directory) {
+        std::error_code error;
+        const auto absolute = std::filesystem::absolute(directory, error).make_preferred();
+        if (!error && std::filesystem::is_directory(absolute, error)) return absolute;
+        throw LogError(absolute.empty() ? directory : absolute);
+    }
+
     const Library library_;
 };
 
-// What the touchpad's session calls, on the threads that VelaAgent.h tells. They may be empty, and
-// must not throw.
+// What the touchpad's session calls, on the threads that VelaAgent.h names. They may be empty, must
+// not throw, and must not wait for a thread that may be destroying the session.
 struct Handlers {
     std::function<void(VelaButton button, bool newLight)> onPress;
     std::function<void(std::uint32_t status)> onStatus;
@@ -174,7 +268,7 @@ namespace detail {
 // The library's callbacks carry no context, so the handlers of the one session are found here for
 // as long as it lives. A call takes its share of them along: one that comes late finds none, and
 // one that is under way keeps those that it runs.
-class HandlerSlot {
+class HandlerSlot : SelfClosing {
  public:
     // Throws std::logic_error while another session lives.
     explicit HandlerSlot(Handlers handlers) {
@@ -183,12 +277,11 @@ class HandlerSlot {
         handlers_ = std::make_shared<const Handlers>(std::move(handlers));
     }
     ~HandlerSlot() {
+        if (!MayClose()) return;
         std::shared_ptr<const Handlers> handlers;  // destroyed without the lock
         const std::lock_guard<std::mutex> lock(mutex_);
         handlers_.swap(handlers);
     }
-    HandlerSlot(const HandlerSlot&) = delete;
-    HandlerSlot& operator=(const HandlerSlot&) = delete;
 
     static std::shared_ptr<const Handlers> Share() {
         const std::lock_guard<std::mutex> lock(mutex_);
@@ -216,7 +309,7 @@ inline void OnStatus(std::uint32_t status) noexcept {
 
 // The touchpad, open for as long as this lives; there is one at a time. Not to be destroyed by a
 // handler, nor while another thread is inside one of its functions.
-class Session {
+class Session : detail::SelfClosing {
  public:
     // Throws OpenError; std::logic_error while another session lives.
     explicit Session(const Library& library, Handlers handlers = {})
@@ -230,9 +323,9 @@ class Session {
         library_.SetVelaButtonPressCallback(detail::OnPress);
         library_.SetVelaStatusChangeCallback(detail::OnStatus);
     }
-    ~Session() { library_.UnInit(); }
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    ~Session() {
+        if (MayClose()) library_.UnInit();
+    }
 
     bool Activate(std::uint32_t activation) { return library_.Activate(activation) != 0; }
     bool IsActivated() const { return library_.IsActivated() != 0; }
@@ -274,8 +367,10 @@ class Session {
     const detail::HandlerSlot slot_;  // given up after UnInit, which may still call
 };
 
-// The haptic touchpad, open for as long as this lives.
-class Haptics {
+// The haptic touchpad, open for as long as this lives. Not to be made or destroyed while another
+// thread is inside one of its functions, nor while another one lives, whose touchpad it would
+// close.
+class Haptics : detail::SelfClosing {
  public:
     // Throws OpenError.
     explicit Haptics(const Library& library) : library_(library) {
@@ -284,9 +379,9 @@ class Haptics {
                             "no haptic touchpad with an intensity found, or it cannot be opened");
         }
     }
-    ~Haptics() { library_.UnInitHapticTP(); }
-    Haptics(const Haptics&) = delete;
-    Haptics& operator=(const Haptics&) = delete;
+    ~Haptics() {
+        if (MayClose()) library_.UnInitHapticTP();
+    }
 
     std::uint32_t Level() const { return library_.GetHapticTPIntensityLevel(); }
     bool SetLevel(std::uint32_t level) { return library_.SetHapticTPIntensityLevel(level) != 0; }

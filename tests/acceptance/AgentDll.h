@@ -8,11 +8,12 @@ namespace acceptance {
 // The folder of this program.
 std::filesystem::path ProgramFolder();
 
-class AgentDll : public vela_agent::Library {
+// Not the header's Library, which stays loaded: some tests unload it.
+class AgentDll : public vela_agent::detail::Exports {
  public:
-    using Library::Library;
+    using Exports::Exports;
     // VelaAgent.dll beside this program.
-    AgentDll() : Library(ProgramFolder() / "VelaAgent.dll") {}
+    AgentDll() : Exports(ProgramFolder() / "VelaAgent.dll") {}
 };
 
 }  // namespace acceptance

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "VelaAgentVersion.h"
+#include "tests/acceptance/ChildProcess.h"
 #include "virtual-touchpad/control/TouchpadControl.h"
 #include "virtual-touchpad/plug/Plug.h"
 
@@ -40,6 +41,13 @@ TEST(LibraryTest, LoadsTheDllByItsFullPath) {
     EXPECT_EQ(library.File(), kDll);
     EXPECT_EQ(library.Module(), GetModuleHandleW(kDll.c_str()));
     EXPECT_EQ(library.IsActivated(), 0);
+    EXPECT_EQ(library.GetVelaBrightness(), 3U);
+}
+
+TEST(LibraryTest, StaysLoadedWhoeverFreesIt) {
+    const Library library(kDll);
+    for (int i = 0; i < 10; ++i) FreeLibrary(library.Module());
+    EXPECT_EQ(GetModuleHandleW(kDll.c_str()), library.Module());
     EXPECT_EQ(library.GetVelaBrightness(), 3U);
 }
 
@@ -97,6 +105,32 @@ TEST(LoggerTest, WritesTheLogWhileItLives) {
     { const vela_agent::Logger logger(library, folder); }
     EXPECT_TRUE(std::filesystem::exists(folder / "VelaAgent.log"));
     std::filesystem::remove_all(folder);
+}
+
+TEST(LoggerTest, StaysInTheDirectoryThatARelativePathNamedWhenItBegan) {
+    const auto before = std::filesystem::current_path();
+    const auto folder = std::filesystem::temp_directory_path() /
+                        ("vela-relative-" + std::to_string(GetCurrentProcessId()));
+    std::filesystem::create_directories(folder / "logs");
+    std::filesystem::current_path(folder);
+    {
+        const vela_agent::Logger logger(Library(kDll), "logs");
+        std::filesystem::current_path(before);
+    }
+    EXPECT_TRUE(std::filesystem::exists(folder / "logs" / "VelaAgent.log"));
+    std::filesystem::remove_all(folder);
+}
+
+TEST(LoggerTest, RefusesADirectoryThatDoesNotExist) {
+    for (const std::filesystem::path directory : {L"C:\\nowhere \u89c6", L"", kDll.c_str()}) {
+        try {
+            const vela_agent::Logger logger(Library(kDll), directory);
+            FAIL() << "logs into " << directory;
+        } catch (const vela_agent::LogError& error) {
+            EXPECT_EQ(error.Directory(), directory);
+            EXPECT_EQ(error.what(), "no log directory " + directory.u8string());
+        }
+    }
 }
 
 // --- Session -------------------------------------------------------------------------------------
@@ -222,6 +256,7 @@ TEST(VersionTest, TextAndNumbersAgree) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (acceptance::IsChildProcess(argc, argv)) return acceptance::PlayChildRole(argv);
     testing::InitGoogleMock(&argc, argv);
     vela_agent::LeaveProcess(RUN_ALL_TESTS());
 }
