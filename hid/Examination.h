@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "hid/FileHandle.h"
+#include "platform/FileHandle.h"
 #include "hid/HIDInformation.h"
 #include "hid/IDiscoveryQuery.h"
 

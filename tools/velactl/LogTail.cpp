@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "hid/FileHandle.h"
+#include "platform/FileHandle.h"
 
 namespace velactl {
 

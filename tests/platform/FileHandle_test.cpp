@@ -1,5 +1,5 @@
 // The owner of a file handle.
-#include "hid/FileHandle.h"
+#include "platform/FileHandle.h"
 
 #include "tests/hid/HidTest.h"
 
