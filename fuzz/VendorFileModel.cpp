@@ -1,5 +1,7 @@
 #include "fuzz/VendorFileModel.h"
 
+#include <cstdio>
+
 namespace fuzz {
 namespace {
 
@@ -30,6 +32,39 @@ std::optional<std::uint32_t> VendorIdOf(const std::wstring& sectionName) {
     }
     // A sign wraps the number around.
     return static_cast<std::uint32_t>(negative ? 0 - number : number);
+}
+
+std::string Utf8Of(const std::wstring& sectionName) {
+    std::string text;
+    const auto tail = [&text](std::uint32_t bits) {
+        text += static_cast<char>(0x80 | (bits & 0x3F));
+    };
+    for (std::size_t i = 0; i < sectionName.size(); ++i) {
+        const auto unit = static_cast<std::uint32_t>(sectionName[i]);
+        const auto next = static_cast<std::uint32_t>(sectionName.c_str()[i + 1]);
+        if (unit < 0x80) {
+            text += static_cast<char>(unit);
+        } else if (unit < 0x800) {
+            text += static_cast<char>(0xC0 | unit >> 6);
+            tail(unit);
+        } else if (unit >> 11 != 0xD800 >> 11) {
+            text += static_cast<char>(0xE0 | unit >> 12);
+            tail(unit >> 6);
+            tail(unit);
+        } else if (unit < 0xDC00 && next >> 10 == 0xDC00 >> 10) {
+            const std::uint32_t letter = 0x10000 + ((unit & 0x3FF) << 10 | (next & 0x3FF));
+            text += static_cast<char>(0xF0 | letter >> 18);
+            tail(letter >> 12);
+            tail(letter >> 6);
+            tail(letter);
+            ++i;
+        } else {
+            char escaped[8];
+            std::snprintf(escaped, sizeof escaped, "\\u%04X", unit);
+            text += escaped;
+        }
+    }
+    return text;
 }
 
 }  // namespace fuzz

@@ -12,4 +12,7 @@ namespace fuzz {
 // number.
 std::optional<std::uint32_t> VendorIdOf(const std::wstring& sectionName);
 
+// The name as the log shows it: UTF-8, and "\uD800" for half a surrogate pair without the other.
+std::string Utf8Of(const std::wstring& sectionName);
+
 }  // namespace fuzz

@@ -33,17 +33,12 @@ std::vector<std::wstring> SectionNames() {
     return names;
 }
 
-// Names with other letters cannot be written in the C locale; the logger drops such a line.
-bool CanBeLogged(const std::wstring& name) {
-    return std::all_of(name.begin(), name.end(),
-                       [](wchar_t letter) { return letter > 0 && letter < 0x80; });
-}
-
 std::vector<std::string> LoggedLines() {
     std::vector<std::string> lines;
     std::ifstream stream(fuzz::LogFolder::Get().File(), std::ios::binary);
     for (std::string line; std::getline(stream, line);) {
-        // "[2024-05-06 17:42:10] " stands before it.
+        // "[2024-05-06 17:42:10] " stands before it, and a carriage return behind it.
+        if (!line.empty() && line.back() == '\r') line.pop_back();
         lines.push_back(line.erase(0, std::min<std::size_t>(line.size(), 22)));
     }
     return lines;
@@ -70,9 +65,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     for (const std::wstring& name : SectionNames()) {
         if (const auto vendorId = fuzz::VendorIdOf(name)) {
             vendors.push_back(*vendorId & 0xFFFF);
-        } else if (CanBeLogged(name)) {
+        } else {
             lines.push_back("{WARNING @ GetVidsFromFile} stoul convert failed. " +
-                            std::string(name.begin(), name.end()));
+                            fuzz::Utf8Of(name));
         }
     }
     if (vendors.empty()) vendors.push_back(0x0488);

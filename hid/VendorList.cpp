@@ -8,6 +8,7 @@
 
 #include "log/ILog.h"
 #include "platform/ModuleHandle.h"
+#include "platform/Utf8.h"
 
 namespace vela {
 namespace {
@@ -60,10 +61,8 @@ std::vector<std::uint32_t> GetVidsFromFile() {
         try {
             vendorIds.push_back(ParseVendorId(name));
         } catch (const std::logic_error&) {
-            VELA_WIDE_FORMAT_BEGIN
-            GetLogger()->Log(kLogWarning, "GetVidsFromFile", "stoul convert failed. %ws",
-                             name.c_str());
-            VELA_WIDE_FORMAT_END
+            GetLogger()->Log(kLogWarning, "GetVidsFromFile", "stoul convert failed. %s",
+                             Utf8(name).c_str());
         }
     }
     return vendorIds;

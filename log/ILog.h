@@ -14,18 +14,6 @@
 #define VELA_PRINTF_FORMAT(text, first)
 #endif
 
-// Compilers' printf checks do not know "%ws", the platform's conversion for a wide string. The few
-// calls that need it stand between these two.
-#if defined(__GNUC__)
-#define VELA_WIDE_FORMAT_BEGIN                                                    \
-    _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Wformat\"") \
-        _Pragma("GCC diagnostic ignored \"-Wformat-extra-args\"")
-#define VELA_WIDE_FORMAT_END _Pragma("GCC diagnostic pop")
-#else
-#define VELA_WIDE_FORMAT_BEGIN
-#define VELA_WIDE_FORMAT_END
-#endif
-
 namespace vela {
 
 // The numbers are what callers pass and what the queue carries.
@@ -48,9 +36,10 @@ class ILog {
     // Ends one Initialize. The last one writes what is queued and returns when it is in the file.
     virtual void UnInitialize() = 0;
 
-    // Formats with the platform's printf, which knows "%ws". Dropped without formatting while the
-    // logger is not initialised, and when the text comes out empty or cannot be formatted. `level`
-    // is 0 to 3: another one ends the process when the line is written.
+    // Formats with the platform's printf. The file is UTF-8: wide text goes in as "%s" of its
+    // Utf8(). Dropped without formatting while the logger is not initialised, and dropped
+    // when the text comes out empty or cannot be formatted. `level` is 0 to 3:
+    // another one ends the process when the line is written.
     virtual void Log(std::uint32_t level, const std::string& functionName, const char* format, ...)
         VELA_PRINTF_FORMAT(4, 5) = 0;
 

@@ -9,8 +9,22 @@ namespace {
 
 constexpr std::uint32_t kReplacement = 0xFFFD;
 
+bool IsHighHalf(std::uint32_t value) { return value >= 0xD800 && value <= 0xDBFF; }
+
+bool IsLowHalf(std::uint32_t value) { return value >= 0xDC00 && value <= 0xDFFF; }
+
 bool IsCodePoint(std::uint32_t value) {
-    return value <= 0x10FFFF && !(value >= 0xD800 && value <= 0xDFFF);
+    return value <= 0x10FFFF && !IsHighHalf(value) && !IsLowHalf(value);
+}
+
+// Takes it off the text: a character that stands for itself, or a pair of surrogates.
+std::uint32_t TakeCodePoint(std::wstring_view& text) {
+    const std::uint32_t value{static_cast<char32_t>(text[0])};
+    const std::uint32_t next{text.size() > 1 ? static_cast<char32_t>(text[1]) : 0};
+    const bool isPair = IsHighHalf(value) && IsLowHalf(next);
+    text.remove_prefix(isPair ? 2 : 1);
+    if (isPair) return 0x10000 + ((value & 0x3FF) << 10) + (next & 0x3FF);
+    return IsCodePoint(value) ? value : kReplacement;
 }
 
 void AppendUtf8(std::string& out, std::uint32_t codePoint) {
@@ -35,12 +49,9 @@ void AppendUtf8(std::string& out, std::uint32_t codePoint) {
 
 }  // namespace
 
-std::string Utf8(const wchar_t* text) {
+std::string Utf8(std::wstring_view text) {
     std::string out;
-    for (; *text != L'\0'; ++text) {
-        const std::uint32_t value{static_cast<char32_t>(*text)};
-        AppendUtf8(out, IsCodePoint(value) ? value : kReplacement);
-    }
+    while (!text.empty()) AppendUtf8(out, TakeCodePoint(text));
     return out;
 }
 

@@ -5,6 +5,7 @@
 
 #include "log/ILog.h"
 #include "platform/Lock.h"
+#include "platform/Utf8.h"
 #include "touchpad/DeviceMutex.h"
 #include "touchpad/IHid.h"
 
@@ -107,9 +108,7 @@ void TouchpadDevice::ReadProductString() {
     buffer[kProductStringLength - 1] = L'\0';
     productString_ = buffer;
     std::transform(productString_.begin(), productString_.end(), productString_.begin(), LowerCase);
-    VELA_WIDE_FORMAT_BEGIN
-    GetLogger()->Log(kLogInfo, kFunction, "Product string: %ws", productString_.c_str());
-    VELA_WIDE_FORMAT_END
+    GetLogger()->Log(kLogInfo, kFunction, "Product string: %s", Utf8(productString_).c_str());
 }
 
 }  // namespace vela

@@ -18,9 +18,9 @@
 #define __stdcall
 
 typedef char CHAR, *PCHAR, *LPSTR;
-typedef const char *LPCSTR, *PCSTR;
+typedef const char *LPCSTR, *PCSTR, *LPCCH;
 typedef wchar_t WCHAR, *PWCHAR, *PWSTR, *LPWSTR;
-typedef const wchar_t *PCWSTR, *LPCWSTR;
+typedef const wchar_t *PCWSTR, *LPCWSTR, *LPCWCH;
 
 typedef std::uint8_t BYTE, *PBYTE, *LPBYTE;
 typedef std::uint8_t UCHAR, *PUCHAR;
@@ -54,5 +54,10 @@ typedef struct _GUID {
     std::uint8_t Data4[8];
 } GUID, *LPGUID;
 typedef const GUID* LPCGUID;
+
+typedef struct _FILETIME {
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+} FILETIME;
 
 static_assert(sizeof(GUID) == 16);

@@ -6,4 +6,5 @@
 #include <winerror.h>
 #include <winnt.h>
 #include <winbase.h>
+#include <winnls.h>
 #include <crt_extras.h>

@@ -8,6 +8,7 @@ namespace acceptance {
 namespace {
 
 using testing::ElementsAreArray;
+using testing::IsSupersetOf;
 
 constexpr char kEmptyRecord[] =
     "{INFO @ ~CHIDInformation} CHIDInformation clear device UsagePage (0),  Usage (0) information";
@@ -139,6 +140,20 @@ TEST_F(VendorFileTest, MayBeWrittenInSixteenBits) {
     EXPECT_TRUE(Finds(0x1A2B));
     EXPECT_TRUE(Finds(0x2F00));
     EXPECT_FALSE(Finds(0x0488));
+}
+
+TEST_F(VendorFileTest, NamesThatAreNoVendorsAreLoggedInWhateverLetters) {
+    std::string text = "\xFF\xFE";
+    for (const char16_t unit : std::u16string(
+             u"[zz]\r\n[klju\u010D]\r\n[\u00E9t\u00E9]\r\n[\u4F60]\r\n[z\xD83D]\r\n[1A2B]\r\n")) {
+        text += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    }
+    WriteVendorFile(text);
+    EXPECT_TRUE(Finds(0x1A2B));
+    agent_.UnInitLogger();
+    EXPECT_THAT(log_.Lines(),
+                IsSupersetOf({Skipped("zz"), Skipped("klju\xC4\x8D"), Skipped("\xC3\xA9t\xC3\xA9"),
+                              Skipped("\xE4\xBD\xA0"), Skipped("z\\uD83D")}));
 }
 
 TEST_F(VendorFileTest, MayLieBelowAnyFolderName) {

@@ -168,6 +168,21 @@ INSTANTIATE_TEST_SUITE_P(
         FileCase{"Zero", "[0]\n[10000]\n", {0, 0x10000}, {0, 0}, {}}),
     [](const testing::TestParamInfo<FileCase>& test) { return test.param.name; });
 
+TEST_F(VendorListTest, EveryBadNameIsLoggedInWhateverLetters) {
+    const LibraryFolder folder;
+    std::string text = "\xFF\xFE";
+    for (const char16_t unit : std::u16string(
+             u"[zz]\n[klju\u010D]\n[caf\u00E9]\n[\u4F60]\n[z\U0001F600]\n[z\xD83D]\n[1A2B]\n")) {
+        text += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    }
+    folder.PutVelaIni(text);
+    // "caf" is a number, and what stands behind it is ignored.
+    EXPECT_THAT(GetVidsFromFile(), ElementsAre(0xCAF, 0x1A2B));
+    EXPECT_THAT(log_.TextsOf("GetVidsFromFile"),
+                ElementsAre(Skipped("zz"), Skipped("klju\xC4\x8D"), Skipped("\xE4\xBD\xA0"),
+                            Skipped("z\xF0\x9F\x98\x80"), Skipped("z\\uD83D")));
+}
+
 TEST_F(VendorListTest, AListThatDoesNotFitIsReadAsFarAsItFits) {
     const LibraryFolder folder;
     std::string text;

@@ -53,6 +53,13 @@ TEST_F(DetachableTest, LogsTheNameInLowerCase) {
                 ElementsAre("INFO IsDetachable: Product string: vela [detachable] z9"));
 }
 
+TEST_F(DetachableTest, LogsEveryLetterOfTheName) {
+    Open(Named(L"Caf\u00E9 Klju\u010D \u4f60"));
+    session_.IsDetachable();
+    EXPECT_THAT(LogOf("IsDetachable"), ElementsAre("INFO IsDetachable: Product string: "
+                                                   "caf\xC3\xA9 klju\xC4\x8D \xE4\xBD\xA0"));
+}
+
 TEST_F(DetachableTest, ReadsTheNameOnce) {
     Open();
     machine_.ForgetCalls();

@@ -19,7 +19,7 @@ class NoteTaker : public vela::ILog {
         va_list arguments{};
         va_start(arguments, format);
         char text[512] = {};
-        // The platform's, which knows "%ws". A longer text is cut short.
+        // A longer text is cut short.
         _vsnprintf(text, sizeof(text) - 1, format, arguments);
         va_end(arguments);
         notes_.emplace_back(text);
