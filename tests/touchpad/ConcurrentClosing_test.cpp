@@ -83,6 +83,36 @@ TEST_F(ConcurrentClosingTest, BesideOpeningLeavesAWholeSessionOrNone) {
     EXPECT_THAT(machine_.Misuse(), IsEmpty());
 }
 
+// The device is still open in the middle of the closing: opening it again would be refused.
+TEST_F(ConcurrentClosingTest, OpeningWaitsForAClosingThatIsNotDone) {
+    OpenAndLight();
+    const auto information = vela::ScanHIDInformation(&session_);
+    std::atomic<bool> closing{false};
+    std::atomic<bool> opening{false};
+    machine_.SetFaultPolicy([&](const simulator::Call& call) {
+        if (call.function == "CloseHandle" && call.arguments.rfind("file", 0) == 0) {
+            closing = true;
+            while (!opening) std::this_thread::yield();
+            // Time for an opening that does not wait.
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
+        return std::optional<Fault>();
+    });
+    std::optional<std::uint32_t> opened;
+    std::thread host([&] {
+        while (!closing) std::this_thread::yield();
+        opening = true;
+        opened = session_.Initialize(information);
+    });
+    EXPECT_TRUE(session_.Uninitialize());
+    host.join();
+    EXPECT_EQ(opened, vela::kHidOpen);
+    EXPECT_EQ(session_.Information(), information);
+    EXPECT_FALSE(session_.IsActivated());
+    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_TRUE(machine_.MutexExists(L"Global\\VelaDeviceMutex"));
+}
+
 // An activation is under way when another thread closes the session, and comes to its end behind
 // that.
 TEST_F(ConcurrentClosingTest, AnActivationThatComesLateChangesNothing) {

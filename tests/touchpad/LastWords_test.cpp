@@ -2,6 +2,7 @@
 #include "touchpad/LastWords.h"
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <thread>
@@ -64,6 +65,12 @@ class LastWordsTest : public TouchpadTest {
         writer_.Enqueue(writer_.Draw(), report, force);
     }
 
+    // The device has a report a moment before the writer is done with it.
+    void EnqueueAndAwait(const Bytes& report) {
+        Enqueue(report);
+        while (writer_.LastReport() != report) std::this_thread::yield();
+    }
+
     // The last words, the end of the writer, and what the touchpad got since `between`.
     std::vector<Bytes> Close(const std::function<void()>& between = [] {}) {
         vela::LastWords lastWords(writer_, *open_, kDark);
@@ -83,14 +90,12 @@ class LastWordsTest : public TouchpadTest {
 };
 
 TEST_F(LastWordsTest, AreWrittenOnceWhenNothingComesBehind) {
-    Enqueue(kLit);
-    ASSERT_TRUE(device_->WaitForOutputs(1));
+    EnqueueAndAwait(kLit);
     EXPECT_THAT(Close(), ElementsAre(kLit, kDark));
 }
 
 TEST_F(LastWordsTest, AreNotWrittenWhenTheTouchpadIsDark) {
-    Enqueue(kDark);
-    ASSERT_TRUE(device_->WaitForOutputs(1));
+    EnqueueAndAwait(kDark);
     EXPECT_THAT(Close(), ElementsAre(kDark));
 }
 
@@ -132,9 +137,14 @@ TEST_F(LastWordsTest, WaitForAHeartbeatThatIsIssuingItsReport) {
             });
     std::thread heartbeat([this] { writer_.WriteOutputReportInternal(*open_, kLit, true); });
     AwaitOthers();
-    const std::vector<Bytes> outputs = Close([&] { stopped = true; });
+    // Goes on when a closing that does not wait has come to its end.
+    std::thread later([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        stopped = true;
+    });
+    Close();
+    later.join();
     heartbeat.join();
-    EXPECT_EQ(outputs.back(), kDark);
     EXPECT_EQ(device_->Outputs().back(), kDark);
 }
 
@@ -181,25 +191,32 @@ TEST_F(LastWordsTest, AreNotWrittenAgainToATouchpadThatTakesNoWrite) {
 // A session closed on a host's own orders: the writer has not woken yet, or has.
 class ClosingTest : public TouchpadTest {};
 
-// What other threads of the host request meanwhile is not in the last words, and not behind them.
+// What another thread of the host requests meanwhile is not in the last words, and not behind them:
+// here it switches everything on again when closing has just switched it off.
 TEST_F(ClosingTest, LeavesTheTouchpadDarkWhateverOtherThreadsRequestMeanwhile) {
     OpenAndLight();
+    std::atomic<bool> go{false};
     std::atomic<bool> done{false};
     std::thread other([&] {
-        while (!done) {
-            session_.EnableButton(0, true);
-            session_.SetButtonVisible(0, true);
-            session_.Enable(true);
-            session_.Activate(0);
-        }
+        while (!go) std::this_thread::yield();
+        session_.EnableButton(0, true);
+        session_.SetButtonVisible(0, true);
+        session_.Enable(true);
+        done = true;
     });
-    for (int round = 0; round < 100; ++round) {
-        ASSERT_TRUE(session_.Uninitialize());
-        ASSERT_EQ(device_->Outputs().back(), kDark);
-        ASSERT_EQ(OpenSession(), vela::kHidOpen);
-    }
-    done = true;
+    machine_.SetFaultPolicy(
+        [&, host = std::this_thread::get_id(), unset = 0](const simulator::Call& call) mutable {
+            // Each report of closing unsets the four active usages: the second is the dark one.
+            if (call.thread == host && call.function == "HidP_UnsetUsages" && ++unset == 5) {
+                go = true;
+                while (!done) std::this_thread::yield();
+            }
+            return std::optional<Fault>();
+        });
+    EXPECT_TRUE(session_.Uninitialize());
     other.join();
+    EXPECT_TRUE(done);
+    EXPECT_EQ(device_->Outputs().back(), kDark);
 }
 
 TEST_F(ClosingTest, LeavesNoLightOnBehindARequestThatTheWriterHasNotWokenFor) {
