@@ -24,7 +24,7 @@ class Host {
 
 // A session with the feature on and all four buttons lit; the agent answers the camera's press with
 // a light report.
-class AgentHost : public Host {
+class AgentHost final : public Host {
  public:
     explicit AgentHost(const acceptance::AgentDll& agent);
     ~AgentHost() override;
@@ -40,11 +40,13 @@ enum class WritesOn { TheReader, AThreadOfItsOwn };
 // Waits for a report, notes the time, writes one of two light reports and waits until it is
 // written: then and there, or on a second thread, as the agent has to, whose host may ask for
 // lights as well; that one is woken as the agent's is.
-class BareHost : public Host {
+class BareHost final : public Host {
  public:
     BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad,
              WritesOn thread);
     ~BareHost() override;
+    BareHost(const BareHost&) = delete;
+    BareHost& operator=(const BareHost&) = delete;
     double PressSeen() const override { return seen_; }
     void Forget() override { seen_ = 0; }
 

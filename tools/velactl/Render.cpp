@@ -1,6 +1,7 @@
 #include "tools/velactl/Render.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace velactl {
@@ -46,8 +47,9 @@ std::string Table(const Json& objects) {
     std::vector<Row> rows(1);
     for (const auto& [name, value] : objects.front().items()) rows.front().push_back(name);
     for (const Json& object : objects) {
-        Row& row = rows.emplace_back();
+        Row row;
         for (const auto& [name, value] : object.items()) row.push_back(Cell(value));
+        rows.push_back(std::move(row));
     }
     return Aligned(rows);
 }

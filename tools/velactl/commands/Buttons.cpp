@@ -38,6 +38,7 @@ Run DeclareButtonSwitch(CLI::App& arguments, const char* what,
     return [=, hold = Hold(arguments)](Context& context) {
         return hold.Show(
             context, {{"button", ButtonName(*button)}, {what, SwitchName(*on)}},
+            // cppcheck-suppress constParameter ; the member that is called may change it
             [&](vela_agent::Session& session) { return (session.*set)(*button, *on); });
     };
 }

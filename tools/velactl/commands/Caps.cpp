@@ -63,9 +63,9 @@ ExitCode ListCapabilities(Context& context, bool haptic) {
     context.Library();  // whose "Vela.ini" counts
     vela::TouchpadDiscovery touchpadQuery;
     vela::HapticDiscovery hapticQuery;
-    vela::IDiscoveryQuery& query =
-        haptic ? static_cast<vela::IDiscoveryQuery&>(hapticQuery) : touchpadQuery;
-    const auto collections = ExamineCollections(vela::GetHidDevicePathList(), query);
+    vela::IDiscoveryQuery* query = &touchpadQuery;
+    if (haptic) query = &hapticQuery;
+    const auto collections = ExamineCollections(vela::GetHidDevicePathList(), *query);
     const HidCollection* const chosen = ChosenCollection(collections);
     if (chosen == nullptr) {
         throw Failure(haptic ? "no haptic touchpad found"
