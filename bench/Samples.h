@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <numeric>
 #include <vector>
@@ -20,7 +21,7 @@ class Samples {
         if (values_.empty()) return 0;
         std::vector<double> sorted = values_;
         const auto last = static_cast<double>(sorted.size() - 1);
-        const auto place = static_cast<std::ptrdiff_t>(fraction * last + 0.5);
+        const auto place = static_cast<std::ptrdiff_t>(std::llround(fraction * last));
         std::nth_element(sorted.begin(), sorted.begin() + place, sorted.end());
         return sorted[static_cast<std::size_t>(place)];
     }

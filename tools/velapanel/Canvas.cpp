@@ -35,7 +35,9 @@ void Canvas::Draw(const std::function<void(Gdiplus::Graphics&)>& draw) {
         const std::uint32_t* row = large.data() + static_cast<std::size_t>(y * kFactor) * stride;
         std::uint32_t* to =
             pixels_.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width_);
-        for (int x = 0; x < width_; ++x) to[x] = Average(row + x * kFactor, stride);
+        for (int x = 0; x < width_; ++x) {
+            to[x] = Average(row + static_cast<std::size_t>(x * kFactor), stride);
+        }
     }
 }
 

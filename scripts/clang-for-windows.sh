@@ -1,0 +1,13 @@
+# shellcheck shell=bash
+# Sourced: what clang is told to compile for Windows with the headers of MinGW-w64. Those of the
+# platform it finds by itself, those of the C++ library it does not.
+
+cxx_library=()
+while read -r folder; do
+  cxx_library+=("-isystem$folder")
+done < <(x86_64-w64-mingw32-g++-posix -xc++ -E -v /dev/null 2>&1 | sed -n 's/^ \(\/.*c++.*\)/\1/p')
+
+# shellcheck disable=SC2034 # for those that source this
+clang_for_windows=(--target=x86_64-w64-mingw32)
+# shellcheck disable=SC2034
+clangxx_for_windows=("${clang_for_windows[@]}" -std=c++17 -DUNICODE -D_UNICODE -I. "${cxx_library[@]}")
