@@ -6,7 +6,7 @@ export type Button = 'camera' | 'microphone' | 'chat' | 'share-screen';
 /** The value for `activate`; see `VelaActivation` in VelaAgent.h. */
 export type Activation = 'active' | 'active-host-sets-lights' | 'deactivated' | 'suspended';
 
-/** What a 'status' event tells: a state of the touchpad, or the activation that the host has set. */
+/** What a 'status' event reports: a state of the touchpad, or the activation that the host has set. */
 export type Status =
   | 'normal'
   | 'temporarily-disabled'
@@ -39,7 +39,7 @@ export interface VelaAgentEvents {
  * promises and run one after the other, in the order asked for; what only reads a flag is a plain call.
  * Events come on the JavaScript thread, in listeners of which every call is allowed.
  *
- * A boolean result is false where the library answers 0: without a session, or when the device refused;
+ * A boolean result is false where the library returns 0: without a session, or when the device refused;
  * "VelaAgent.log" then has the reason. Wrong arguments throw a TypeError or RangeError.
  */
 export class VelaAgent extends EventEmitter {
@@ -51,13 +51,22 @@ export class VelaAgent extends EventEmitter {
   readonly path: string;
   readonly isOpen: boolean;
 
-  /** Writes "VelaAgent.log" into this directory, which has to exist. */
+  /**
+   * Writes "VelaAgent.log", in UTF-8, into this directory. It should be one that only the user can write to.
+   * A relative one counts from the current directory. Throws an Error with the code
+   * 'VELA_LOG_DIRECTORY_MISSING' when it does not exist.
+   */
   startLog(directory: string): Promise<void>;
   /** Resolves when every line is in the file. */
   stopLog(): Promise<void>;
 
-  /** Whether a touchpad is attached, or another process has one open. */
+  /**
+   * Whether a touchpad is attached, or another user's process has one open. While this agent is open: false
+   * once its touchpad is unplugged, when that is detachable; true for any other. Every call costs memory
+   * that is not given back: make one when a device arrives, never on a timer.
+   */
   isPresent(): Promise<boolean>;
+  /** 'open' while it is open already, also when the touchpad was unplugged meanwhile: close first. */
   open(): Promise<OpenResult>;
   /** Darkens the lights and closes the touchpad; may take as long as a write in flight, 30 seconds. */
   close(): Promise<boolean>;
@@ -83,7 +92,7 @@ export class VelaAgent extends EventEmitter {
   /** mode 0: off; 1: the longest time between two taps, in the device's units, 0 to 65535. */
   setClickMode(mode: number, value: number): Promise<boolean>;
   isClickModeOn(): Promise<boolean>;
-  /** The answer is a 'status' event. */
+  /** The state comes as a 'status' event. */
   requestStatus(): Promise<boolean>;
   isDetachable(): Promise<boolean>;
   readonly supportsBidirectionalSwipe: boolean;

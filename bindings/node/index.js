@@ -5,6 +5,7 @@ const { EventEmitter } = require('node:events');
 const { CallQueue } = require('./lib/callQueue');
 const { ExitGuard } = require('./lib/exit');
 const { loadLibrary, VelaLibraryError } = require('./lib/library');
+const { existingDirectory } = require('./lib/logDirectory');
 const names = require('./lib/names');
 
 // Longer than any session: an open one keeps the process running, as an open socket does.
@@ -52,8 +53,7 @@ class VelaAgent extends EventEmitter {
   // ---- logger
 
   startLog(directory) {
-    if (typeof directory !== 'string') throw new TypeError('the log directory has to be a string');
-    return this.#queue.run(this.#library.InitLogger, directory);
+    return this.#queue.run(this.#library.InitLogger, existingDirectory(directory));
   }
   stopLog() {
     return this.#queue.run(this.#library.UnInitLogger);

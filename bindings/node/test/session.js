@@ -49,6 +49,24 @@ describe('without a touchpad', () => {
     assert.equal(await agent.close(), false);
   });
 
+  it('refuses a log directory that does not exist, and no directory at all', () => {
+    const missing = path.join(touchpad.folder, 'missing');
+    const code = 'VELA_LOG_DIRECTORY_MISSING';
+    assert.throws(() => agent.startLog(missing), { code, message: `there is no log directory ${missing}` });
+    assert.throws(() => agent.startLog(agent.path), { code });
+    assert.throws(() => agent.startLog(''), TypeError);
+  });
+
+  it('keeps logging where a relative directory was', async () => {
+    const before = process.cwd();
+    fs.mkdirSync(path.join(touchpad.folder, 'relative'));
+    process.chdir(touchpad.folder);
+    await agent.startLog('relative');
+    process.chdir(before);
+    await agent.stopLog();
+    assert.ok(fs.existsSync(path.join(touchpad.folder, 'relative', 'VelaAgent.log')));
+  });
+
   it('wrong arguments are told at once', async () => {
     assert.throws(() => agent.startLog(), TypeError);
     await assert.rejects(agent.setButtonLight('speaker', true), /no such button: speaker \(camera, /);
