@@ -27,8 +27,8 @@
  *     waits for the callback: post to that thread, do not send. No exception may leave a callback.
  *  6. A false result and a line in "VelaAgent.log" are the whole report of a failure. Only a mutex
  *     or a thread that the system refuses is raised, as a C++ std::system_error, and memory that it
- *     refuses, as a std::bad_alloc. The library has its C++ runtime inside it: a host that does not
- *     share it, as one in C or of another compiler, cannot catch them and is ended.
+ *     refuses, as a std::bad_alloc. These are exceptions of the library's own C++ runtime: a host
+ *     in C, or in the C++ of another compiler, cannot catch them and is ended.
  *  7. Call UnInit before the process exits. One that exits with the session open, or after a
  *     detachable touchpad was active, is ended by the C++ runtime ("terminate called") while the
  *     library is unloaded, as threads that nobody waited for are; TerminateProcess avoids that. For
