@@ -82,6 +82,15 @@ TEST(NoLibraryTest, AnotherLibraryIsToldWithTheMissingExport) {
     EXPECT_THAT(run.errors, AllOf(IsOneLineFromVelactl(), HasSubstr("no Activate in ")));
 }
 
+// --- without the log's folder --------------------------------------------------------------------
+
+TEST(NoLogFolderTest, IsToldWithTheFoldersName) {
+    const Finished run(L"status --log C:\\nowhere");
+    EXPECT_EQ(run.exitCode, 1U);
+    EXPECT_THAT(run.errors,
+                AllOf(IsOneLineFromVelactl(), HasSubstr("no log directory C:\\nowhere")));
+}
+
 // --- without a touchpad, and with one that is held -----------------------------------------------
 
 constexpr const wchar_t* kSessionCommands[] = {

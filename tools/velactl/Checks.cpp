@@ -49,6 +49,8 @@ CheckResult CheckLibrary(Patient& patient) {
                       error.ExportName().empty()
                           ? "put the 64-bit VelaAgent.dll beside velactl, or name it with --dll"
                           : "replace the file: it is not VelaAgent.dll, or is an older one");
+    } catch (const vela_agent::LogError&) {
+        // Loaded all the same; the check of the log folder names the folder.
     }
     patient.isLoaded = true;
     const std::string version = FileVersion(file);
