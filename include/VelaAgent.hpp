@@ -1,5 +1,5 @@
 // VelaAgent for C++17 hosts on Windows: loads the library by its full path, and wraps its sessions
-// so that they close themselves. Header-only; VelaAgent.h tells what every function does.
+// so that they close themselves. Header-only; VelaAgent.h says what every function does.
 //
 //     vela_agent::Library library(L"C:\\Program Files\\Host\\VelaAgent.dll");
 //     vela_agent::Logger logger(library, localAppData / "Host" / "Logs");  // %LOCALAPPDATA%

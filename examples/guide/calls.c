@@ -1,7 +1,20 @@
 /* The host guide's examples, group by group, in an order in which they can all run. */
+#include <windows.h>
+
 #include <stdio.h>
+#include <wchar.h>
 
 #include "VelaAgent.h"
+
+/* Logs into a folder that exists and that only the user can write to. */
+static void start_log(void) {
+    wchar_t folder[1024];
+    const DWORD length = GetEnvironmentVariableW(L"LOCALAPPDATA", folder, 1000);
+    if (length == 0 || length >= 1000) return;
+    wcscat(folder, L"\\MyHost");
+    CreateDirectoryW(folder, NULL);
+    InitLogger(folder);
+}
 
 static void open_touchpad(void) {
     switch (Init()) {
@@ -59,20 +72,20 @@ static void on_status(uint32_t status) {
     }
 }
 
-static void ask_for_status(void) {
+static void request_status(void) {
     SetVelaStatusChangeCallback(on_status);
-    if (!UpdateVelaState()) printf("this touchpad cannot be asked\n");
+    if (!UpdateVelaState()) printf("this touchpad has no such request\n");
 }
 
 static void set_click_mode(void) {
-    if (!SetClickMode(1, 300)) {
+    if (!SetClickMode(VELA_CLICK_MODE_ON, 300)) {
         printf("this touchpad has no click mode\n");
     } else {
         printf("click mode %u\n", (unsigned)GetClickMode());
     }
 }
 
-static void ask_what_it_can(void) {
+static void print_what_it_can(void) {
     printf("detachable %d, swipes both ways %d\n", (int)IsDetachable(),
            (int)IsSupportBiDirectionSwipe());
 }
@@ -98,7 +111,7 @@ static void end_meeting(void) {
 }
 
 int main(void) {
-    InitLogger(L".");
+    start_log();
     printf("touchpad %s\n", IsVelaPresent() ? "present" : "not present");
     open_touchpad();
     start_meeting();
@@ -106,9 +119,9 @@ int main(void) {
     message_came();
     message_read();
     dim_lights();
-    ask_for_status();
+    request_status();
     set_click_mode();
-    ask_what_it_can();
+    print_what_it_can();
     set_lights_myself();
     pause_meeting();
     make_feedback_stronger();

@@ -3,6 +3,7 @@
  *
  *   host LOGDIRECTORY
  *
+ * The directory is absolute, exists, and only the user can write to it, as "%LOCALAPPDATA%\Host".
  * What a real host's user interface would do comes as lines on standard input:
  *   join    the meeting begins: lights on
  *   chat    a chat message came: the chat light breathes
