@@ -9,7 +9,8 @@
 //
 // Objects that close themselves may be static. Those of a program close when it exits; those of a
 // plug-in DLL keep the DLL loaded, as FreeLibrary would destroy them where closing waits for ever,
-// and are left as they are when the process ends (convention 7). thread_local they must not be.
+// and are left as they are when the process ends (convention 7). A DLL makes them in a function
+// (std::optional), as no thread starts before DllMain is over. thread_local they must not be.
 #ifndef VELA_AGENT_HPP
 #define VELA_AGENT_HPP
 
