@@ -4,20 +4,52 @@
 
 #include <cstdint>
 #include <ctime>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
-#include <system_error>
+#include <string>
 #include <utility>
 
 #include "log/Logger.h"
+#include "platform/FileHandle.h"
 #include "platform/Lock.h"
 
 namespace vela {
 namespace {
 
 // 5 MiB: a support engineer can still mail the file and its backup.
-constexpr std::uintmax_t kMaximumFileSize = 0x500000;
+constexpr std::uint64_t kMaximumFileSize = 0x500000;
+
+// Not for child processes, and with no claim to the file: whoever has it open, it can be read,
+// written, renamed and deleted meanwhile. The system finds the end of the file at each write.
+HANDLE OpenForAppending(const std::wstring& path) {
+    constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    return CreateFileW(path.c_str(), FILE_APPEND_DATA, kShareAll, nullptr, OPEN_ALWAYS,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+// With a carriage return before each line feed, as in every text file of the platform.
+std::string WithCarriageReturns(const std::string& text) {
+    std::string result;
+    result.reserve(text.size() + 1);
+    for (const char character : text) {
+        if (character == '\n') result += '\r';
+        result += character;
+    }
+    return result;
+}
+
+// In one piece. False when not all of it is in the file; the last error tells why.
+bool Append(HANDLE file, const std::string& text) {
+    const auto size = static_cast<DWORD>(text.size());
+    DWORD written = 0;
+    return WriteFile(file, text.data(), size, &written, nullptr) && written == size;
+}
+
+bool GetSize(const std::wstring& path, std::uint64_t& size) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return false;
+    size = std::uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
+    return true;
+}
 
 }  // namespace
 
@@ -52,19 +84,14 @@ void Logger::WriteLogEntry(const LogEntry& entry) {
     CheckErrorLogSize();
 
     const Lock fileLock(fileMutex_);
-    try {
-        // Opened anew for every line, so that rotation and outside readers never meet an open
-        // handle.
-        std::ofstream file;
-        // A file that cannot be opened stays silent (that sets only the fail bit); a line that does
-        // not reach an open file, as on a full disk, is told to the debugger.
-        file.exceptions(std::ios::badbit);
-        file.open(std::filesystem::path(logPath_), std::ios::app);
-        const std::string line = FormatLogLine(entry.level, entry.message, entry.functionName);
-        if (file.is_open()) file << line << std::flush;
-    } catch (const std::ios_base::failure& failure) {
-        OutputDebugStringA(failure.what());
-    }
+    // Opened anew for every line, so that rotation and outside readers never meet an open handle.
+    const FileHandle file(OpenForAppending(logPath_));
+    const std::string line = FormatLogLine(entry.level, entry.message, entry.functionName);
+    // A file that cannot be opened stays silent; a line that does not reach an open file, as on a
+    // full disk, is reported to the debugger.
+    if (!file.IsValid() || Append(file.Get(), WithCarriageReturns(line))) return;
+    const std::string error = std::to_string(GetLastError());
+    OutputDebugStringA(("VelaAgent.log: WriteFile failed, GetLastError(" + error + ")").c_str());
 }
 
 std::string Logger::FormatLogLine(std::uint32_t level, const std::string& message,
@@ -84,19 +111,17 @@ std::string Logger::FormatLogLine(std::uint32_t level, const std::string& messag
 
 void Logger::CheckErrorLogSize() {
     if (logPath_.empty()) return;
-    const std::filesystem::path path(logPath_);
-    // One question, asked for every line, answers both: whether there is a file, and its size.
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (!error) {
+    // One query, made for every line, tells both: whether there is a file, and its size.
+    std::uint64_t size = 0;
+    if (GetSize(logPath_, size)) {
         if (size > kMaximumFileSize) BackupLogFile();
         return;
     }
-    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
-        return;
-    }
-    // A debug entry, which is never written: a warning here would itself ask for the size again.
-    EnqueueLogEntry(kLogDebug, "file_size: " + error.message(), false, "CheckErrorLogSize");
+    const DWORD error = GetLastError();
+    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return;
+    // A debug entry, which is never written: a warning here would itself query the size again.
+    EnqueueLogEntry(kLogDebug, "file_size failed, GetLastError(" + std::to_string(error) + ")",
+                    false, "CheckErrorLogSize");
 }
 
 // Keeps one generation. Neither result is tested: a backup that cannot be made only lets the file

@@ -35,6 +35,14 @@ std::optional<Injected> Enter(const char* function, const std::string& arguments
     return Injected(*fault, AnswersWithStatus(function));
 }
 
+std::optional<Injected> EnterFileCall(const char* function, const std::string& arguments) {
+    {
+        const MachineLock lock;
+        if (!State().recordsFileCalls) return std::nullopt;
+    }
+    return Enter(function, arguments);
+}
+
 void NoteMisuse(const std::string& text) {
     const MachineLock lock;
     State().misuse.push_back(text);

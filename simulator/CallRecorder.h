@@ -39,6 +39,8 @@ class Injected {
 };
 
 std::optional<Injected> Enter(const char* function, const std::string& arguments);
+// Of calls on real files, which only a test that asks for them has recorded and failed.
+std::optional<Injected> EnterFileCall(const char* function, const std::string& arguments);
 
 // For Machine::Misuse.
 void NoteMisuse(const std::string& text);

@@ -26,6 +26,7 @@ void Machine::Reset() {
     state.calls = CallLog();
     state.faults = FaultScript();
     state.handles.Restart();
+    state.recordsFileCalls = false;
     state.endTimedWaits = false;
     state.names.clear();
     state.foreignMutexes.clear();
@@ -71,6 +72,11 @@ void Machine::ForgetCalls() {
 void Machine::RecordCalls(bool record) {
     const MachineLock lock;
     State().calls.SetRecording(record);
+}
+
+void Machine::RecordFileCalls(bool record) {
+    const MachineLock lock;
+    State().recordsFileCalls = record;
 }
 
 void Machine::FailNext(std::string_view function, Fault fault, std::size_t skip) {
@@ -123,6 +129,11 @@ std::vector<std::string> Machine::DebugOutput() const {
 std::vector<std::string> Machine::OpenHandles() const {
     const MachineLock lock;
     return State().handles.OpenNames();
+}
+
+std::size_t Machine::OpenRealFiles() const {
+    const MachineLock lock;
+    return State().realFiles.Count();
 }
 
 std::size_t Machine::PreparsedDataInUse() const { return hid::PreparsedDataInUse(); }

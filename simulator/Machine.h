@@ -45,6 +45,10 @@ class Machine {
     std::size_t CountCalls(std::string_view function) const;
     bool WaitForCalls(std::string_view function, std::size_t count) const;
     void ForgetCalls();
+    // Whether opening, writing and closing real files and looking at their sizes counts like the
+    // calls on devices, and can fail like them. Off after Reset: the agent's logger makes four such
+    // calls for each line, at times of its own.
+    void RecordFileCalls(bool record);
     // Long soaks switch the record off; faults and their numbering stay.
     void RecordCalls(bool record);
 
@@ -79,6 +83,8 @@ class Machine {
     // --- accounting ------------------------------------------------------------------------------
     // Names of all open handles, "file#1", "event#2", ..., in order of creation.
     std::vector<std::string> OpenHandles() const;
+    // Real files that are open; OpenHandles does not list them.
+    std::size_t OpenRealFiles() const;
     // Blocks of HidD_GetPreparsedData not yet freed; GlobalAlloc blocks not yet freed.
     std::size_t PreparsedDataInUse() const;
     std::size_t GlobalMemoryInUse() const;

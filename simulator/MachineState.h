@@ -17,6 +17,7 @@
 #include "simulator/DeviceObject.h"
 #include "simulator/FaultScript.h"
 #include "simulator/HandleTable.h"
+#include "simulator/RealFiles.h"
 
 namespace simulator {
 
@@ -32,6 +33,8 @@ struct MachineState {
     CallLog calls;
     FaultScript faults;
     HandleTable handles;
+    RealFiles realFiles;
+    bool recordsFileCalls = false;
     bool endTimedWaits = false;
 
     std::vector<std::shared_ptr<DeviceObject>> devices;  // in order of enumeration, absent ones too

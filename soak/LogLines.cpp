@@ -8,12 +8,6 @@
 namespace soak {
 namespace {
 
-#if defined(_WIN32)
-constexpr bool kCarriageReturns = true;
-#else
-constexpr bool kCarriageReturns = false;
-#endif
-
 constexpr std::string_view kTimeForm = "[dddd-dd-dd dd:dd:dd] {";
 constexpr std::string_view kMarkText = "{INFO @ EnableButton} EnableButton button(";
 
@@ -41,7 +35,7 @@ bool IsLogLine(const std::string& line) {
     // A second time stamp in the line is the next one's, which ran into it.
     return HasTime(line) && HasLevel(std::string_view(line).substr(kTimeForm.size())) &&
            line.find("] {", kTimeForm.size()) == std::string::npos &&
-           line.find("} ") != std::string::npos && (line.back() == '\r') == kCarriageReturns;
+           line.find("} ") != std::string::npos && line.back() == '\r';
 }
 
 void LogLines::Read(const std::filesystem::path& file, std::uintmax_t skipped) {

@@ -1,4 +1,4 @@
-// Opening devices, reading and writing reports.
+// Opening devices, reading and writing reports. Real files are opened for appending alone.
 #include <windows.h>
 
 #include <memory>
@@ -7,6 +7,7 @@
 #include "simulator/IoOperation.h"
 #include "simulator/LastError.h"
 #include "simulator/MachineState.h"
+#include "simulator/RealFiles.h"
 #include "simulator/Text.h"
 
 using namespace simulator;
@@ -77,12 +78,18 @@ extern "C" {
 HANDLE WINAPI CreateFileW(LPCWSTR lpFileName, DWORD dwDesiredAccess, DWORD dwShareMode,
                           LPSECURITY_ATTRIBUTES, DWORD dwCreationDisposition,
                           DWORD dwFlagsAndAttributes, HANDLE) {
-    if (const auto fault = Enter(
+    const bool isReal = dwDesiredAccess == FILE_APPEND_DATA;
+    const auto enter = isReal ? EnterFileCall : Enter;
+    if (const auto fault = enter(
             "CreateFileW", Arguments(Quoted(lpFileName), Hex(dwDesiredAccess), Hex(dwShareMode),
                                      Count(dwCreationDisposition), Hex(dwFlagsAndAttributes)))) {
         return fault->Failed<HANDLE>(INVALID_HANDLE_VALUE);
     }
     HANDLE handle = INVALID_HANDLE_VALUE;
+    if (isReal) {
+        Answer(OpenForAppending(lpFileName, dwCreationDisposition, handle));
+        return handle;
+    }
     Answer(OpenDevice(lpFileName, {dwDesiredAccess, dwShareMode}, dwCreationDisposition,
                       dwFlagsAndAttributes, handle));
     return handle;
@@ -103,10 +110,15 @@ BOOL WINAPI ReadFile(HANDLE hFile, LPVOID lpBuffer, DWORD nNumberOfBytesToRead,
 
 BOOL WINAPI WriteFile(HANDLE hFile, LPCVOID lpBuffer, DWORD nNumberOfBytesToWrite,
                       LPDWORD lpNumberOfBytesWritten, LPOVERLAPPED lpOverlapped) {
-    if (const auto fault = Enter(
+    const auto realFile = RealFileDescriptor(hFile);
+    const auto enter = realFile ? EnterFileCall : Enter;
+    if (const auto fault = enter(
             "WriteFile", Arguments(HandleName(hFile), HexBytes(lpBuffer, nNumberOfBytesToWrite),
                                    EventName(lpOverlapped)))) {
         return fault->Failed<BOOL>(FALSE);
+    }
+    if (realFile) {
+        return Answer(Append(*realFile, lpBuffer, nNumberOfBytesToWrite, lpNumberOfBytesWritten));
     }
     return StartIo("WriteFile", hFile, &Access::Writes, lpNumberOfBytesWritten, lpOverlapped,
                    [&](FileObject& file, const IoOperation& operation) {

@@ -1,36 +1,23 @@
-// Deleting and renaming files: on the file system of the machine that runs the tests, where a
-// backslash is a character of a file's name.
+// Deleting and renaming files, and their sizes: on the file system of the machine that runs the
+// tests, where a backslash is a character of a file's name.
 #include <windows.h>
 
-#include <cerrno>
-#include <cstdio>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <cstdint>
+#include <cstdio>
 
 #include "simulator/CallRecorder.h"
 #include "simulator/LastError.h"
+#include "simulator/RealFiles.h"
 #include "simulator/Text.h"
 
 using namespace simulator;
 
 namespace {
 
-DWORD ErrorOfCall(int result) {
-    if (result == 0) return ERROR_SUCCESS;
-    switch (errno) {
-        case ENOENT:
-            return ERROR_FILE_NOT_FOUND;
-        case ENOTDIR:
-            return ERROR_PATH_NOT_FOUND;
-        case EEXIST:
-            return ERROR_ALREADY_EXISTS;
-        case EACCES:
-        case EPERM:
-        case EISDIR:
-            return ERROR_ACCESS_DENIED;
-        default:
-            return ERROR_GEN_FAILURE;
-    }
-}
+DWORD ErrorOfCall(int result) { return result == 0 ? ERROR_SUCCESS : FileError(); }
 
 // Not in one step: renameat2, which would refuse an existing target by itself, is not there on
 // every file system.
@@ -39,9 +26,45 @@ DWORD Move(const std::string& from, const std::string& to) {
     return ErrorOfCall(std::rename(from.c_str(), to.c_str()));
 }
 
+// In tenths of a microsecond since 1601.
+FILETIME FileTime(const timespec& time) {
+    constexpr std::uint64_t kSecond = 10000000;
+    constexpr std::uint64_t kSecondsUntil1970 = 11644473600;
+    const std::uint64_t ticks =
+        (static_cast<std::uint64_t>(time.tv_sec) + kSecondsUntil1970) * kSecond +
+        static_cast<std::uint64_t>(time.tv_nsec) / 100;
+    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+}
+
+// The time of creation, which this machine does not keep, is that of the last change.
+DWORD GetAttributes(const std::string& path, WIN32_FILE_ATTRIBUTE_DATA& data) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) return FileError();
+    const bool isFolder = S_ISDIR(status.st_mode);
+    const std::uint64_t size = isFolder ? 0 : static_cast<std::uint64_t>(status.st_size);
+    data = {isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL,
+            FileTime(status.st_ctim),
+            FileTime(status.st_atim),
+            FileTime(status.st_mtim),
+            static_cast<DWORD>(size >> 32),
+            static_cast<DWORD>(size)};
+    return ERROR_SUCCESS;
+}
+
 }  // namespace
 
 extern "C" {
+
+BOOL WINAPI GetFileAttributesExW(LPCWSTR lpFileName, GET_FILEEX_INFO_LEVELS fInfoLevelId,
+                                 LPVOID lpFileInformation) {
+    if (const auto fault = EnterFileCall("GetFileAttributesExW",
+                                         Arguments(Quoted(lpFileName), Count(fInfoLevelId)))) {
+        return fault->Failed<BOOL>(FALSE);
+    }
+    if (fInfoLevelId != GetFileExInfoStandard) return Answer(ERROR_INVALID_PARAMETER);
+    return Answer(GetAttributes(Utf8(lpFileName),
+                                *static_cast<LPWIN32_FILE_ATTRIBUTE_DATA>(lpFileInformation)));
+}
 
 BOOL WINAPI DeleteFileW(LPCWSTR lpFileName) {
     if (const auto fault = Enter("DeleteFileW", Quoted(lpFileName))) {

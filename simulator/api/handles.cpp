@@ -4,6 +4,7 @@
 #include "simulator/CallRecorder.h"
 #include "simulator/LastError.h"
 #include "simulator/MachineState.h"
+#include "simulator/RealFiles.h"
 
 using namespace simulator;
 
@@ -27,7 +28,9 @@ void WINAPI SetLastError(DWORD dwErrCode) { lastError = dwErrCode; }
 
 BOOL WINAPI CloseHandle(HANDLE hObject) {
     const std::string arguments = Arguments(HandleName(hObject));
-    if (const auto fault = Enter("CloseHandle", arguments)) return fault->Failed<BOOL>(FALSE);
+    const auto enter = RealFileDescriptor(hObject) ? EnterFileCall : Enter;
+    if (const auto fault = enter("CloseHandle", arguments)) return fault->Failed<BOOL>(FALSE);
+    if (CloseRealFile(hObject)) return TRUE;
     if (CloseKernelHandle(hObject)) return TRUE;
     NoteMisuse("CloseHandle(" + arguments + "): not an open handle");
     return Answer(ERROR_INVALID_HANDLE);

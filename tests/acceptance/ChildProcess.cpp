@@ -26,7 +26,8 @@ std::wstring ProgramPath() {
 
 RegisteredRole::RegisteredRole(const std::string& name, ChildRole role) { Roles()[name] = role; }
 
-ChildProcess::ChildProcess(const std::string& role, const std::filesystem::path& folder) {
+ChildProcess::ChildProcess(const std::string& role, const std::filesystem::path& folder,
+                           Inherits inherits) {
     const std::wstring program = ProgramPath();
     std::wstring commandLine =
         L"\"" + program + L"\" " + std::filesystem::path(kRoleArgument).wstring() + L" " +
@@ -34,8 +35,8 @@ ChildProcess::ChildProcess(const std::string& role, const std::filesystem::path&
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION started{};
-    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                        nullptr, &startup, &started)) {
+    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr,
+                        inherits == Inherits::Handles, 0, nullptr, nullptr, &startup, &started)) {
         throw std::runtime_error("cannot start a child process, error " +
                                  std::to_string(GetLastError()));
     }

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -17,10 +18,14 @@ struct RegisteredRole {
     RegisteredRole(const std::string& name, ChildRole role);
 };
 
+// Which of this process's handles a child gets: those that are inheritable, or none.
+enum class Inherits : std::uint8_t { Nothing, Handles };
+
 class ChildProcess {
  public:
     // Throws std::runtime_error when it cannot be started.
-    ChildProcess(const std::string& role, const std::filesystem::path& folder);
+    ChildProcess(const std::string& role, const std::filesystem::path& folder,
+                 Inherits inherits = Inherits::Nothing);
     // Ends it if need be.
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;

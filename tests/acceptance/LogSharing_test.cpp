@@ -116,8 +116,8 @@ TEST_F(TwoProcessesLog, ToOneDirectoryWithEveryLineOfBoth) {
     EXPECT_EQ(folder_.Lines(), expected);
 }
 
-// The C runtime appends by a seek and a write, so lines of the same instant may cover each other;
-// neither process waits for the other or fails.
+// Wine appends by a query for the size and a write there, so lines of the same instant may cover
+// each other; neither process waits for the other or fails.
 TEST_F(TwoProcessesLog, AtOnceWithoutHoldingEachOtherUp) {
     ChildProcess one("LogsManyLines", folder_.Path());
     ChildProcess other("LogsManyLines", folder_.Path());

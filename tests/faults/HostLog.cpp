@@ -17,8 +17,10 @@ void AppendLines(const std::filesystem::path& file, std::vector<std::string>& li
     const std::uintmax_t size = std::filesystem::file_size(file, missing);
     if (!missing && size >= kOverfullLogSize) stream.seekg(kOverfullLogSize);
     for (std::string line; std::getline(stream, line);) {
-        const bool stamped = line.size() > kStampLength && line[0] == '[' && line[20] == ']';
-        lines.push_back(stamped ? line.substr(kStampLength) : "not a log line: " + line);
+        const bool whole =
+            line.size() > kStampLength && line[0] == '[' && line[20] == ']' && line.back() == '\r';
+        lines.push_back(whole ? line.substr(kStampLength, line.size() - kStampLength - 1)
+                              : "not a log line: " + line);
     }
 }
 

@@ -168,7 +168,8 @@ TEST_F(LoggerLifecycle, WritesAMessageThatEndsBeforeItsBytesDo) {
     AgentLog log;
     logger_.Info(std::string("a\0b", 3), "f");
     log.Finish();
-    EXPECT_THAT(test_support::FileText(log.File()), testing::HasSubstr(std::string("} a\0b\n", 6)));
+    EXPECT_THAT(test_support::FileText(log.File()),
+                testing::HasSubstr(std::string("} a\0b\r\n", 7)));
 }
 
 }  // namespace

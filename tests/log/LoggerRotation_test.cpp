@@ -34,14 +34,14 @@ class LoggerRotation : public testing::Test {
                          const std::string& text) {
         const std::string head = "[2024-05-06 17:41:58] {INFO} ";
         std::ofstream(file, std::ios::binary)
-            << head << std::string(size - head.size() - text.size() - 1, '.') << text << '\n';
+            << head << std::string(size - head.size() - text.size() - 2, '.') << text << "\r\n";
         ASSERT_EQ(std::filesystem::file_size(file), size);
     }
     // Of each line no more than its end.
     static std::vector<std::string> Messages(const std::filesystem::path& file) {
         std::vector<std::string> messages;
         std::ifstream stream(file, std::ios::binary);
-        for (std::string line; std::getline(stream, line);) {
+        for (std::string line; std::getline(stream, line, '\r') && stream.ignore();) {
             messages.push_back(line.substr(line.find_last_of(".} ") + 1));
         }
         return messages;
@@ -97,7 +97,7 @@ TEST_F(LoggerRotation, MovesAFileThatHasNoBackupYet) {
     EXPECT_THAT(Messages(file_), ElementsAre(kLastLine));
 }
 
-TEST_F(LoggerRotation, AsksNothingOfThePlatformBelowTheLimit) {
+TEST_F(LoggerRotation, RenamesNothingBelowTheLimit) {
     MakeFile(file_, kLimit / 2, "old");
     Write({"line"});
     EXPECT_THAT(Messages(file_), ElementsAre("old", "line", kLastLine));

@@ -54,12 +54,19 @@ TEST_F(LoggerTextTest, WritesMessageBytesUnchanged) {
     EXPECT_THAT(log.Texts(), ElementsAre("INFO f: \xC3\xA9\xFF"));
 }
 
+TEST_F(LoggerTextTest, EndsLinesWithinAMessageLikeItsOwn) {
+    AgentLog log;
+    logger_.Log(kLogInfo, "f", "%s", "one\ntwo\r\n");
+    log.Finish();
+    EXPECT_THAT(FileText(log.File()), testing::HasSubstr("} one\r\ntwo\r\r\n\r\n["));
+}
+
 TEST_F(LoggerTextTest, HasNoLimitOnTheLengthOfAMessage) {
     AgentLog log;
     const std::string longText(100000, 'a');
     logger_.Log(kLogInfo, "f", "%s", longText.c_str());
     log.Finish();
-    EXPECT_THAT(FileText(log.File()), testing::HasSubstr("} " + longText + "\n"));
+    EXPECT_THAT(FileText(log.File()), testing::HasSubstr("} " + longText + "\r\n"));
 }
 
 }  // namespace

@@ -19,6 +19,7 @@
 
 namespace {
 
+using simulator::Fault;
 using simulator::Machine;
 using test_support::AgentLog;
 using test_support::FileText;
@@ -88,9 +89,9 @@ TEST_F(LoggerTest, WritesTimeLevelFunctionAndMessage) {
     logger_.UnInitialize();
     EXPECT_EQ(FileText(file_),
               "[2024-05-06 17:41:58] {ERROR @ SetIntensityLevel} HidD_SetFeature failed, "
-              "GetLastError(31).\n"
-              "[2024-05-06 17:41:58] {WARNING} text\n"
-              "[2024-05-06 17:41:58] {INFO @ UnInitialize} Logger::UnInitialize\n");
+              "GetLastError(31).\r\n"
+              "[2024-05-06 17:41:58] {WARNING} text\r\n"
+              "[2024-05-06 17:41:58] {INFO @ UnInitialize} Logger::UnInitialize\r\n");
 }
 
 TEST_F(LoggerTest, StampsTheTimeOfWritingNotOfLogging) {
@@ -240,7 +241,7 @@ TEST_F(LoggerTest, ThreadsMayLogWhileAnotherStopsTheLogger) {
 }
 
 TEST_F(LoggerTest, AppendsToAnExistingFile) {
-    std::ofstream(file_) << "[2024-05-06 17:41:58] {INFO @ f} old\n";
+    std::ofstream(file_) << "[2024-05-06 17:41:58] {INFO @ f} old\r\n";
     AgentLog unrelated;
     unrelated.Finish();
     logger_.Initialize(folder_.wstring());
@@ -280,7 +281,7 @@ TEST_F(LoggerTest, ADebugEntryDoesNotRotate) {
 
 TEST_F(LoggerTest, WritesOnWhenTheRotationFails) {
     MakeFile(file_, kLimit + 1);
-    Machine::Get().FailAlways("MoveFileW", simulator::Fault::Error(5));
+    Machine::Get().FailAlways("MoveFileW", Fault::Error(5));
     logger_.Initialize(folder_.wstring());
     logger_.UnInitialize();
     EXPECT_GT(std::filesystem::file_size(file_), kLimit + 1);
@@ -293,8 +294,7 @@ TEST_F(LoggerTest, StaysSilentWhereTheFileCannotBeOpened) {
     EXPECT_THAT(Machine::Get().DebugOutput(), IsEmpty());
 }
 
-TEST_F(LoggerTest, StaysSilentWhereTheSizeCannotBeRead) {
-    // A folder in the file's place exists, but has no size.
+TEST_F(LoggerTest, StaysSilentWhereAFolderIsInTheFilesPlace) {
     std::filesystem::create_directory(file_);
     logger_.Initialize(folder_.wstring());
     logger_.Log(kLogInfo, "f", "lost");
@@ -306,12 +306,44 @@ TEST_F(LoggerTest, StaysSilentWhereTheSizeCannotBeRead) {
     EXPECT_THAT(log.Texts(), ElementsAre("INFO f: written"));
 }
 
+TEST_F(LoggerTest, WritesOnWhereTheSizeCannotBeRead) {
+    MakeFile(file_, kLimit + 1);
+    Machine::Get().RecordFileCalls(true);
+    Machine::Get().FailAlways("GetFileAttributesExW", Fault::Error(5));
+    logger_.Initialize(folder_.wstring());
+    logger_.UnInitialize();
+    EXPECT_GT(std::filesystem::file_size(file_), kLimit + 1);
+    EXPECT_FALSE(std::filesystem::exists(Backup()));
+    EXPECT_THAT(Machine::Get().DebugOutput(), IsEmpty());
+}
+
 TEST_F(LoggerTest, TellsTheDebuggerOfALineThatDidNotReachTheFile) {
     std::filesystem::create_symlink("/dev/full", file_);
     logger_.Initialize(folder_.wstring());
     logger_.UnInitialize();
-    EXPECT_THAT(Machine::Get().DebugOutput(), SizeIs(1));
+    EXPECT_THAT(Machine::Get().DebugOutput(),
+                ElementsAre("VelaAgent.log: WriteFile failed, GetLastError(112)"));
     std::filesystem::remove(file_);
+}
+
+TEST_F(LoggerTest, TellsTheDebuggerOfALineOfWhichAPartReachedTheFile) {
+    Machine::Get().RecordFileCalls(true);
+    Machine::Get().FailNext("WriteFile", Fault::Result(TRUE));
+    logger_.Initialize(folder_.wstring());
+    logger_.UnInitialize();
+    EXPECT_THAT(Machine::Get().DebugOutput(), SizeIs(1));
+}
+
+// For itself: no child process inherits the handle, and nobody is kept from renaming the file.
+TEST_F(LoggerTest, OpensTheFileForAppendingSharedInEveryWay) {
+    Machine::Get().RecordFileCalls(true);
+    logger_.Initialize(folder_.wstring());
+    logger_.UnInitialize();
+    EXPECT_THAT(Machine::Get().CallTexts({"GetFileAttributesExW", "CreateFileW"}),
+                ElementsAre("GetFileAttributesExW(\"" + file_.string() + "\", 0)",
+                            "CreateFileW(\"" + file_.string() + "\", 0x4, 0x7, 4, 0x80)"));
+    EXPECT_EQ(Machine::Get().CountCalls("WriteFile"), 1U);
+    EXPECT_EQ(Machine::Get().OpenRealFiles(), 0U);
 }
 
 TEST_F(LoggerTest, OpensTheFileAnewForEveryLine) {

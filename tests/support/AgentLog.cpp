@@ -33,7 +33,7 @@ std::string FileText(const std::filesystem::path& file) {
 
 std::vector<LogLine> ReadLogLines(const std::filesystem::path& file) {
     static const std::regex form(
-        R"(\[\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\] \{([A-Z]+)(?: @ ([^}]*))?\} (.*))");
+        R"(\[\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\] \{([A-Z]+)(?: @ ([^}]*))?\} (.*)\r)");
     std::vector<LogLine> lines;
     std::ifstream stream(file, std::ios::binary);
     for (std::string line; std::getline(stream, line);) {
