@@ -26,7 +26,7 @@ install(FILES include/VelaAgent.h include/VelaAgent.hpp ${VELA_VERSION_HEADER} D
 install(FILES interface/VelaAgent.def DESTINATION lib)
 # Not beside the DLL: there it would take effect.
 install(FILES share/Vela.ini DESTINATION share/VelaAgent)
-install(FILES share/README.md docs/troubleshooting.md examples/host/host.c
+install(FILES share/README.md docs/processes-and-users.md docs/troubleshooting.md examples/host/host.c
   DESTINATION share/doc/VelaAgent)
 
 set(CPACK_GENERATOR ZIP)
