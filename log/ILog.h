@@ -34,11 +34,12 @@ class ILog {
     virtual void Initialize(const std::wstring& directory) = 0;
 
     // Ends one Initialize. The last one writes what is queued and returns when it is in the file.
+    // Does nothing in a process that is ending.
     virtual void UnInitialize() = 0;
 
     // Formats with the platform's printf. The file is UTF-8: wide text goes in as "%s" of its
-    // Utf8(). Dropped without formatting while the logger is not initialised, and dropped
-    // when the text comes out empty or cannot be formatted. `level` is 0 to 3:
+    // Utf8(). Dropped without formatting while the logger is not initialised or the process is
+    // ending, and dropped when the text comes out empty or cannot be formatted. `level` is 0 to 3:
     // another one ends the process when the line is written.
     virtual void Log(std::uint32_t level, const std::string& functionName, const char* format, ...)
         VELA_PRINTF_FORMAT(4, 5) = 0;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/Lock.h"
+#include "platform/ProcessEnd.h"
 
 namespace vela {
 namespace {
@@ -75,6 +76,8 @@ void Logger::Initialize(const std::wstring& directory) {
 }
 
 void Logger::UnInitialize() {
+    // The writer thread is gone, and what was queued with it.
+    if (IsProcessEnding()) return;
     const Lock initLock(initMutex_);
     if (!running_) return;
     if (--referenceCount_ > 0) return;
@@ -90,7 +93,7 @@ void Logger::UnInitialize() {
 }
 
 void Logger::Log(std::uint32_t level, const std::string& functionName, const char* format, ...) {
-    if (!running_) return;
+    if (!TakesLines()) return;
 
     va_list arguments;
     va_start(arguments, format);
@@ -116,9 +119,13 @@ void Logger::Warning(const std::string& message, const std::string& functionName
     EnqueueLogEntry(kLogWarning, message, true, functionName);
 }
 
+// Static objects log from their destructors even when the process is ending. Nobody would write
+// their lines, and a thread that is gone may have held the queue's lock.
+bool Logger::TakesLines() const { return running_ && !IsProcessEnding(); }
+
 void Logger::EnqueueLogEntry(std::uint32_t level, std::string message, bool write,
                              const std::string& functionName) {
-    if (!running_ || stop_) return;
+    if (!TakesLines() || stop_) return;
     const Lock queueLock(queueMutex_);
     // Checked again under the lock that guards its setting: an entry appended after the stop would
     // come after the last drain of the queue.

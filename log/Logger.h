@@ -38,6 +38,7 @@ class Logger : public ILog {
     void Warning(const std::string& message, const std::string& functionName) override;
 
  private:
+    bool TakesLines() const;
     void EnqueueLogEntry(std::uint32_t level, std::string message, bool write,
                          const std::string& functionName);
 

@@ -1,6 +1,10 @@
 // How a host process leaves, and what it leaves behind. The hosts are child processes.
+#include <atomic>
+#include <thread>
+
 #include "tests/acceptance/ChildProcess.h"
 #include "tests/acceptance/DetachableTouchpad.h"
+#include "tests/acceptance/HapticTest.h"
 #include "tests/acceptance/LitLights.h"
 #include "tests/acceptance/TouchpadAcceptanceTest.h"
 #include "tests/acceptance/WaitForLogLine.h"
@@ -92,6 +96,22 @@ int WaitsOpen(const std::filesystem::path& folder) {
     return 1;
 }
 
+// The haptic session's record logs when it is destroyed with the library's static objects.
+int LeavesWhileThreadsLog(const std::filesystem::path& folder) {
+    constexpr std::uint32_t kLinesBefore = 200;
+    AgentDll& agent = *new AgentDll();
+    static std::atomic<std::uint32_t> lines{0};
+    agent.InitLogger(folder.c_str());
+    if (agent.InitHapticTP() != 1) return 1;
+    for (int i = 0; i < 3; ++i) {
+        std::thread([&agent] {
+            for (;; ++lines) agent.UnInit();
+        }).detach();
+    }
+    while (lines < kLinesBefore) Sleep(0);
+    return kLeftInPeace;
+}
+
 const RegisteredRole kRoles[] = {
     {"AsksForPresenceOnly", AsksForPresenceOnly},
     {"ClosesProperly", ClosesProperly},
@@ -101,6 +121,7 @@ const RegisteredRole kRoles[] = {
     {"TerminatesItself", TerminatesItself},
     {"FreesTheLibrary", FreesTheLibrary},
     {"WaitsOpen", WaitsOpen},
+    {"LeavesWhileThreadsLog", LeavesWhileThreadsLog},
 };
 
 struct Exit {
@@ -161,6 +182,18 @@ TEST_F(HostProcessTest, KilledFromOutsideItLeavesLinesAndLightsAsTheyWere) {
     EXPECT_TRUE(cameraIsLit(Touchpad().CurrentLights()));
     EXPECT_THAT(hostsLog.Lines(), IsSupersetOf({"{INFO @ Activate} Activate HID (0)",
                                                 "{INFO @ Enable} Enable HID (1)"}));
+}
+
+class LoggingProcessExitTest : public HapticTest {};
+
+// Whichever thread the end of the process meets with the log's lock in its hands.
+TEST_F(LoggingProcessExitTest, HangsInNoneOfManyEnds) {
+    Plug();
+    for (int i = 0; i < 10; ++i) {
+        const LogFolder hostsLog;
+        ChildProcess host("LeavesWhileThreadsLog", hostsLog.Path());
+        ASSERT_EQ(host.Wait(), static_cast<DWORD>(kLeftInPeace)) << "end " << i;
+    }
 }
 
 }  // namespace

@@ -1,10 +1,16 @@
 // How a process ends that has used the library.
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <thread>
 
+#include "log/ILog.h"
+#include "tests/support/AgentLog.h"
 #include "tests/support/ExportsTest.h"
+#include "tests/support/LibraryFolder.h"
 
 namespace {
 
@@ -93,6 +99,60 @@ TEST_F(ProcessExitDeathTest, IsAbnormalOnceADetachableTouchpadWasActive) {
             std::exit(kHostsExitCode);
         },
         KilledBySignal(SIGABRT), "terminate called");
+}
+
+// --- the log of an ending process ----------------------------------------------------------------
+
+// On a real machine the other threads are gone by then, with whatever locks they held.
+void Detach(void* reserved) { DllMain(nullptr, DLL_PROCESS_DETACH, reserved); }
+
+// Runs inside a host. The pipe is the log file, which nobody reads: the first line never gets
+// through, and a thread that stops the logger waits for that with the logger's lock held.
+void StopLoggerForEver(const std::filesystem::path& folder) {
+    alarm(20);
+    mkfifo(test_support::LogFileIn(folder).c_str(), 0600);
+    InitLogger(folder.wstring().c_str());
+    std::thread([] { UnInitLogger(); }).detach();
+    // The last line is queued under the lock.
+    while (Machine::Get().CountCalls("GetFileAttributesExW") == 0) std::this_thread::yield();
+}
+
+TEST_F(ProcessExitDeathTest, DropsLinesUnformattedOnceTheProcessEnds) {
+    EXPECT_EXIT(
+        {
+            const test_support::AgentLog log;
+            int process = 0;
+            Detach(&process);
+            vela::GetLogger()->Log(vela::kLogInfo, "f", "%s", reinterpret_cast<const char*>(1));
+            std::_Exit(kHostsExitCode);
+        },
+        ExitedWithCode(kHostsExitCode), "");
+}
+
+TEST_F(ProcessExitDeathTest, LogsOnWhereTheLibraryAloneIsUnloaded) {
+    EXPECT_EXIT(
+        {
+            test_support::AgentLog log;
+            Detach(nullptr);
+            UnInit();
+            std::_Exit(log.Texts().size() == 1 ? kHostsExitCode : EXIT_FAILURE);
+        },
+        ExitedWithCode(kHostsExitCode), "");
+}
+
+TEST_F(ProcessExitDeathTest, WaitsForNobodyWhoStopsTheLogger) {
+    EXPECT_EXIT(
+        {
+            const std::filesystem::path folder = test_support::MakeTemporaryFolder();
+            Machine::Get().RecordFileCalls(true);
+            StopLoggerForEver(folder);
+            int process = 0;
+            Detach(&process);
+            UnInitLogger();
+            std::filesystem::remove_all(folder.parent_path());
+            std::_Exit(kHostsExitCode);
+        },
+        ExitedWithCode(kHostsExitCode), "");
 }
 
 }  // namespace
