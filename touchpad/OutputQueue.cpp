@@ -13,8 +13,16 @@ OutputQueue::Ticket::~Ticket() {
 void OutputQueue::Restart() {
     const Lock lock(mutex_);
     queue_.clear();
+    arrived_.clear();
     early_.clear();
     serving_ = next_;
+    stopped_ = false;
+}
+
+void OutputQueue::Stop() {
+    const Lock lock(mutex_);
+    stopped_ = true;
+    queued_.notify_all();
 }
 
 void OutputQueue::Put(Ticket ticket, OutputItem item) {
@@ -25,6 +33,18 @@ void OutputQueue::Put(Ticket ticket, OutputItem item) {
 void OutputQueue::Put(std::uint64_t number, Report report) {
     const Lock lock(mutex_);
     if (number < serving_) return;
+    const bool isReport = report.has_value();
+    Arrive(number, std::move(report));
+    if (!writing_) {
+        EndWrites();
+        queued_.notify_all();
+    }
+    if (!isReport) return;
+    const std::uint64_t ended = ended_;
+    while (writing_ && ended_ == ended) written_.wait(mutex_);
+}
+
+void OutputQueue::Arrive(std::uint64_t number, Report report) {
     if (number > serving_) {
         early_.emplace(number, std::move(report));
         return;
@@ -34,23 +54,32 @@ void OutputQueue::Put(std::uint64_t number, Report report) {
         Append(std::move(early_.begin()->second));
         early_.erase(early_.begin());
     }
-    changed_.notify_all();
 }
 
 void OutputQueue::Append(Report report) {
     ++serving_;
-    if (report) queue_.push_back(std::move(*report));
+    if (report) arrived_.push_back(std::move(*report));
 }
 
-OutputItem OutputQueue::Take() {
+std::optional<OutputItem> OutputQueue::Take() {
+    const Lock lock(mutex_);
+    if (queue_.empty() || stopped_) EndWrites();
+    while (queue_.empty() && !stopped_) queued_.wait(mutex_);
+    if (stopped_) return std::nullopt;
+    writing_ = true;
     OutputItem item = std::move(queue_.front());
     queue_.pop_front();
     return item;
 }
 
-void OutputQueue::WakeWriter() {
-    const Lock lock(mutex_);
-    changed_.notify_all();
+// Queues what arrived meanwhile, and lets its callers go.
+void OutputQueue::EndWrites() {
+    for (OutputItem& item : arrived_) queue_.push_back(std::move(item));
+    arrived_.clear();
+    if (!writing_) return;
+    writing_ = false;
+    ++ended_;
+    written_.notify_all();
 }
 
 }  // namespace vela

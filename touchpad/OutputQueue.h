@@ -52,36 +52,38 @@ class OutputQueue {
     // Empties the queue for a new session. Tickets that were drawn before are void: what an earlier
     // session left unsent was meant for another state, perhaps another device.
     void Restart();
+    // From now on Take returns nothing.
+    void Stop();
 
-    // Queues the item behind those of all earlier tickets, and wakes the writer. Waits for the
-    // write in flight. Any thread.
+    // Queues the item behind those of all earlier tickets. Returns when the writes in flight are
+    // over: a slow device holds its host back instead of piling reports up. Whoever waits is let go
+    // together with all others, and its report is queued by then, so nobody starves behind callers
+    // that are quicker, or waits for one that is suspended. Any thread.
     void Put(Ticket ticket, OutputItem item);
 
-    // Wakes the writer, for it to see that it is to stop.
-    void WakeWriter();
-
-    // For the writer, which takes and writes with the queue locked: whoever queues a report waits
-    // for the write in flight, so that a slow device holds its host back instead of piling reports
-    // up.
-    SlimMutex& Lockable() VELA_RETURN_CAPABILITY(mutex_) { return mutex_; }
-    bool IsEmpty() const VELA_REQUIRES(mutex_) { return queue_.empty(); }
-    OutputItem Take() VELA_REQUIRES(mutex_);
-    // Returns on a wake-up, or earlier.
-    void Wait() VELA_REQUIRES(mutex_) { changed_.wait(mutex_); }
+    // For the writer: ends the write of the item that was taken before, and waits for the next.
+    std::optional<OutputItem> Take();
 
  private:
     // Nothing: the ticket's owner broke off.
     using Report = std::optional<OutputItem>;
 
     void Put(std::uint64_t number, Report report) VELA_EXCLUDES(mutex_);
+    void Arrive(std::uint64_t number, Report report) VELA_REQUIRES(mutex_);
     void Append(Report report) VELA_REQUIRES(mutex_);
+    void EndWrites() VELA_REQUIRES(mutex_);
 
-    std::atomic<std::uint64_t> next_{0};  // the next ticket; drawn without waiting for a write
-    SlimMutex mutex_;                     // guards: all below; held while the writer writes
-    SlimConditionVariable changed_;
-    std::uint64_t serving_ VELA_GUARDED_BY(mutex_) = 0;  // the ticket that is to be queued next
+    std::atomic<std::uint64_t> next_{0};                 // the next ticket; no lock
+    SlimMutex mutex_;                                    // guards: all below
+    SlimConditionVariable queued_;                       // the writer waits for it
+    SlimConditionVariable written_;                      // callers wait for it
+    std::uint64_t serving_ VELA_GUARDED_BY(mutex_) = 0;  // the ticket that is to arrive next
     std::map<std::uint64_t, Report> early_ VELA_GUARDED_BY(mutex_);  // for their ticket's turn
-    std::deque<OutputItem> queue_ VELA_GUARDED_BY(mutex_);
+    std::deque<OutputItem> arrived_ VELA_GUARDED_BY(mutex_);  // to be queued after the writes
+    std::deque<OutputItem> queue_ VELA_GUARDED_BY(mutex_);    // what the writer takes from
+    bool writing_ VELA_GUARDED_BY(mutex_) = false;
+    std::uint64_t ended_ VELA_GUARDED_BY(mutex_) = 0;  // how often the writer emptied the queue
+    bool stopped_ VELA_GUARDED_BY(mutex_) = false;
 };
 
 }  // namespace vela

@@ -1,6 +1,7 @@
 #include "touchpad/ReportWriter.h"
 
 #include <exception>
+#include <optional>
 #include <utility>
 
 #include "log/ILog.h"
@@ -25,7 +26,6 @@ bool ReportWriter::Prepare() {
     ForgetLastReport();
     queue_.Restart();
     monitor_.Restart();
-    stop_ = false;
     return true;
 }
 
@@ -34,20 +34,14 @@ void ReportWriter::Start(std::shared_ptr<OpenTouchpad> touchpad) {
 }
 
 void ReportWriter::Stop() {
-    stop_ = true;
     monitor_.Stop();
     SetEvent(writeEvent_);
-    queue_.WakeWriter();
+    queue_.Stop();
 }
 
 void ReportWriter::WriteOutputReportThread(const std::shared_ptr<OpenTouchpad>& touchpad) {
-    while (!stop_) {
-        const Lock lock(queue_.Lockable());
-        while (queue_.IsEmpty() && !stop_) queue_.Wait();
-        while (!stop_ && !queue_.IsEmpty()) {
-            const OutputItem item = queue_.Take();
-            WriteOutputReportInternal(*touchpad, item.report, item.force);
-        }
+    while (const std::optional<OutputItem> item = queue_.Take()) {
+        WriteOutputReportInternal(*touchpad, item->report, item->force);
     }
 }
 

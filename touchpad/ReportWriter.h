@@ -17,9 +17,9 @@
 
 namespace vela {
 
-// Locks: the writer thread holds the queue's mutex while it writes; a write takes the device's
-// query mutex, the last report's and the monitor's, one after the other. Any thread may call any
-// operation; Prepare, Start, Stop and Join are of whoever opens and closes the session.
+// Locks: a write takes the device's query mutex, the last report's and the monitor's, one after the
+// other. Any thread may call any operation; Prepare, Start, Stop and Join are of whoever opens and
+// closes the session.
 class ReportWriter {
  public:
     explicit ReportWriter(TouchpadDevice& device) : device_(device) {}
@@ -75,8 +75,7 @@ class ReportWriter {
     std::thread thread_;     // of whoever opens and closes
     Mutex lastReportMutex_;  // guards: lastReport_
     std::vector<BYTE> lastReport_ VELA_GUARDED_BY(lastReportMutex_);
-    IssueMonitor monitor_;           // has a lock of its own
-    std::atomic<bool> stop_{false};  // no lock: the writer is woken behind it
+    IssueMonitor monitor_;  // has a lock of its own
 };
 
 }  // namespace vela

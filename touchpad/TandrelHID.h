@@ -27,9 +27,9 @@ namespace vela {
 //
 // Lock order: Uninitialize holds `operationMutex_` and takes the others one at a time, at its end
 // `openingMutex_`, under which the device is closed, and which Initialize holds. Activate holds the
-// status mutex while Update queues a report. The writer holds the queue's mutex while it writes; a
-// write takes the device's query mutex, the last report's and the monitor's, one after the other. A
-// start of the heartbeat holds the start mutex while it takes the heartbeat's own. The mutexes of
+// status mutex while Update queues a report. A write takes the device's query mutex, the last
+// report's and the monitor's, one after the other; whoever queues a report waits for it. A start of
+// the heartbeat holds the start mutex while it takes the heartbeat's own. The mutexes of
 // the button table, the product string, the pending operations and a device's handle are taken
 // last, under any of these.
 class CTandrelHID : public IHid {

@@ -4,121 +4,175 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <optional>
 #include <thread>
 #include <utility>
 #include <vector>
 
-#include "platform/Lock.h"
-
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using vela::OutputItem;
 using vela::OutputQueue;
 
 OutputItem Item(BYTE byte, bool force = false) { return {{byte}, force}; }
 
-// The first bytes of all that is queued, taken off the queue.
+// The first bytes of all that is queued, taken off the queue. It is stopped afterwards.
 std::vector<int> TakeAll(OutputQueue& queue) {
-    const vela::Lock lock(queue.Lockable());
     std::vector<int> bytes;
-    while (!queue.IsEmpty()) bytes.push_back(queue.Take().report.at(0));
+    constexpr BYTE kEnd = 255;
+    queue.Put(OutputQueue::Ticket(queue), Item(kEnd));
+    for (;;) {
+        const int byte = queue.Take()->report.at(0);
+        if (byte == kEnd) break;
+        bytes.push_back(byte);
+    }
+    queue.Stop();
+    EXPECT_FALSE(queue.Take());
     return bytes;
 }
 
-TEST(OutputQueueTest, KeepsTheBytesAndTheForceFlag) {
-    OutputQueue queue;
-    queue.Put(OutputQueue::Ticket(queue), Item(7, true));
-    const vela::Lock lock(queue.Lockable());
-    const OutputItem item = queue.Take();
-    EXPECT_THAT(item.report, ElementsAre(7));
-    EXPECT_TRUE(item.force);
-    EXPECT_TRUE(queue.IsEmpty());
+// As many items as were put, so that none of them has to be waited for.
+std::vector<int> Take(OutputQueue& queue, int count) {
+    std::vector<int> bytes;
+    for (int i = 0; i < count; ++i) bytes.push_back(queue.Take()->report.at(0));
+    return bytes;
 }
 
-TEST(OutputQueueTest, QueuesInTheOrderOfTheTickets) {
-    OutputQueue queue;
-    OutputQueue::Ticket first(queue);
-    OutputQueue::Ticket second(queue);
-    OutputQueue::Ticket third(queue);
-    queue.Put(std::move(third), Item(3));
-    queue.Put(std::move(second), Item(2));
-    EXPECT_THAT(TakeAll(queue), IsEmpty());
-    queue.Put(std::move(first), Item(1));
-    EXPECT_THAT(TakeAll(queue), ElementsAre(1, 2, 3));
+class OutputQueueTest : public testing::Test {
+ protected:
+    OutputQueueTest() { queue_.Restart(); }
+
+    OutputQueue queue_;
+};
+
+TEST_F(OutputQueueTest, KeepsTheBytesAndTheForceFlag) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(7, true));
+    const std::optional<OutputItem> item = queue_.Take();
+    ASSERT_TRUE(item);
+    EXPECT_THAT(item->report, ElementsAre(7));
+    EXPECT_TRUE(item->force);
 }
 
-TEST(OutputQueueTest, QueuesAtOnceWhatNothingEarlierIsMissingFor) {
-    OutputQueue queue;
-    OutputQueue::Ticket first(queue);
-    OutputQueue::Ticket second(queue);
-    OutputQueue::Ticket third(queue);
-    OutputQueue::Ticket fourth(queue);
-    queue.Put(std::move(fourth), Item(4));
-    queue.Put(std::move(second), Item(2));
-    queue.Put(std::move(first), Item(1));
-    EXPECT_THAT(TakeAll(queue), ElementsAre(1, 2));
-    queue.Put(std::move(third), Item(3));
-    EXPECT_THAT(TakeAll(queue), ElementsAre(3, 4));
+TEST_F(OutputQueueTest, QueuesInTheOrderOfTheTickets) {
+    OutputQueue::Ticket first(queue_);
+    OutputQueue::Ticket second(queue_);
+    OutputQueue::Ticket third(queue_);
+    queue_.Put(std::move(third), Item(3));
+    queue_.Put(std::move(second), Item(2));
+    queue_.Put(std::move(first), Item(1));
+    EXPECT_THAT(TakeAll(queue_), ElementsAre(1, 2, 3));
 }
 
-TEST(OutputQueueTest, ATicketWhoseOwnerBreaksOffHoldsNobodyUp) {
-    OutputQueue queue;
-    std::optional<OutputQueue::Ticket> first(std::in_place, queue);
-    OutputQueue::Ticket second(queue);
-    queue.Put(std::move(second), Item(2));
-    EXPECT_THAT(TakeAll(queue), IsEmpty());
+TEST_F(OutputQueueTest, QueuesAtOnceWhatNothingEarlierIsMissingFor) {
+    OutputQueue::Ticket first(queue_);
+    OutputQueue::Ticket second(queue_);
+    OutputQueue::Ticket third(queue_);
+    OutputQueue::Ticket fourth(queue_);
+    std::vector<int> taken;
+    queue_.Put(std::move(fourth), Item(4));
+    queue_.Put(std::move(second), Item(2));
+    queue_.Put(std::move(first), Item(1));
+    EXPECT_THAT(Take(queue_, 2), ElementsAre(1, 2));
+    std::thread late([&] { queue_.Put(std::move(third), Item(3)); });
+    EXPECT_THAT(Take(queue_, 2), ElementsAre(3, 4));
+    queue_.Stop();
+    EXPECT_FALSE(queue_.Take());
+    late.join();
+}
+
+TEST_F(OutputQueueTest, ATicketWhoseOwnerBreaksOffHoldsNobodyUp) {
+    std::optional<OutputQueue::Ticket> first(std::in_place, queue_);
+    OutputQueue::Ticket second(queue_);
+    queue_.Put(std::move(second), Item(2));
     first.reset();
-    EXPECT_THAT(TakeAll(queue), ElementsAre(2));
+    EXPECT_THAT(Take(queue_, 1), ElementsAre(2));
 }
 
-TEST(OutputQueueTest, RestartForgetsWhatIsQueuedAndWhatComesLate) {
-    OutputQueue queue;
-    OutputQueue::Ticket early(queue);
-    OutputQueue::Ticket waiting(queue);
-    queue.Put(OutputQueue::Ticket(queue), Item(9));
-    queue.Put(std::move(waiting), Item(8));
-    queue.Restart();
-    queue.Put(OutputQueue::Ticket(queue), Item(1));
-    queue.Put(std::move(early), Item(7));
-    EXPECT_THAT(TakeAll(queue), ElementsAre(1));
+TEST_F(OutputQueueTest, RestartForgetsWhatIsQueuedAndWhatComesLate) {
+    OutputQueue::Ticket early(queue_);
+    OutputQueue::Ticket waiting(queue_);
+    queue_.Put(OutputQueue::Ticket(queue_), Item(9));
+    queue_.Put(std::move(waiting), Item(8));
+    queue_.Restart();
+    queue_.Put(OutputQueue::Ticket(queue_), Item(1));
+    queue_.Put(std::move(early), Item(7));
+    EXPECT_THAT(TakeAll(queue_), ElementsAre(1));
 }
 
-TEST(OutputQueueTest, RestartIsHeldUpByNoEarlierTicket) {
-    OutputQueue queue;
-    const OutputQueue::Ticket never(queue);
-    queue.Restart();
-    queue.Put(OutputQueue::Ticket(queue), Item(1));
-    EXPECT_THAT(TakeAll(queue), ElementsAre(1));
+TEST_F(OutputQueueTest, RestartIsHeldUpByNoEarlierTicket) {
+    const OutputQueue::Ticket never(queue_);
+    queue_.Restart();
+    queue_.Put(OutputQueue::Ticket(queue_), Item(1));
+    EXPECT_THAT(Take(queue_, 1), ElementsAre(1));
 }
 
-TEST(OutputQueueTest, WakesAWriterThatWaits) {
-    OutputQueue queue;
-    std::thread writer([&] {
-        const vela::Lock lock(queue.Lockable());
-        while (queue.IsEmpty()) queue.Wait();
-    });
-    queue.Put(OutputQueue::Ticket(queue), Item(1));
+TEST_F(OutputQueueTest, WakesAWriterThatWaits) {
+    std::thread writer([&] { EXPECT_TRUE(queue_.Take()); });
+    queue_.Put(OutputQueue::Ticket(queue_), Item(1));
     writer.join();
 }
 
-TEST(OutputQueueTest, LosesNothingOfManyThreadsAndKeepsTheOrderOfEach) {
+TEST_F(OutputQueueTest, StoppedGivesNothingMoreToTheWriter) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(1));
+    queue_.Stop();
+    EXPECT_FALSE(queue_.Take());
+    queue_.Restart();
+    std::thread writer([&] { EXPECT_FALSE(queue_.Take()); });
+    queue_.Stop();
+    writer.join();
+}
+
+// However many there are, and whoever of them is slow: each returns after the write in flight, and
+// all of their reports are queued by then.
+TEST_F(OutputQueueTest, CallersWaitForTheWriteInFlightAndAreLetGoTogether) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(0));
+    ASSERT_TRUE(queue_.Take());
+    std::atomic<int> returned{0};
+    std::vector<std::thread> callers;
+    for (BYTE caller = 1; caller <= 4; ++caller) {
+        callers.emplace_back([&, caller] {
+            queue_.Put(OutputQueue::Ticket(queue_), Item(caller));
+            ++returned;
+        });
+    }
+    // Time for callers that do not wait.
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_EQ(returned, 0);
+    // The write ends: the writer has the first of them and waits for nothing more.
+    ASSERT_TRUE(queue_.Take());
+    for (std::thread& caller : callers) caller.join();
+    EXPECT_EQ(returned, 4);
+    EXPECT_EQ(Take(queue_, 3).size(), 3U);
+}
+
+TEST_F(OutputQueueTest, LetsCallersGoWhenItIsStopped) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(0));
+    ASSERT_TRUE(queue_.Take());
+    std::thread caller([&] { queue_.Put(OutputQueue::Ticket(queue_), Item(1)); });
+    queue_.Stop();
+    EXPECT_FALSE(queue_.Take());
+    caller.join();
+}
+
+TEST_F(OutputQueueTest, LosesNothingOfManyThreadsAndKeepsTheOrderOfEach) {
     constexpr int kThreads = 4;
     constexpr int kReports = 60;
-    OutputQueue queue;
     std::vector<std::thread> threads;
     for (int thread = 0; thread < kThreads; ++thread) {
-        threads.emplace_back([&queue, thread] {
+        threads.emplace_back([this, thread] {
             for (int i = 0; i < kReports; ++i) {
-                queue.Put(OutputQueue::Ticket(queue), Item(static_cast<BYTE>(i * 4 + thread)));
+                queue_.Put(OutputQueue::Ticket(queue_), Item(static_cast<BYTE>(i * 4 + thread)));
             }
         });
     }
-    for (std::thread& thread : threads) thread.join();
     std::vector<std::vector<int>> byThread(kThreads);
-    for (const int byte : TakeAll(queue)) byThread[byte % 4].push_back(byte / 4);
+    for (const int byte : Take(queue_, kThreads * kReports)) byThread[byte % 4].push_back(byte / 4);
+    queue_.Stop();
+    EXPECT_FALSE(queue_.Take());
+    for (std::thread& thread : threads) thread.join();
     std::vector<int> all(kReports);
     for (int i = 0; i < kReports; ++i) all[i] = i;
     EXPECT_THAT(byThread, testing::Each(all));
