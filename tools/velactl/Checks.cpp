@@ -32,9 +32,9 @@ CheckResult CheckLastSession(Patient& patient) {
     if (!log.FileExists()) return Skipped("no VelaAgent.log in " + Utf8(folder.wstring()));
     std::string text = log.Read();
     const auto start = text.rfind("CTandrelHID initialize start");
-    if (start != text.npos) text.erase(0, start);
+    if (start != std::string::npos) text.erase(0, start);
     const auto error = text.rfind("{ERROR @ ");
-    if (error == text.npos) return Ok("its log has no error");
+    if (error == std::string::npos) return Ok("its log has no error");
     return Failed(
         text.substr(error, text.find_first_of("\r\n", error) - error),
         "look for this line in troubleshooting.md; \"velactl log\" shows those around it");

@@ -11,18 +11,18 @@ using vela::Verdict;
 
 struct Reason {
     Verdict verdict;
+    bool hasSystemError;  // the system's error is appended to the text
     const char* text;
-    bool hasSystemError;  // the system's error is appended
 };
 
 constexpr Reason kReasons[] = {
-    {Verdict::kNotOpened, "cannot be opened: ", true},
-    {Verdict::kNotRead, "cannot be read: ", true},
-    {Verdict::kNoCaps, "its report descriptor cannot be read", false},
-    {Verdict::kOtherCollection, "another usage page or usage", false},
-    {Verdict::kOtherVendor, "a vendor that is not looked for", false},
-    {Verdict::kNoWantedValueCap, "no value capability on the wanted usage page", false},
-    {Verdict::kNoWantedButtonCap, "no button capability on the wanted usage page", false},
+    {Verdict::kNotOpened, true, "cannot be opened: "},
+    {Verdict::kNotRead, true, "cannot be read: "},
+    {Verdict::kNoCaps, false, "its report descriptor cannot be read"},
+    {Verdict::kOtherCollection, false, "another usage page or usage"},
+    {Verdict::kOtherVendor, false, "a vendor that is not looked for"},
+    {Verdict::kNoWantedValueCap, false, "no value capability on the wanted usage page"},
+    {Verdict::kNoWantedButtonCap, false, "no button capability on the wanted usage page"},
 };
 
 std::string ReasonAgainst(Verdict verdict, DWORD error) {
@@ -57,6 +57,7 @@ HidCollection ExamineCollection(const std::wstring& path, vela::IDiscoveryQuery&
 std::vector<HidCollection> ExamineCollections(const std::vector<std::wstring>& paths,
                                               vela::IDiscoveryQuery& query) {
     std::vector<HidCollection> collections;
+    collections.reserve(paths.size());
     for (const std::wstring& path : paths) collections.push_back(ExamineCollection(path, query));
     return collections;
 }

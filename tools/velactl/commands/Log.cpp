@@ -22,7 +22,7 @@ struct LogOptions {
 std::vector<std::string> TakeLines(std::string& text) {
     std::vector<std::string> lines;
     std::size_t start = 0;
-    for (auto end = text.find('\n'); end != text.npos; end = text.find('\n', start)) {
+    for (auto end = text.find('\n'); end != std::string::npos; end = text.find('\n', start)) {
         lines.push_back(text.substr(start, end - start));
         if (!lines.back().empty() && lines.back().back() == '\r') lines.back().pop_back();
         start = end + 1;
