@@ -142,5 +142,22 @@ TEST_F(ConventionsTest, TheCallingOrderMayBeRepeated) {
     EXPECT_EQ(CountLogLine(log_, "{INFO @ UnInitialize} Logger::UnInitialize"), 3U);
 }
 
+// Convention 6: of most calls without a session the false result is the whole report.
+TEST_F(ConventionsTest, CallsWithoutASessionLeaveNoLine) {
+    EXPECT_EQ(agent_.EnableFeature(1), 0);
+    EXPECT_EQ(agent_.Activate(VELA_ACTIVE), 0);
+    EXPECT_EQ(agent_.EnableSingleButton(VELA_BUTTON_CHAT, 1), 0);
+    EXPECT_EQ(agent_.SetButtonVisible(VELA_BUTTON_CHAT, 1), 0);
+    EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 0);
+    EXPECT_EQ(agent_.EnableChatBreathing(1), 0);
+    EXPECT_EQ(agent_.SetButtonBreathing(VELA_BUTTON_CHAT, 1), 0);
+    EXPECT_EQ(agent_.SetClickMode(VELA_CLICK_MODE_ON, 300), 0);
+    EXPECT_EQ(agent_.GetClickMode(), 0U);
+    EXPECT_EQ(agent_.UpdateVelaState(), 0);
+    EXPECT_EQ(agent_.IsSupportBiDirectionSwipe(), 0);
+    agent_.UnInitLogger();
+    EXPECT_THAT(log_.Lines(), testing::ElementsAre("{INFO @ UnInitialize} Logger::UnInitialize"));
+}
+
 }  // namespace
 }  // namespace acceptance

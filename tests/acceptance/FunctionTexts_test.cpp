@@ -21,19 +21,6 @@ class FunctionTextsTest : public TouchpadAcceptanceTest {
     }
 };
 
-TEST_F(FunctionTextsTest, InitOfAnOpenSessionReturns1AlsoWhenItsTouchpadWasAwayAndUnInitHelps) {
-    ASSERT_NO_FATAL_FAILURE(OpenLit());
-    EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);
-    Unplug();
-    Plug();
-    EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);
-    EXPECT_EQ(Touchpad().Device().Opens(), 0U);
-    EXPECT_EQ(agent_.UnInit(), 1);
-    ASSERT_NO_FATAL_FAILURE(Open());
-    LightAll();
-    ExpectLights(kAllLit);
-}
-
 TEST_F(FunctionTextsTest, InitBesideAnotherThreadsUnInitFindsTheSessionOpenOrOpensTheNext) {
     // Every UnInit without a session is a line; they would come faster than they can be written.
     agent_.UnInitLogger();
@@ -66,18 +53,6 @@ TEST_F(FunctionTextsTest, IsVelaPresentIs1AlwaysInASessionWithATouchpadThatStays
     EXPECT_EQ(agent_.IsVelaPresent(), 1);
     EXPECT_EQ(agent_.UnInit(), 1);
     Unplug();
-    EXPECT_EQ(agent_.IsVelaPresent(), 0);
-}
-
-TEST_F(FunctionTextsTest, IsVelaPresentIs0FromTheMomentThatADetachableOneIsUnplugged) {
-    Plug(DetachableTouchpad());
-    ASSERT_NO_FATAL_FAILURE(Open());
-    EXPECT_EQ(agent_.IsVelaPresent(), 1);
-    Unplug();
-    EXPECT_EQ(agent_.IsVelaPresent(), 0);
-    Plug(DetachableTouchpad());
-    EXPECT_EQ(agent_.IsVelaPresent(), 0);
-    EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);
     EXPECT_EQ(agent_.IsVelaPresent(), 0);
 }
 

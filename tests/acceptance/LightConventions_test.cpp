@@ -68,7 +68,7 @@ struct Disable {
     void (*begin)(TouchpadControl& touchpad);
     const char* status;
     void (*end)(TouchpadControl& touchpad);
-    bool endQueuesAReport;
+    bool endQueuesAReport;  // and stops the breathing
 };
 
 class DisabledTouchpadTest : public LightConventionsTest,
@@ -107,6 +107,20 @@ TEST_P(DisabledTouchpadTest, ChangesReturn1AndAreShownByTheFirstLightReportAfter
     ASSERT_TRUE(report);
     EXPECT_EQ(Describe(virtual_touchpad::DecodeLights(report->bytes, {})),
               "camera 0/9 microphone 9/0 chat 0 share screen 0, active 14, breathing 0");
+}
+
+// The one change that does not outlast every disable.
+TEST_P(DisabledTouchpadTest, BreathingThatIsStartedMeanwhileIsStoppedByAnEventThatEndsIt) {
+    ASSERT_NO_FATAL_FAILURE(OpenLit());
+    GetParam().begin(Touchpad());
+    ASSERT_TRUE(WaitForCallbackCalls(2));
+    EXPECT_EQ(agent_.EnableChatBreathing(1), 1);
+    EXPECT_EQ(agent_.SetButtonBreathing(VELA_BUTTON_CHAT, 1), 1);
+    GetParam().end(Touchpad());
+    ASSERT_TRUE(WaitForCallbackCalls(3));
+    agent_.SetVelaBrightness(9);
+    ASSERT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x24) == 9; }));
+    EXPECT_EQ(Touchpad().CurrentLights().breathing != 0, !GetParam().endQueuesAReport);
 }
 
 }  // namespace
