@@ -25,10 +25,11 @@
  *     meanwhile, save that UnInit on other threads waits for the one under way; but the next report
  *     waits: return soon. A callback must not wait for a thread that may be inside UnInit, which
  *     waits for the callback: post to that thread, do not send. No exception may leave a callback.
- *  6. A false result and a line in "VelaAgent.log" are the whole report of a failure. Only a mutex
- *     or a thread that the system refuses is raised, as a C++ std::system_error, and memory that it
- *     refuses, as a std::bad_alloc. These are exceptions of the library's own C++ runtime: a host
- *     in C, or in the C++ of another compiler, cannot catch them and is ended.
+ *  6. A false result and, save for most calls without a session, a line in "VelaAgent.log" are
+ *     the whole report of a failure. Only a mutex or a thread that the system refuses is raised,
+ *     as a C++ std::system_error, and memory that it refuses, as a std::bad_alloc. These are
+ *     exceptions of the library's own C++ runtime: a host in C, or in the C++ of another
+ *     compiler, cannot catch them and is ended.
  *  7. Call UnInit before the process exits. One that exits with the session open, or after a
  *     detachable touchpad was active, is ended by the C++ runtime ("terminate called") while the
  *     library is unloaded, as threads that nobody waited for are; TerminateProcess avoids that. For
@@ -43,7 +44,7 @@
  *     be made up. After UnInit the lights are dark, whatever was still queued.
  *  9. While the touchpad is disabled (VELA_STATUS_TEMPORARILY_DISABLED, VELA_STATUS_DISABLED) its
  *     lights are its own: changes return 1, are stored, and are shown by the first light report
- *     afterwards.
+ *     afterwards; save breathing, which the touchpad's event that ends the disable stops.
  */
 #ifndef VELA_AGENT_H
 #define VELA_AGENT_H
@@ -146,8 +147,10 @@ VELA_BOOL IsVelaPresent(void);
 void SetVelaButtonPressCallback(VelaButtonPressCallback callback);
 void SetVelaStatusChangeCallback(VelaStatusChangeCallback callback);
 
-/* The feature as a whole: while off, every light is dark. Off after Init. Switching it off also
- * ends the chat's breathing and a temporary disable. 0 without a session. */
+/* The feature as a whole: while off, every light is dark. Off after Init. Switching it off, as
+ * UnInit does too, also ends the chat's breathing and, while the touchpad is activated and a status
+ * callback is set, a temporary disable: VELA_STATUS_NORMAL is reported then. 0 without a session.
+ */
 VELA_BOOL EnableFeature(VELA_BOOL enable);
 VELA_BOOL IsFeatureEnabled(void);
 /* A VelaActivation. 0 without a session; 1 at once, with no callback, when it is the current one.
