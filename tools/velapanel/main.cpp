@@ -7,7 +7,9 @@
 #include "tools/velapanel/PanelWindow.h"
 #include "tools/velapanel/Snapshot.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+int Run(int argc, char** argv) {
     std::string touchpad = "touchpad";
     std::string haptic = "haptic";
     std::string picture;
@@ -22,17 +24,23 @@ int main(int argc, char** argv) {
         ->check(CLI::Range(1, 8192))
         ->capture_default_str();
     CLI11_PARSE(app, argc, argv);
+    const velapanel::GdiPlusSession gdiPlus;
+    velapanel::DeviceWatch watch(std::wstring(touchpad.begin(), touchpad.end()),
+                                 std::wstring(haptic.begin(), haptic.end()));
+    watch.Refresh();
+    if (picture.empty()) {
+        velapanel::PanelWindow(watch).Run();
+    } else {
+        velapanel::SavePicture({watch.State(), 0, {}, {}}, size[0], size[1], picture);
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
     try {
-        const velapanel::GdiPlusSession gdiPlus;
-        velapanel::DeviceWatch watch(std::wstring(touchpad.begin(), touchpad.end()),
-                                     std::wstring(haptic.begin(), haptic.end()));
-        watch.Refresh();
-        if (picture.empty()) {
-            velapanel::PanelWindow(watch).Run();
-        } else {
-            velapanel::SavePicture({watch.State(), 0, {}, {}}, size[0], size[1], picture);
-        }
-        return 0;
+        return Run(argc, argv);
     } catch (const std::exception& error) {
         std::cerr << "velapanel: " << error.what() << std::endl;
         return 1;
