@@ -239,7 +239,7 @@ class Logger : detail::SelfClosing {
  public:
     // The directory has to exist, and only the user should be able to write there; a relative one
     // counts from the directory that is current now. Throws LogError when there is none.
-    Logger(const Library& library, const std::filesystem::path& directory) : library_(library) {
+    Logger(Library library, const std::filesystem::path& directory) : library_(std::move(library)) {
         library_.InitLogger(Existing(directory).c_str());
     }
     ~Logger() {
@@ -313,8 +313,8 @@ inline void OnStatus(std::uint32_t status) noexcept {
 class Session : detail::SelfClosing {
  public:
     // Throws OpenError; std::logic_error while another session lives.
-    explicit Session(const Library& library, Handlers handlers = {})
-        : library_(library), slot_(std::move(handlers)) {
+    explicit Session(Library library, Handlers handlers = {})
+        : library_(std::move(library)), slot_(std::move(handlers)) {
         const auto result = static_cast<VelaInitResult>(library_.Init());
         if (result != VELA_INIT_OPEN) {
             throw OpenError(result, result == VELA_INIT_HELD_BY_OTHER
@@ -374,7 +374,7 @@ class Session : detail::SelfClosing {
 class Haptics : detail::SelfClosing {
  public:
     // Throws OpenError.
-    explicit Haptics(const Library& library) : library_(library) {
+    explicit Haptics(Library library) : library_(std::move(library)) {
         if (library_.InitHapticTP() == 0) {
             throw OpenError(VELA_INIT_NOT_FOUND,
                             "no haptic touchpad with an intensity found, or it cannot be opened");

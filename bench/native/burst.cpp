@@ -56,6 +56,7 @@ Samples Burst(Stage& stage) {
     std::atomic<int> ready{0};
     std::vector<double> times(kCallers);
     std::vector<std::thread> callers;
+    callers.reserve(kCallers);
     for (int caller = 0; caller < kCallers; ++caller) {
         callers.emplace_back([&, caller] {
             ++ready;

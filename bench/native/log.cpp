@@ -26,6 +26,7 @@ Samples Burst(int threads, Call call) {
     std::atomic<int> ready{0};
     std::vector<Samples> samples(static_cast<std::size_t>(threads));
     std::vector<std::thread> callers;
+    callers.reserve(samples.size());
     for (Samples& own : samples) {
         callers.emplace_back([&] {
             ++ready;

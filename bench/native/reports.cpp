@@ -96,21 +96,18 @@ void SetLightBesideWaking(benchmark::State& state, const Row& row) {
     });
 }
 
-const struct {
-    Row row;
-    void (*measure)(benchmark::State& state, const Row& row);
-} kRows[] = {
-    {{"report composition", kCalls, kMedians, 1.1}, ComposeBesideCalls},
-    {{"SetButtonLight returns", kCalls, kMedians, 1.3}, SetLightBesideCalls},
-    {{"SetButtonLight returns", "the same calls, and waking a thread", kMedians, {}},
-     SetLightBesideWaking},
-    {{"SetButtonLight returns, logger running", kCalls, kMedians, 1.3}, SetLightBesideCallsLogged},
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
     return Run(argc, argv, [] {
-        for (const auto& [row, measure] : kRows) Register(row, kTurns, measure)->UseManualTime();
+        const auto add = [](const Row& row, const Measure& measure) {
+            Register(row, kTurns, measure)->UseManualTime();
+        };
+        add({"report composition", kCalls, kMedians, 1.1}, ComposeBesideCalls);
+        add({"SetButtonLight returns", kCalls, kMedians, 1.3}, SetLightBesideCalls);
+        add({"SetButtonLight returns", "the same calls, and waking a thread", kMedians, {}},
+            SetLightBesideWaking);
+        add({"SetButtonLight returns, logger running", kCalls, kMedians, 1.3},
+            SetLightBesideCallsLogged);
     });
 }
