@@ -21,7 +21,7 @@ static VelaSetButtonVisibleFunction SetButtonVisible;
 
 /* The DLL of the program's own folder and no other; what the DLL needs is the system's. */
 static int load_agent(void) {
-    wchar_t path[1024];
+    wchar_t path[1024] = {0};
     HMODULE agent;
     const DWORD length = GetModuleFileNameW(NULL, path, 1000);
     if (length == 0 || length >= 1000) return 0;

@@ -3,9 +3,9 @@
 
 #include "tests/interface/HeaderInC.h"
 
-#define HAS_TYPE(name, type) \
+#define HAS_TYPE(name, type)                                                           \
     _Static_assert(_Generic(&name, type : 1, default : 0), #name " has another type"); \
-    _Static_assert(_Generic(&name, Vela##name##Function : 1, default : 0), \
+    _Static_assert(_Generic(&name, Vela##name##Function : 1, default : 0),             \
                    #name " has another pointer type")
 
 HAS_TYPE(Activate, int32_t (*)(uint32_t));
