@@ -34,6 +34,8 @@ DWORD Refusal(UINT codePage, DWORD flags, LPCWCH text, int count, LPCCH buffer, 
 
 extern "C" int WINAPI WideCharToMultiByte(UINT CodePage, DWORD dwFlags, LPCWCH lpWideCharStr,
                                           int cchWideChar, LPSTR lpMultiByteStr, int cbMultiByte,
+                                          // The platform's own signature.
+                                          // NOLINTNEXTLINE(readability-non-const-parameter)
                                           LPCCH lpDefaultChar, LPBOOL lpUsedDefaultChar) {
     if (const DWORD error =
             Refusal(CodePage, dwFlags, lpWideCharStr, cchWideChar, lpMultiByteStr, cbMultiByte,
