@@ -17,7 +17,7 @@ static VelaEnableFeatureFunction EnableFeature;
 static VelaEnableSingleButtonFunction EnableSingleButton;
 static VelaSetButtonVisibleFunction SetButtonVisible;
 
-#define FIND(name) (name = (Vela##name##Function)(void (*)(void))GetProcAddress(agent, #name))
+#define FIND(name) ((name) = (Vela##name##Function)(void (*)(void))GetProcAddress(agent, #name))
 
 /* The DLL of the program's own folder and no other; what the DLL needs is the system's. */
 static int load_agent(void) {
