@@ -249,7 +249,7 @@ class Logger : detail::SelfClosing {
  private:
     static std::filesystem::path Existing(const std::filesystem::path& directory) {
         std::error_code error;
-        const auto absolute = std::filesystem::absolute(directory, error).make_preferred();
+        auto absolute = std::filesystem::absolute(directory, error).make_preferred();
         if (!error && std::filesystem::is_directory(absolute, error)) return absolute;
         throw LogError(absolute.empty() ? directory : absolute);
     }
