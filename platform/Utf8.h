@@ -5,8 +5,9 @@
 
 namespace vela {
 
-// Of half a surrogate pair, which the platform's texts may hold and UTF-8 cannot, the number stands
-// there as "\uD800". Any thread.
+// Half a surrogate pair, which the platform's texts may hold and UTF-8 cannot, becomes its number,
+// as
+// "\uD800". Any thread.
 std::string Utf8(const std::wstring& text);
 
 }  // namespace vela

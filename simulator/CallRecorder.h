@@ -39,7 +39,8 @@ class Injected {
 };
 
 std::optional<Injected> Enter(const char* function, const std::string& arguments);
-// Of calls on real files, which only a test that asks for them has recorded and failed.
+// Does the same for a call on a real file: it is recorded, and can fail, only while a test has
+// switched that on (Machine::RecordFileCalls).
 std::optional<Injected> EnterFileCall(const char* function, const std::string& arguments);
 
 // For Machine::Misuse.

@@ -25,11 +25,11 @@ class RealFiles {
     std::uintptr_t created_ = 0;
 };
 
-// Of the open real file behind a handle. Takes the lock: what follows may block, as on a pipe, and
-// goes on without it.
+// The descriptor of the open real file behind a handle; nothing for any other handle. Takes the
+// machine's lock and gives it back, as using the descriptor may block, on a pipe for example.
 std::optional<int> RealFileDescriptor(HANDLE handle);
 
-// These answer with an error of the platform's.
+// These return an error of the platform's.
 DWORD OpenForAppending(LPCWSTR path, DWORD disposition, HANDLE& handle);
 DWORD Append(int descriptor, LPCVOID bytes, DWORD length, LPDWORD written);
 // False when the handle is not one of an open real file.

@@ -20,7 +20,7 @@ inline bool BeginsWith(const Bytes& report, const Bytes& beginning) {
            std::equal(beginning.begin(), beginning.end(), report.begin());
 }
 
-// Of a light report: no light is lit and no button active.
+// Whether a light report lights nothing and marks no button as active.
 inline bool IsDark(const Bytes& report) {
     return std::all_of(report.begin() + 1, report.end(),
                        [](std::uint8_t byte) { return byte == 0; });

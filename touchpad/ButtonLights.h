@@ -46,7 +46,8 @@ class ButtonLights {
     std::vector<BYTE> DarkReport();
 
  private:
-    // `format`: of the line that is logged, for the id and the value.
+    // Sets the flag, logs a line of `format`, which takes the id and the value, and queues a
+    // report.
     bool SetFlag(std::uint32_t buttonId, Relaxed<bool> ButtonState::*flag, bool value,
                  const char* function, const char* format);
     // Composes the report of the touchpad that is open; empty while none is.

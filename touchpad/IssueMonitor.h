@@ -22,12 +22,12 @@ class IssueMonitor {
     IssueMonitor(const IssueMonitor&) = delete;
     IssueMonitor& operator=(const IssueMonitor&) = delete;
 
-    // For a new session.
+    // Begins a new session.
     void Restart();
     // From now on only a report with IssueOrder::Last is issued.
     void Stop();
 
-    // Around the issue of each report. When Enter returns false it is not to be issued.
+    // Enclose the issue of each report. When Enter returns false the report is not to be issued.
     bool Enter(IssueOrder order);
     void Leave(const std::vector<BYTE>& report, bool accepted);
     // A report that was issued ran into its time limit.

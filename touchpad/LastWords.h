@@ -16,12 +16,12 @@ class LastWords {
     LastWords(ReportWriter& writer, OpenTouchpad& touchpad, std::vector<BYTE> report)
         : writer_(writer), touchpad_(touchpad), report_(std::move(report)) {}
 
-    // While the session's threads run; on the calling thread. Suppressed, like any report, when it
-    // is the last one again.
+    // Writes it on the calling thread, while the session's threads still run. Suppressed, like any
+    // report, when it is the last one again.
     void Write();
-    // When the writer was stopped and joined. Writes nothing when no other report was issued behind
-    // Write, nor to a touchpad that has let a write run into its time limit meanwhile: closing
-    // would wait as long again.
+    // Writes it again, the writer being stopped and joined, when another report was issued behind
+    // Write; but not to a touchpad that has let a write run into its time limit meanwhile, as
+    // closing would wait as long again.
     void RepeatIfOvertaken();
 
  private:

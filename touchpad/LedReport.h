@@ -9,7 +9,7 @@
 
 namespace vela {
 
-// What the lights depend on besides the buttons.
+// The state that the lights depend on besides the buttons.
 struct LedState {
     bool driven = false;          // the feature is on and the touchpad activated; else all is dark
     std::uint8_t brightness = 0;  // of every lit light, 0 (dark) to 255

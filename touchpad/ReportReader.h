@@ -30,7 +30,7 @@ class ReportReader {
     ReportReader(const ReportReader&) = delete;
     ReportReader& operator=(const ReportReader&) = delete;
 
-    // Before a session: creates the read event. False when the platform refuses it, with its last
+    // Prepares a session: creates the read event. False when the platform refuses it, with its last
     // error.
     bool Prepare();
     // The thread lets go of the touchpad when it ends. Throws std::system_error when it cannot be

@@ -28,7 +28,7 @@ class ReportWriter {
     ReportWriter(const ReportWriter&) = delete;
     ReportWriter& operator=(const ReportWriter&) = delete;
 
-    // Before a session: creates the write event, empties the queue and forgets the last report.
+    // Prepares a session: creates the write event, empties the queue and forgets the last report.
     // False when the platform refuses the event, with its last error.
     bool Prepare();
     // The thread lets go of the touchpad when it ends. Throws std::system_error when it cannot be

@@ -21,6 +21,15 @@ class ConcurrentClosingTest : public TouchpadTest {
         device_->SendInput(InputReport({0x45}));
         ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     }
+    // The name can be read again afterwards, and is not a detachable touchpad's.
+    void StartHeartbeatWhileTheNameIsUnreadable() {
+        Plug();
+        machine_.FailAlways("HidD_GetProductString", Fault::Error(31));
+        ASSERT_EQ(OpenSession(), vela::kHidOpen);
+        session_.Activate(0);
+        ASSERT_TRUE(WaitForLogLine(log_, "HeartbeatThread created."));
+        machine_.StopFailing("HidD_GetProductString");
+    }
 };
 
 constexpr char kRefused[] =
@@ -128,6 +137,37 @@ TEST_F(ConcurrentClosingTest, AnActivationThatComesLateChangesNothing) {
     EXPECT_TRUE(session_.IsActivated());
 }
 
+// On the thread of the call that makes the callback, which then comes to its end without a session.
+class ClosingInside : public ConcurrentClosingTest,
+                      public testing::WithParamInterface<bool (*)(vela::CTandrelHID&)> {};
+
+TEST_P(ClosingInside, ACallbackOfAnotherCallClosesTheSession) {
+    OpenAndLight();
+    DisableTemporarily();
+    std::optional<bool> closed;
+    HostCallbacks::DuringStatusChange([&] {
+        if (!closed) closed = session_.Uninitialize();
+    });
+    GetParam()(session_);
+    HostCallbacks::DuringStatusChange(nullptr);
+    EXPECT_EQ(closed, true);
+    EXPECT_FALSE(session_.IsInitialized());
+    EXPECT_FALSE(session_.IsActivated());
+    EXPECT_FALSE(session_.IsEnabled());
+    EXPECT_EQ(device_->Outputs().back(), BlankReport());
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    session_.Enable(true);
+    EXPECT_TRUE(device_->WaitForOutputs(1));
+    EXPECT_THAT(machine_.Misuse(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, ClosingInside,
+    testing::Values([](vela::CTandrelHID& session) { return session.Activate(1); },
+                    [](vela::CTandrelHID& session) { return session.Activate(4); },
+                    [](vela::CTandrelHID& session) { return session.Activate(5); },
+                    [](vela::CTandrelHID& session) { return session.Enable(false); }));
+
 // A call that the class driver answers late: closing waits for it, and the next one gets no handle
 // of the touchpad that is closed by then.
 TEST_F(ConcurrentClosingTest, WaitsForACallOfAnotherThreadOnTheDevice) {
@@ -159,14 +199,8 @@ TEST_F(ConcurrentClosingTest, WaitsForACallOfAnotherThreadOnTheDevice) {
     EXPECT_EQ(OpenSession(), vela::kHidOpen);
 }
 
-// The name can be read again by the time of the closing, and is not a detachable touchpad's.
 TEST_F(ConcurrentClosingTest, StopsAHeartbeatThatAnUnreadableNameStarted) {
-    Plug();
-    machine_.FailAlways("HidD_GetProductString", Fault::Error(31));
-    ASSERT_EQ(OpenSession(), vela::kHidOpen);
-    session_.Activate(0);
-    ASSERT_TRUE(WaitForLogLine(log_, "HeartbeatThread created."));
-    machine_.StopFailing("HidD_GetProductString");
+    ASSERT_NO_FATAL_FAILURE(StartHeartbeatWhileTheNameIsUnreadable());
     EXPECT_TRUE(session_.Uninitialize());
     EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread leaved."));
 }
@@ -175,12 +209,7 @@ class DeactivatingValue : public ConcurrentClosingTest,
                           public testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(DeactivatingValue, StopsAHeartbeatThatAnUnreadableNameStarted) {
-    Plug();
-    machine_.FailAlways("HidD_GetProductString", Fault::Error(31));
-    ASSERT_EQ(OpenSession(), vela::kHidOpen);
-    session_.Activate(0);
-    ASSERT_TRUE(WaitForLogLine(log_, "HeartbeatThread created."));
-    machine_.StopFailing("HidD_GetProductString");
+    ASSERT_NO_FATAL_FAILURE(StartHeartbeatWhileTheNameIsUnreadable());
     session_.Activate(GetParam());
     EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread leaved."));
 }
