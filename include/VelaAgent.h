@@ -21,10 +21,12 @@
  *  5. Callbacks come on the session's reader thread and, inside Activate, EnableFeature and UnInit,
  *     on the calling thread. They may call every function but UnInit. On the reader thread that one
  *     is raised as a C++ std::system_error, as the thread cannot wait for itself; in a callback
- *     that UnInit itself makes it returns 0, and the outer call goes on. The library holds no lock
- *     meanwhile, save that UnInit on other threads waits for the one under way; but the next report
- *     waits: return soon. A callback must not wait for a thread that may be inside UnInit, which
- *     waits for the callback: post to that thread, do not send. No exception may leave a callback.
+ *     that UnInit itself makes it returns 0, and the outer call goes on; in one that Activate or
+ *     EnableFeature makes it closes the session, and the outer call comes to its end without one.
+ *     The library holds no lock meanwhile, save that UnInit on other threads waits for the one
+ *     under way; but the next report waits: return soon. A callback must not wait for a thread that
+ *     may be inside UnInit, which waits for the callback: post to that thread, do not send. No
+ *     exception may leave a callback.
  *  6. A false result and, save for most calls without a session, a line in "VelaAgent.log" are
  *     the whole report of a failure. Only a mutex or a thread that the system refuses is raised,
  *     as a C++ std::system_error, and memory that it refuses, as a std::bad_alloc. These are
