@@ -1,5 +1,5 @@
 // A list of output usages, one per button at most. A report is composed for every press and every
-// wish of the host, so the list does without the heap.
+// request of the host, so the list does without the heap.
 #pragma once
 
 #include <array>

@@ -24,6 +24,7 @@ struct OutputItem {
     bool force;  // written even when equal to the last report
 };
 
+// Any thread may call any operation; Take is the writer's.
 class OutputQueue {
  public:
     // A place in the order. Its owner passes it to Put; one that is destroyed before lets the
@@ -56,12 +57,12 @@ class OutputQueue {
     void Stop();
 
     // Queues the item behind those of all earlier tickets. Returns when the writes in flight are
-    // over: a slow device holds its host back instead of piling reports up. Whoever waits is let go
-    // together with all others, and its report is queued by then, so nobody starves behind callers
-    // that are quicker, or waits for one that is suspended. Any thread.
+    // over: a slow device holds its host back instead of piling reports up. All callers that wait
+    // are let go together, and their reports were queued by then (save those that miss an earlier
+    // ticket's), so nobody starves behind quicker callers or waits for a suspended one.
     void Put(Ticket ticket, OutputItem item);
 
-    // For the writer: ends the write of the item that was taken before, and waits for the next.
+    // Ends the write of the item taken before, and waits for the next one. Nothing once stopped.
     std::optional<OutputItem> Take();
 
  private:
