@@ -6,7 +6,7 @@
 #include "fuzz/Check.h"
 #include "fuzz/FuzzInput.h"
 #include "fuzz/SessionModel.h"
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 
 namespace fuzz {
 

@@ -5,8 +5,8 @@
 #include <optional>
 #include <vector>
 
-#include "simulator/Machine.h"
-#include "simulator/hid/ReportDescriptor.h"
+#include "testing/simulator/Machine.h"
+#include "testing/simulator/hid/ReportDescriptor.h"
 #include "virtual-touchpad/descriptor/HapticLayout.h"
 #include "virtual-touchpad/descriptor/TouchpadLayout.h"
 

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "soak/Figures.h"
 #include "soak/HostCallbacks.h"
 #include "soak/ProcessFigures.h"

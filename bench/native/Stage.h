@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "touchpad/TandrelHID.h"
 
 namespace bench {

@@ -9,7 +9,7 @@
 #include <limits>
 #include <string>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 // Not every compiler brings the header of its sanitizer's allocator.

@@ -2,7 +2,7 @@
 #include <mutex>
 
 #include "fuzz/FuzzDevice.h"
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "soak/SoakTouchpad.h"
 
 namespace soak {

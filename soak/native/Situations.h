@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "soak/RandomCalls.h"
 
 namespace soak {

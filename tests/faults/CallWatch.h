@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 
 namespace faults {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/Calls.h"
+#include "testing/simulator/Calls.h"
 #include "tests/faults/CallWatch.h"
 
 namespace faults {

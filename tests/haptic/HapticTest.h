@@ -8,7 +8,7 @@
 
 #include "haptic/HapticTouchpadHID.h"
 #include "hid/HIDDiscovery.h"
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "tests/support/AgentLog.h"
 #include "virtual-touchpad/descriptor/HapticLayout.h"
 

@@ -1,7 +1,7 @@
 // What the catalogue holds: a whole copy of the platform's record under report type and usage.
 #include "tests/hid/CatalogueTest.h"
 
-#include "simulator/hid/Collection.h"
+#include "testing/simulator/hid/Collection.h"
 
 namespace hid_test {
 namespace {

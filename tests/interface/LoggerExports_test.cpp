@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "include/VelaAgent.h"
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "tests/support/AgentLog.h"
 
 namespace {

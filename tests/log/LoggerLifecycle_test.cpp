@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "log/ILog.h"
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "tests/support/AgentLog.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "log/ILog.h"
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "tests/support/AgentLog.h"
 
 namespace {

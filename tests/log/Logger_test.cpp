@@ -14,7 +14,7 @@
 
 #include "log/ILog.h"
 #include "log/Logger.h"
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "tests/support/AgentLog.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "simulator/hid/ReportDescriptor.h"
+#include "testing/simulator/hid/ReportDescriptor.h"
 #include "tests/parity/PreparsedData.h"
 
 namespace parity {

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 
 namespace simulator_test {
 

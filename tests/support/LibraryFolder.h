@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved);
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "hid/HIDDiscovery.h"
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "tests/support/AgentLog.h"
 #include "tests/support/HostCallbacks.h"
 #include "touchpad/TandrelHID.h"

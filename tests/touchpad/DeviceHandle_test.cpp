@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "simulator/hid/DescriptorItems.h"
+#include "testing/simulator/hid/DescriptorItems.h"
 
 #include <gtest/gtest.h>
 
-#include "simulator/hid/ReportDescriptor.h"
+#include "testing/simulator/hid/ReportDescriptor.h"
 
 namespace simulator::hid {
 namespace {

@@ -10,7 +10,7 @@
 #include <windows.h>
 #include <hidpi.h>
 
-#include "simulator/hid/ReportDescriptor.h"
+#include "testing/simulator/hid/ReportDescriptor.h"
 #include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace simulator::hid {

@@ -1,4 +1,4 @@
-#include "simulator/hid/PreparsedData.h"
+#include "testing/simulator/hid/PreparsedData.h"
 
 #include <atomic>
 #include <set>

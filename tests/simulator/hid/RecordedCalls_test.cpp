@@ -1,7 +1,7 @@
 // The parser's calls in the machine's record, and faults in their place.
 #include <gtest/gtest.h>
 
-#include "simulator/Machine.h"
+#include "testing/simulator/Machine.h"
 #include "tests/simulator/hid/ParsedDevice.h"
 
 namespace simulator::hid {

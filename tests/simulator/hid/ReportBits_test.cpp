@@ -1,4 +1,4 @@
-#include "simulator/hid/ReportBits.h"
+#include "testing/simulator/hid/ReportBits.h"
 
 #include <random>
 #include <vector>

@@ -1,0 +1,68 @@
+// How the simulated platform functions announce themselves: each begins with
+//
+//     if (const auto fault = Enter("HidD_GetFeature", Arguments(HandleName(device),
+//     Count(length))))
+//         return fault->Failed<BOOLEAN>(FALSE);
+//
+// Enter records the call and asks the machine for a fault.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include <windows.h>
+
+#include "testing/simulator/Calls.h"
+
+namespace simulator {
+
+class Injected {
+ public:
+    Injected(const Fault& fault, bool keepsLastError)
+        : fault_(fault), keepsLastError_(keepsLastError) {}
+
+    // Sets the thread's last error as the fault says and gives the value to return, `ordinary` when
+    // the fault names none.
+    template <typename Result>
+    Result Failed(Result ordinary) const {
+        Apply();
+        if (!fault_.result) return ordinary;
+        return (Result)(std::intptr_t)*fault_.result;  // integers and handles alike
+    }
+
+ private:
+    void Apply() const;
+
+    Fault fault_;
+    bool keepsLastError_;  // when the fault names no error
+};
+
+std::optional<Injected> Enter(const char* function, const std::string& arguments);
+// Does the same for a call on a real file: it is recorded, and can fail, only while a test has
+// switched that on (Machine::RecordFileCalls).
+std::optional<Injected> EnterFileCall(const char* function, const std::string& arguments);
+
+// For Machine::Misuse.
+void NoteMisuse(const std::string& text);
+
+// Argument texts, in the forms that Calls.h lists. Join puts ", " between non-empty texts.
+std::string Hex(std::uint64_t value);
+std::string Count(std::uint64_t value);
+std::string HandleName(HANDLE handle);
+std::string Quoted(const wchar_t* text);
+std::string HexBytes(const void* bytes, std::size_t length);
+
+template <typename... Texts>
+std::string Arguments(const Texts&... texts) {
+    std::string joined;
+    const auto append = [&joined](const std::string& text) {
+        if (text.empty()) return;
+        if (!joined.empty()) joined += ", ";
+        joined += text;
+    };
+    (append(texts), ...);
+    return joined;
+}
+
+}  // namespace simulator

@@ -1,0 +1,78 @@
+// The simulated machine's inside. One lock guards all of it, devices and kernel objects included;
+// whoever waits gives the lock up while it sleeps.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <ctime>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "testing/simulator/CallLog.h"
+#include "testing/simulator/DeviceObject.h"
+#include "testing/simulator/FaultScript.h"
+#include "testing/simulator/HandleTable.h"
+#include "testing/simulator/RealFiles.h"
+
+namespace simulator {
+
+struct ForeignMutex {
+    std::shared_ptr<KernelObject> object;
+    bool denied = false;
+};
+
+struct MachineState {
+    std::mutex mutex;                 // guards: all below
+    std::condition_variable changed;  // for a test's waiting operations
+
+    CallLog calls;
+    FaultScript faults;
+    HandleTable handles;
+    RealFiles realFiles;
+    bool recordsFileCalls = false;
+    bool endTimedWaits = false;
+
+    std::vector<std::shared_ptr<DeviceObject>> devices;  // in order of enumeration, absent ones too
+    std::size_t pluggedDevices = 0;                      // since the last Reset
+
+    // An entry outlives its object, and is overwritten by the next of its name.
+    std::map<std::wstring, std::weak_ptr<KernelObject>> names;
+    std::map<std::wstring, ForeignMutex> foreignMutexes;
+
+    std::map<std::wstring, std::string> files;  // by path in lower case
+    std::map<void*, std::wstring> modules;
+    std::optional<std::tm> stoppedClock;
+    std::vector<std::string> debugOutput;
+
+    std::unordered_set<void*> globalMemory;
+    std::vector<std::string> misuse;
+};
+
+// Never destroyed: threads and static objects of the agent make calls until the process ends.
+MachineState& State();
+
+// Null when no object of the name is left. Under the lock.
+std::shared_ptr<KernelObject> FindNamed(const std::wstring& name);
+
+// The open file behind a handle that `function` was given; null for any other handle. One that was
+// closed already is misuse, and noted: on a real machine another file may have its value by now.
+// Under the lock.
+std::shared_ptr<FileObject> FindFile(HANDLE handle, const char* function);
+
+class MachineLock : public std::unique_lock<std::mutex> {
+ public:
+    MachineLock() : std::unique_lock<std::mutex>(State().mutex) {}
+};
+
+// For a test's waiting operations: false after ten seconds.
+template <typename Predicate>
+bool WaitUntil(MachineLock& lock, Predicate predicate) {
+    return State().changed.wait_for(lock, std::chrono::seconds(10), predicate);
+}
+
+}  // namespace simulator

@@ -1,0 +1,29 @@
+// The global items: a table of values that stay in force until they are declared anew.
+#pragma once
+
+#include <cstdint>
+
+#include <windows.h>
+#include <hidpi.h>
+
+#include "testing/simulator/hid/DescriptorItems.h"
+
+namespace simulator::hid {
+
+struct GlobalItems {
+    USAGE usagePage = 0;
+    std::uint8_t reportId = 0;  // 0: none
+    std::uint32_t reportSize = 0;
+    std::uint32_t reportCount = 0;
+    std::int32_t logicalMinimum = 0;
+    std::int32_t logicalMaximum = 0;
+    std::int32_t physicalMinimum = 0;
+    std::int32_t physicalMaximum = 0;
+    std::uint32_t unit = 0;
+    std::uint32_t unitExponent = 0;  // a nibble as in the descriptor, not sign-extended
+
+    // False when the item is none of these.
+    bool Take(const Item& item);
+};
+
+}  // namespace simulator::hid

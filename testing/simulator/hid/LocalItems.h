@@ -1,0 +1,55 @@
+// The local items: usages declared for the next main item only.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include <windows.h>
+#include <hidpi.h>
+
+#include "testing/simulator/hid/DeclaredIndices.h"
+#include "testing/simulator/hid/DescriptorItems.h"
+
+namespace simulator::hid {
+
+struct UsageAndPage {
+    USAGE page = 0;
+    USAGE usage = 0;
+};
+
+// One Usage item, or one Usage Minimum and Usage Maximum. A pair stays a range when both ends meet.
+struct DeclaredUsages {
+    USAGE page = 0;
+    USAGE minimum = 0;
+    USAGE maximum = 0;
+    bool isRange = false;
+    // What a host shows for them; they change no report.
+    IndexRange strings{};
+    IndexRange designators{};
+
+    std::uint32_t Count() const { return static_cast<std::uint32_t>(maximum - minimum) + 1; }
+};
+
+class LocalItems {
+ public:
+    // A usage of four bytes carries its page. A shorter one is of `page`, the one in force where it
+    // stands: a Usage Page item between it and its main item is for the usages that follow. False
+    // when the item is not a local one.
+    bool Take(const Item& item, USAGE page);
+
+    // At a main item: the usages declared since the last one, in declaration order.
+    std::vector<DeclaredUsages> Collect(const Item& mainItem);
+
+ private:
+    bool TakeIndex(const Item& item);
+    void TakeBound(const Item& item, UsageAndPage usage, std::optional<UsageAndPage>& bound);
+
+    std::vector<DeclaredUsages> usages_;
+    std::optional<UsageAndPage> minimum_;
+    std::optional<UsageAndPage> maximum_;
+    DeclaredIndices strings_;
+    DeclaredIndices designators_;
+};
+
+}  // namespace simulator::hid

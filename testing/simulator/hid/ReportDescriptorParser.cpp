@@ -1,0 +1,128 @@
+#include <map>
+
+#include "testing/simulator/hid/Collection.h"
+#include "testing/simulator/hid/DescriptorItems.h"
+#include "testing/simulator/hid/ReportDescriptor.h"
+
+namespace simulator::hid {
+namespace {
+
+// A device announces its descriptor's length in 16 bits. No count of whole items (capabilities,
+// link collections, pushed states) can then outgrow the platform's 16-bit counters.
+constexpr std::size_t kMaxDescriptorLength = 0xFFFF;
+
+using Collections = std::vector<std::shared_ptr<const Collection>>;
+
+class Parser {
+ public:
+    Collections Parse(const std::vector<std::uint8_t>& descriptor);
+
+ private:
+    void Take(const Item& item);
+    void AddFields(const Item& item, HIDP_REPORT_TYPE type);
+    void OpenCollection(const Item& item);
+    void CloseCollection(const Item& item);
+    void Pop(const Item& item);
+    void ClaimReportId(const Item& item);
+
+    GlobalItems globals_;
+    std::vector<GlobalItems> pushed_;
+    LocalItems locals_;
+
+    std::vector<std::shared_ptr<Collection>> collections_;
+    std::vector<USHORT>
+        openLinks_;  // link collections around the current item, the top level first
+    std::map<std::uint8_t, const Collection*> claimedIds_;
+};
+
+Collections Parser::Parse(const std::vector<std::uint8_t>& descriptor) {
+    if (descriptor.size() > kMaxDescriptorLength) {
+        throw DescriptorError("descriptor longer than 65535 bytes");
+    }
+    DescriptorItems items(descriptor);
+    while (const std::optional<Item> item = items.Next()) Take(*item);
+    if (!openLinks_.empty()) throw DescriptorError("a collection is not closed");
+    return {collections_.begin(), collections_.end()};
+}
+
+void Parser::Take(const Item& item) {
+    switch (item.tag) {
+        case ItemTag::Input:
+            return AddFields(item, HidP_Input);
+        case ItemTag::Output:
+            return AddFields(item, HidP_Output);
+        case ItemTag::Feature:
+            return AddFields(item, HidP_Feature);
+        case ItemTag::Collection:
+            return OpenCollection(item);
+        case ItemTag::EndCollection:
+            return CloseCollection(item);
+        case ItemTag::Push:
+            return pushed_.push_back(globals_);
+        case ItemTag::Pop:
+            return Pop(item);
+        default:
+            if (globals_.Take(item) || locals_.Take(item, globals_.usagePage)) return;
+            item.Refuse("unknown item");
+    }
+}
+
+void Parser::AddFields(const Item& item, HIDP_REPORT_TYPE type) {
+    if (openLinks_.empty()) item.Refuse("a field outside every collection");
+    ClaimReportId(item);
+    MainItem fields;
+    fields.flags = static_cast<std::uint16_t>(item.value);
+    fields.globals = globals_;
+    fields.usages = locals_.Collect(item);
+    fields.linkCollection = openLinks_.back();
+    try {
+        collections_.back()->Reports(type).Add(fields);
+    } catch (const DescriptorError& error) {
+        item.Refuse(error.what());
+    }
+}
+
+void Parser::OpenCollection(const Item& item) {
+    const std::vector<DeclaredUsages> usages = locals_.Collect(item);
+    UsageAndPage usage{globals_.usagePage, 0};
+    if (!usages.empty()) usage = {usages.front().page, usages.front().minimum};
+
+    if (!openLinks_.empty()) {
+        openLinks_.push_back(collections_.back()->AddLink(usage));
+        return;
+    }
+    if (usages.empty()) item.Refuse("a top-level collection without a usage");
+    collections_.push_back(std::make_shared<Collection>(usage));
+    openLinks_.push_back(0);
+}
+
+void Parser::CloseCollection(const Item& item) {
+    if (openLinks_.empty()) item.Refuse("no collection is open");
+    locals_.Collect(item);
+    openLinks_.pop_back();
+}
+
+void Parser::Pop(const Item& item) {
+    if (pushed_.empty()) item.Refuse("a pop without a push");
+    globals_ = pushed_.back();
+    pushed_.pop_back();
+}
+
+// A report belongs to one top-level collection, else the class driver could not tell to whom it
+// goes; and the id byte is on the wire for every report or for none.
+void Parser::ClaimReportId(const Item& item) {
+    const Collection* collection = collections_.back().get();
+    const auto claim = claimedIds_.emplace(globals_.reportId, collection).first;
+    if (claim->second != collection) item.Refuse("a report of two top-level collections");
+    if (claimedIds_.count(0) != 0 && claimedIds_.size() > 1) {
+        item.Refuse("reports with and without an id");
+    }
+}
+
+}  // namespace
+
+Collections ParseReportDescriptor(const std::vector<std::uint8_t>& descriptor) {
+    return Parser().Parse(descriptor);
+}
+
+}  // namespace simulator::hid

@@ -1,0 +1,45 @@
+// All reports of one type (input, output or feature) of a top-level collection.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "testing/simulator/hid/Capability.h"
+#include "testing/simulator/hid/MainItem.h"
+
+namespace simulator::hid {
+
+class ReportLayout {
+ public:
+    // Appends the item's fields to its report. Throws DescriptorError, its text without a place,
+    // for what no device could mean or the platform's records could not count.
+    void Add(const MainItem& item);
+
+    // In the platform's order: main items as declared, within one the last declared usage first.
+    const std::vector<Capability>& Buttons() const { return buttons_; }
+    const std::vector<Capability>& Values() const { return values_; }
+    USHORT DataIndices() const { return static_cast<USHORT>(dataIndices_); }
+
+    // The id byte counts even where there are no ids. 0 when there is no report of the type.
+    std::size_t LongestReport() const;
+    std::optional<std::size_t> ReportLength(UCHAR reportId) const;
+    std::vector<UCHAR> ReportIds() const;
+
+    // How many usages GetUsages can answer at most; page 0 stands for every page.
+    ULONG MaxUsageListLength(USAGE page) const;
+
+ private:
+    std::uint32_t Extend(const GlobalItems& globals);
+    void List(Capability capability, bool isButton);
+
+    std::vector<Capability> buttons_;
+    std::vector<Capability> values_;
+    std::uint32_t dataIndices_ = 0;
+    std::uint32_t usageListLength_ = 0;
+    std::map<UCHAR, std::uint32_t> payloadBits_;  // by report id
+};
+
+}  // namespace simulator::hid
