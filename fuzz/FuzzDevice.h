@@ -7,8 +7,8 @@
 
 #include "testing/simulator/Machine.h"
 #include "testing/simulator/hid/ReportDescriptor.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace fuzz {
 

@@ -1,6 +1,6 @@
 #include "fuzz/InputLayouts.h"
 
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace fuzz {
 namespace {

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace fuzz {
 

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace soak {
 

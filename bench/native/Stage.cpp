@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "hid/HIDDiscovery.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace bench {
 

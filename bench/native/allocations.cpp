@@ -5,7 +5,7 @@
 #include "bench/RunningLogger.h"
 #include "bench/native/HeapCount.h"
 #include "bench/native/Stage.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include "platform/SlimMutex.h"
 #include "tests/acceptance/AgentDll.h"
-#include "virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
 
 namespace bench {
 

@@ -10,7 +10,7 @@
 #include "bench/Run.h"
 #include "bench/Stopwatch.h"
 #include "bench/windows/Host.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {
 

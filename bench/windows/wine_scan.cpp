@@ -2,7 +2,7 @@
 // beside the DLL, and these objects of it are in a program.
 #include "bench/Run.h"
 #include "bench/ScanInTurns.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 int main(int argc, char** argv) {
     using namespace bench;

@@ -18,8 +18,8 @@
 #include "examples/demo/HostProcess.h"
 #include "examples/demo/PanelProcess.h"
 #include "examples/demo/Picture.h"
-#include "virtual-touchpad/control/TouchpadControl.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 
 namespace demo {
 namespace {

@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "include/VelaAgent.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace soak {
 namespace {

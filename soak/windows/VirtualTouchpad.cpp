@@ -6,8 +6,8 @@
 #include <stdexcept>
 
 #include "soak/SoakTouchpad.h"
-#include "virtual-touchpad/control/TouchpadControl.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace soak {
 namespace {

@@ -1,7 +1,7 @@
 // A touchpad that tells by its name that it can be taken off the machine.
 #pragma once
 
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace acceptance {
 

@@ -3,8 +3,8 @@
 #include "tests/acceptance/HidPaths.h"
 #include "tests/acceptance/LitLights.h"
 #include "tests/acceptance/TouchpadAcceptanceTest.h"
-#include "virtual-touchpad/control/AwaitedCreate.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace acceptance {
 namespace {

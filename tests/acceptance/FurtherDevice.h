@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "virtual-touchpad/control/VirtualDevice.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/VirtualDevice.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace acceptance {
 

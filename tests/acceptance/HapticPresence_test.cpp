@@ -1,6 +1,6 @@
 // Finding, opening and closing a haptic touchpad.
 #include "tests/acceptance/HapticTest.h"
-#include "virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/AwaitedCreate.h"
 
 namespace acceptance {
 namespace {

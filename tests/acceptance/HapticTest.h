@@ -8,8 +8,8 @@
 
 #include "tests/acceptance/AgentDll.h"
 #include "tests/acceptance/AgentLogFile.h"
-#include "virtual-touchpad/control/VirtualDevice.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/VirtualDevice.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace acceptance {
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
 
 namespace acceptance {
 

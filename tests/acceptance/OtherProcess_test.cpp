@@ -4,7 +4,7 @@
 #include "tests/acceptance/LitLights.h"
 #include "tests/acceptance/TouchpadAcceptanceTest.h"
 #include "tests/acceptance/WaitForLogLine.h"
-#include "virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/AwaitedCreate.h"
 
 namespace acceptance {
 namespace {

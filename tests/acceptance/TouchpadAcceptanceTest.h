@@ -12,8 +12,8 @@
 
 #include "tests/acceptance/AgentDll.h"
 #include "tests/acceptance/AgentLogFile.h"
-#include "virtual-touchpad/control/TouchpadControl.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace acceptance {
 

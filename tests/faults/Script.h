@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace faults {
 

@@ -5,7 +5,7 @@
 #include "tests/faults/HostLog.h"
 #include "tests/faults/IdleThreads.h"
 #include "tests/support/HostCallbacks.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 
 namespace faults {
 namespace {

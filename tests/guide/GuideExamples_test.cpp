@@ -5,9 +5,9 @@
 
 #include <filesystem>
 
-#include "virtual-touchpad/control/TouchpadControl.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {
 

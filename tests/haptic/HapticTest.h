@@ -10,7 +10,7 @@
 #include "hid/HIDDiscovery.h"
 #include "testing/simulator/Machine.h"
 #include "tests/support/AgentLog.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 
 namespace test_support {
 

@@ -1,6 +1,6 @@
 // Interfaces that a scan turns down on its way, and what stays of them.
 #include "tests/hid/HidTest.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace hid_test {
 namespace {

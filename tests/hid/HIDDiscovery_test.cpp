@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "tests/support/WaitForLogLine.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace hid_test {
 namespace {

@@ -2,8 +2,8 @@
 #include "haptic/HapticTouchpadHID.h"
 
 #include "tests/hid/HidTest.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace hid_test {
 namespace {

@@ -10,8 +10,8 @@
 
 #include "VelaAgentVersion.h"
 #include "tests/acceptance/ChildProcess.h"
-#include "virtual-touchpad/control/TouchpadControl.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {
 

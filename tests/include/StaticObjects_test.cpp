@@ -9,8 +9,8 @@
 #include "tests/acceptance/AgentLogFile.h"
 #include "tests/acceptance/ChildProcess.h"
 #include "tests/include/PlugIn.h"
-#include "virtual-touchpad/control/TouchpadControl.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Which touchpads know the gesture in both directions.
 #include "tests/support/ExportsTest.h"
 #include "tests/support/LibraryFolder.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace parity {
 

@@ -1,7 +1,7 @@
 #include "tests/parity/Descriptors.h"
 
-#include "virtual-touchpad/descriptor/HapticLayout.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace parity {
 namespace {

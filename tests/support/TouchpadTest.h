@@ -14,7 +14,7 @@
 #include "tests/support/AgentLog.h"
 #include "tests/support/HostCallbacks.h"
 #include "touchpad/TandrelHID.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace test_support {
 

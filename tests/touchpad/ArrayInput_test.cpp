@@ -1,6 +1,6 @@
 // Touchpads that report their pressed usages in an array: in any order, some of them unknown.
 #include "tests/support/InputTest.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace {
 

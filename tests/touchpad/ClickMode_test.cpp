@@ -2,7 +2,7 @@
 #include <hidsdi.h>
 
 #include "tests/support/TouchpadTest.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // A touchpad without output reports, so without lights.
 #include "tests/support/InputTest.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 
 #include "tests/acceptance/LitLights.h"
 #include "tests/velactl/Velactl.h"
-#include "virtual-touchpad/control/TouchpadControl.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace velactl_test {
 

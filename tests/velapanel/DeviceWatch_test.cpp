@@ -4,8 +4,8 @@
 #include <windows.h>
 
 #include "tools/velapanel/DeviceWatch.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 extern "C" {
 #include <hidsdi.h>

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "tools/velapanel/ReportFields.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 
 namespace velapanel {
 namespace {

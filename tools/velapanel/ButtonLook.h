@@ -5,7 +5,7 @@
 
 #include "tools/velapanel/Action.h"
 #include "tools/velapanel/Palette.h"
-#include "virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
 
 namespace velapanel {
 

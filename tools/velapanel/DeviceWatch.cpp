@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "tools/velapanel/ReportFields.h"
-#include "virtual-touchpad/descriptor/HapticLayout.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace velapanel {
 

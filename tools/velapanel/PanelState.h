@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
 
 namespace velapanel {
 

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <map>
 
-#include "virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 
 namespace velapanel {
 namespace {

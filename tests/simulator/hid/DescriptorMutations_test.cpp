@@ -7,7 +7,7 @@
 
 #include "tests/simulator/hid/ExampleDescriptors.h"
 #include "tests/simulator/hid/ParsedDevice.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace simulator::hid {
 namespace {

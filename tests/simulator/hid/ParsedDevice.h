@@ -11,7 +11,7 @@
 #include <hidpi.h>
 
 #include "testing/simulator/hid/ReportDescriptor.h"
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace simulator::hid {
 

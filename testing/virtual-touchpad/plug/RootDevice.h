@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace virtual_touchpad {
 

@@ -11,7 +11,7 @@ extern "C" {
 #include <string>
 #include <vector>
 
-#include "virtual-touchpad/control/VirtualDevice.h"
+#include "testing/virtual-touchpad/control/VirtualDevice.h"
 
 namespace virtual_touchpad {
 

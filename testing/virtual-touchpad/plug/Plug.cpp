@@ -1,4 +1,4 @@
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 #include <windows.h>
 
@@ -6,10 +6,10 @@
 #include <stdexcept>
 #include <thread>
 
-#include "virtual-touchpad/control/ControlProtocol.h"
-#include "virtual-touchpad/control/VirtualDevice.h"
-#include "virtual-touchpad/plug/HidInterfaces.h"
-#include "virtual-touchpad/plug/RootDevice.h"
+#include "testing/virtual-touchpad/control/ControlProtocol.h"
+#include "testing/virtual-touchpad/control/VirtualDevice.h"
+#include "testing/virtual-touchpad/plug/HidInterfaces.h"
+#include "testing/virtual-touchpad/plug/RootDevice.h"
 
 namespace virtual_touchpad {
 namespace {

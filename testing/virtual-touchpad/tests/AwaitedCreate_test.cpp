@@ -1,9 +1,9 @@
-#include "virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/AwaitedCreate.h"
 
 #include <gtest/gtest.h>
 
-#include "virtual-touchpad/tests/HostFile.h"
-#include "virtual-touchpad/tests/PluggedTouchpad.h"
+#include "testing/virtual-touchpad/tests/HostFile.h"
+#include "testing/virtual-touchpad/tests/PluggedTouchpad.h"
 
 namespace virtual_touchpad {
 namespace {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "virtual-touchpad/control/ControlProtocol.h"
+#include "testing/virtual-touchpad/control/ControlProtocol.h"
 
 namespace virtual_touchpad {
 

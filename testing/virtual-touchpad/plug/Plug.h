@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "virtual-touchpad/descriptor/HapticLayout.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace virtual_touchpad {
 

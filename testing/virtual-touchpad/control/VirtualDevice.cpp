@@ -1,4 +1,4 @@
-#include "virtual-touchpad/control/VirtualDevice.h"
+#include "testing/virtual-touchpad/control/VirtualDevice.h"
 
 #include <windows.h>
 #include <winioctl.h>

@@ -1,4 +1,4 @@
-#include "virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "virtual-touchpad/tests/HostFile.h"
-#include "virtual-touchpad/tests/PluggedTouchpad.h"
+#include "testing/virtual-touchpad/tests/HostFile.h"
+#include "testing/virtual-touchpad/tests/PluggedTouchpad.h"
 
 namespace virtual_touchpad {
 namespace {

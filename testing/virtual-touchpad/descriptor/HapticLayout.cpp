@@ -1,6 +1,6 @@
-#include "virtual-touchpad/descriptor/HapticLayout.h"
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace virtual_touchpad {
 namespace {

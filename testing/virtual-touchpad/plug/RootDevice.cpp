@@ -1,7 +1,7 @@
-#include "virtual-touchpad/plug/RootDevice.h"
+#include "testing/virtual-touchpad/plug/RootDevice.h"
 
-#include "virtual-touchpad/control/ControlProtocol.h"
-#include "virtual-touchpad/plug/DeviceInfoSet.h"
+#include "testing/virtual-touchpad/control/ControlProtocol.h"
+#include "testing/virtual-touchpad/plug/DeviceInfoSet.h"
 
 #include <cfgmgr32.h>
 

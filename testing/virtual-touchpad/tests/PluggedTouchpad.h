@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "virtual-touchpad/control/TouchpadControl.h"
-#include "virtual-touchpad/plug/Plug.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace virtual_touchpad {
 

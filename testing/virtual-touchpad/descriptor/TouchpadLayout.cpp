@@ -1,6 +1,6 @@
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
-#include "virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace virtual_touchpad {
 namespace {

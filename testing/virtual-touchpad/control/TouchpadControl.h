@@ -6,8 +6,8 @@
 #include <map>
 #include <set>
 
-#include "virtual-touchpad/control/VirtualDevice.h"
-#include "virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/virtual-touchpad/control/VirtualDevice.h"
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace virtual_touchpad {
 

@@ -1,4 +1,4 @@
-#include "virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/AwaitedCreate.h"
 
 extern "C" {
 #include <hidsdi.h>

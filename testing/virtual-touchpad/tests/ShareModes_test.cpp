@@ -2,8 +2,8 @@
 // of the handle here. On Windows it shows at CreateFile.
 #include <gtest/gtest.h>
 
-#include "virtual-touchpad/tests/HostFile.h"
-#include "virtual-touchpad/tests/PluggedTouchpad.h"
+#include "testing/virtual-touchpad/tests/HostFile.h"
+#include "testing/virtual-touchpad/tests/PluggedTouchpad.h"
 
 namespace virtual_touchpad {
 namespace {

@@ -3,8 +3,8 @@
 #include <atomic>
 #include <thread>
 
-#include "virtual-touchpad/tests/HostFile.h"
-#include "virtual-touchpad/tests/PluggedTouchpad.h"
+#include "testing/virtual-touchpad/tests/HostFile.h"
+#include "testing/virtual-touchpad/tests/PluggedTouchpad.h"
 
 namespace virtual_touchpad {
 namespace {

@@ -1,4 +1,4 @@
-#include "virtual-touchpad/plug/HidInterfaces.h"
+#include "testing/virtual-touchpad/plug/HidInterfaces.h"
 
 #include <windows.h>
 #include <setupapi.h>
