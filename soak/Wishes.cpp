@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "fuzz/SessionModel.h"
+#include "testing/fuzz/SessionModel.h"
 #include "soak/HostCallbacks.h"
 
 namespace soak {

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "fuzz/FuzzDevice.h"
+#include "testing/fuzz/FuzzDevice.h"
 #include "include/VelaAgent.h"
 #include "soak/Figures.h"
 #include "soak/ProcessFigures.h"

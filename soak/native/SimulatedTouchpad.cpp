@@ -1,7 +1,7 @@
 #include <atomic>
 #include <mutex>
 
-#include "fuzz/FuzzDevice.h"
+#include "testing/fuzz/FuzzDevice.h"
 #include "testing/simulator/Machine.h"
 #include "soak/SoakTouchpad.h"
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <thread>
 
-#include "fuzz/FuzzDevice.h"
+#include "testing/fuzz/FuzzDevice.h"
 #include "include/VelaAgent.h"
 #include "soak/native/Situations.h"
 

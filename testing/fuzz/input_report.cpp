@@ -1,9 +1,9 @@
 // Input reports of any length and content into an open session: the host is told what the reports
 // say, in their order, and the reader goes on.
-#include "fuzz/Check.h"
-#include "fuzz/FuzzInput.h"
-#include "fuzz/InputLayouts.h"
-#include "fuzz/SessionModel.h"
+#include "testing/fuzz/Check.h"
+#include "testing/fuzz/FuzzInput.h"
+#include "testing/fuzz/InputLayouts.h"
+#include "testing/fuzz/SessionModel.h"
 #include "include/VelaAgent.h"
 #include "tests/support/HostCallbacks.h"
 

@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "fuzz/Check.h"
-#include "fuzz/FuzzInput.h"
-#include "fuzz/SessionModel.h"
+#include "testing/fuzz/Check.h"
+#include "testing/fuzz/FuzzInput.h"
+#include "testing/fuzz/SessionModel.h"
 #include "testing/simulator/Machine.h"
 
 namespace fuzz {

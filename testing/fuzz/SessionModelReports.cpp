@@ -1,7 +1,7 @@
 // The output reports that a touchpad receives.
 #include <iterator>
 
-#include "fuzz/SessionModel.h"
+#include "testing/fuzz/SessionModel.h"
 
 namespace fuzz {
 

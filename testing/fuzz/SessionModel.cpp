@@ -1,5 +1,5 @@
 // The host's calls.
-#include "fuzz/SessionModel.h"
+#include "testing/fuzz/SessionModel.h"
 
 #include <utility>
 

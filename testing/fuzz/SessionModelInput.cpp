@@ -1,5 +1,5 @@
 // The touchpad's input reports, and what the host is told.
-#include "fuzz/SessionModel.h"
+#include "testing/fuzz/SessionModel.h"
 
 namespace fuzz {
 namespace {

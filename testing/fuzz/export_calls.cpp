@@ -1,7 +1,7 @@
 // Sequences of export calls, with presses, firmware states and plugs pulled between them: after
 // every step the answers, what the host was told and what the touchpad shows are the model's.
-#include "fuzz/CallStage.h"
-#include "fuzz/FuzzInput.h"
+#include "testing/fuzz/CallStage.h"
+#include "testing/fuzz/FuzzInput.h"
 
 namespace {
 

@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <fstream>
 
-#include "fuzz/Check.h"
-#include "fuzz/FuzzDevice.h"
-#include "fuzz/FuzzInput.h"
-#include "fuzz/LogFolder.h"
-#include "fuzz/VendorFileModel.h"
+#include "testing/fuzz/Check.h"
+#include "testing/fuzz/FuzzDevice.h"
+#include "testing/fuzz/FuzzInput.h"
+#include "testing/fuzz/LogFolder.h"
+#include "testing/fuzz/VendorFileModel.h"
 #include "include/VelaAgent.h"
 #include "interface/Singletons.h"
 #include "tests/support/LibraryFolder.h"

@@ -1,11 +1,11 @@
-#include "fuzz/CallStage.h"
+#include "testing/fuzz/CallStage.h"
 
 #include <fstream>
 #include <optional>
 
-#include "fuzz/FuzzDevice.h"
-#include "fuzz/FuzzSessions.h"
-#include "fuzz/LogFolder.h"
+#include "testing/fuzz/FuzzDevice.h"
+#include "testing/fuzz/FuzzSessions.h"
+#include "testing/fuzz/LogFolder.h"
 #include "include/VelaAgent.h"
 #include "tests/support/HostCallbacks.h"
 

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "fuzz/FuzzInput.h"
+#include "testing/fuzz/FuzzInput.h"
 
 // The sanitizers end the process without a signal; here when the program is built with one.
 // NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): their name for it

@@ -1,4 +1,4 @@
-#include "fuzz/InputFields.h"
+#include "testing/fuzz/InputFields.h"
 
 #include <algorithm>
 

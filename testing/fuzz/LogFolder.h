@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-#include "fuzz/Check.h"
+#include "testing/fuzz/Check.h"
 
 namespace fuzz {
 

@@ -1,8 +1,8 @@
-#include "fuzz/FuzzSessions.h"
+#include "testing/fuzz/FuzzSessions.h"
 
 #include <map>
 
-#include "fuzz/FuzzDevice.h"
+#include "testing/fuzz/FuzzDevice.h"
 #include "include/VelaAgent.h"
 #include "interface/Singletons.h"
 

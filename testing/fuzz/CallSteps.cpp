@@ -1,6 +1,6 @@
 // The steps of which the inputs are made: every export, and what may happen to the devices
 // meanwhile.
-#include "fuzz/CallStage.h"
+#include "testing/fuzz/CallStage.h"
 #include "include/VelaAgent.h"
 #include "tests/support/HostCallbacks.h"
 

@@ -1,4 +1,4 @@
-#include "fuzz/VendorFileModel.h"
+#include "testing/fuzz/VendorFileModel.h"
 
 #include <cstdio>
 

@@ -2,9 +2,9 @@
 // used and closed again, with nothing left open.
 #include <algorithm>
 
-#include "fuzz/Check.h"
-#include "fuzz/FuzzDevice.h"
-#include "fuzz/FuzzInput.h"
+#include "testing/fuzz/Check.h"
+#include "testing/fuzz/FuzzDevice.h"
+#include "testing/fuzz/FuzzInput.h"
 #include "include/VelaAgent.h"
 #include "tests/support/HostCallbacks.h"
 

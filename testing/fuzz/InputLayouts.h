@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "fuzz/FuzzDevice.h"
-#include "fuzz/InputFields.h"
+#include "testing/fuzz/FuzzDevice.h"
+#include "testing/fuzz/InputFields.h"
 
 namespace fuzz {
 

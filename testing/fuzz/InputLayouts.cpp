@@ -1,4 +1,4 @@
-#include "fuzz/InputLayouts.h"
+#include "testing/fuzz/InputLayouts.h"
 
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
