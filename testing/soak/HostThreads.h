@@ -1,0 +1,37 @@
+// A host's threads: each makes random calls, and every few calls one whose log line is its mark.
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <thread>
+
+#include "testing/soak/Allowance.h"
+#include "testing/soak/LogLines.h"
+#include "testing/soak/Agent.h"
+
+namespace soak {
+
+// The calls of each thread that made a mark and have returned.
+using MarkCounts = std::array<std::uint32_t, kMarkingThreads>;
+
+class HostThreads {
+ public:
+    HostThreads(const Agent& agent, Allowance& allowance);
+    // Once the allowance is over.
+    void Join();
+
+    MarkCounts Marks() const;
+    std::int64_t Calls() const { return calls_; }
+
+ private:
+    void Run(unsigned thread);
+
+    const Agent& agent_;
+    Allowance& allowance_;
+    std::array<std::atomic<std::uint32_t>, kMarkingThreads> marks_{};
+    std::atomic<std::int64_t> calls_{0};
+    std::array<std::thread, kMarkingThreads> threads_;
+};
+
+}  // namespace soak

@@ -1,0 +1,47 @@
+// Starts and stops the logger again and again while the host's threads log, and reads what is in
+// its file after each stop. Every other time the file is so long already that it is moved away.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "testing/soak/HostThreads.h"
+
+namespace soak {
+
+struct LogFigures {
+    std::int64_t segments = 0;
+    std::int64_t rotations = 0;
+    std::int64_t lines = 0;
+    std::int64_t marks = 0;
+    // What was torn, missing or out of order first.
+    std::string wrong;
+};
+
+class LogSegments {
+ public:
+    explicit LogSegments(const Agent& agent);
+    ~LogSegments();
+    LogSegments(const LogSegments&) = delete;
+    LogSegments& operator=(const LogSegments&) = delete;
+
+    // One start, one stop and the reading.
+    void Run(const HostThreads& host, Allowance& allowance);
+    const LogFigures& Figures() const { return figures_; }
+
+ private:
+    void PrepareFile(std::uintmax_t filling) const;
+    void ReadFiles(std::uintmax_t filling, const MarkCounts& from, const MarkCounts& to);
+    void CompareMarks(unsigned thread, const std::vector<std::uint32_t>& numbers,
+                      std::uint32_t from, std::uint32_t to);
+    void Wrong(const std::string& what);
+
+    const Agent& agent_;
+    std::filesystem::path folder_;
+    std::filesystem::path file_;
+    std::filesystem::path backup_;
+    LogFigures figures_;
+};
+
+}  // namespace soak

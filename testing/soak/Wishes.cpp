@@ -1,0 +1,187 @@
+#include "testing/soak/Wishes.h"
+
+#include <cstdio>
+
+#include "testing/fuzz/SessionModel.h"
+#include "testing/soak/HostCallbacks.h"
+
+namespace soak {
+namespace {
+
+using fuzz::SessionModel;
+
+// Usages of the touchpad's input reports.
+constexpr std::uint16_t kResynchronise = 0x40;
+constexpr std::uint16_t kCameraPressed = 0x41;
+constexpr std::uint16_t kShareScreenPressed = 0x42;
+constexpr std::uint16_t kMicrophonePressed = 0x44;
+constexpr std::uint16_t kEnabled = 0x46;
+
+// What differs in the bytes behind those that a light report uses is padding.
+constexpr std::size_t kLightBytes = virtual_touchpad::kActiveBitsOffset + 1;
+
+std::string Hex(const Bytes& bytes) {
+    std::string text;
+    for (const std::uint8_t byte : bytes) {
+        char digits[4];
+        std::snprintf(digits, sizeof digits, "%02x ", byte);
+        text += digits;
+    }
+    return text;
+}
+
+// A host and the model of what it has to see: every wish is made to both.
+class Twins {
+ public:
+    Twins(const Agent& agent, SoakTouchpad& touchpad, const TouchpadLayout& layout)
+        : agent_(agent), touchpad_(touchpad), model_(layout) {
+        model_.Init();
+    }
+
+    void Send(std::uint16_t usage) {
+        touchpad_.Send(static_cast<std::uint8_t>(1U << (usage - kResynchronise)), 0);
+        model_.Receive(virtual_touchpad::kButtonReportId, {usage}, 0);
+    }
+    // Until it was handled, as a press behind it tells. False when that one is not told.
+    bool SendAndWait(std::uint16_t usage) {
+        const std::int64_t told = PressesTold(VELA_BUTTON_SHARE_SCREEN);
+        Send(usage);
+        Send(kShareScreenPressed);
+        return WaitForPresses(VELA_BUTTON_SHARE_SCREEN, told + 1);
+    }
+    void Enable(std::uint32_t button, bool enable) {
+        agent_.EnableSingleButton(button, enable);
+        model_.EnableSingleButton(button, enable);
+    }
+    void Show(std::uint32_t button, bool visible) {
+        agent_.SetButtonVisible(button, visible);
+        model_.SetButtonVisible(button, visible);
+    }
+    void Light(std::uint32_t button, bool on) {
+        agent_.SetButtonLight(button, on);
+        model_.SetButtonLight(button, on);
+    }
+    void Breathe(std::uint32_t button, bool on) {
+        agent_.SetButtonBreathing(button, on);
+        model_.SetButtonBreathing(button, on);
+    }
+    void AllowBreathing(bool allow) {
+        agent_.EnableChatBreathing(allow);
+        model_.EnableChatBreathing(allow);
+    }
+    void Brightness(std::uint32_t level) {
+        agent_.SetVelaBrightness(level);
+        model_.SetBrightness(level);
+    }
+    void Feature(bool on) {
+        agent_.EnableFeature(on);
+        model_.EnableFeature(on);
+    }
+    void Activate(std::uint32_t activation) {
+        agent_.Activate(activation);
+        model_.Activate(activation);
+    }
+
+    // The lights as they are wished now, which no report of the storm shows.
+    void NoteKnown() {
+        known_ = model_.TakeReports().back();
+        known_.resize(kLightBytes);
+    }
+    std::string Compare() {
+        const std::vector<Bytes> reports = model_.TakeReports();
+        Bytes expected = reports.empty() ? known_ : reports.back();
+        if (agent_.UpdateVelaState() == 0) return "the state request was refused";
+        // Reports, and requests as well, of the storm may still come before the known lights.
+        std::optional<Bytes> lights = touchpad_.LightsBeforeRequest(known_);
+        if (!lights) return "no lights " + Hex(known_) + "and no state request behind them";
+        expected.resize(kLightBytes);
+        lights->resize(kLightBytes);
+        if (*lights == expected) return "";
+        return "lights " + Hex(*lights) + "instead of " + Hex(expected);
+    }
+
+ private:
+    const Agent& agent_;
+    SoakTouchpad& touchpad_;
+    SessionModel model_;
+    Bytes known_;
+};
+
+// A state that depends on nothing before. The report of the last step is written in any case, and
+// is the one that the session compares the next with.
+void MakeKnown(Twins& twins, Random& random) {
+    twins.Activate(VELA_DEACTIVATED);
+    for (std::uint32_t button = 0; button < 4; ++button) {
+        twins.Enable(button, true);
+        twins.Show(button, true);
+        twins.Light(button, Below(random, 2) != 0);
+    }
+    twins.AllowBreathing(false);
+    twins.Breathe(VELA_BUTTON_CHAT, false);
+    twins.Brightness(kBrighterThanStorms + Below(random, 256 - kBrighterThanStorms));
+    twins.Feature(true);
+    twins.Activate(Below(random, 4) == 0 ? VELA_ACTIVE_HOST_SETS_LIGHTS : VELA_ACTIVE);
+    twins.Show(VELA_BUTTON_CAMERA, true);
+    twins.Breathe(VELA_BUTTON_CHAT, false);
+    twins.NoteKnown();
+}
+
+// False when a press is not told.
+bool WishAtRandom(Twins& twins, Random& random) {
+    const std::uint32_t button = Below(random, 3);  // share screen stays, to wait for its presses
+    const bool flag = Below(random, 2) != 0;
+    switch (Below(random, 10)) {
+        case 0:
+            twins.Enable(button, flag);
+            return true;
+        case 1:
+            twins.Show(button, flag);
+            return true;
+        case 2:
+            twins.Light(button, flag);
+            return true;
+        case 3:
+            twins.AllowBreathing(flag);
+            return true;
+        case 4:
+            twins.Breathe(VELA_BUTTON_CHAT, flag);
+            return true;
+        case 5:
+            twins.Brightness(Below(random, 256));
+            return true;
+        case 6:
+            twins.Feature(Below(random, 4) != 0);
+            return true;
+        case 7:
+            twins.Activate(Below(random, 4) == 0 ? VELA_SUSPENDED : VELA_ACTIVE);
+            return true;
+        default:
+            return twins.SendAndWait(flag ? kCameraPressed : kMicrophonePressed);
+    }
+}
+
+}  // namespace
+
+std::string CompareLights(const Agent& agent, SoakTouchpad& touchpad, const TouchpadLayout& layout,
+                          SessionOwner& owner, Random& random) {
+    if (!owner.Reaches()) {
+        owner.Close();
+        owner.Open(false);
+        if (!owner.Reaches()) return "a new session could not be opened";
+    }
+    SetCallbacks(agent, false);
+    touchpad.WaitUntilRead();
+    touchpad.ForgetWritten();
+
+    Twins twins(agent, touchpad, layout);
+    twins.Enable(VELA_BUTTON_SHARE_SCREEN, true);
+    twins.Send(kEnabled);
+    if (!twins.SendAndWait(kResynchronise)) return "presses are told no more";
+    MakeKnown(twins, random);
+    for (int wish = 0; wish < 30; ++wish) {
+        if (!WishAtRandom(twins, random)) return "a press was not told";
+    }
+    return twins.Compare();
+}
+
+}  // namespace soak

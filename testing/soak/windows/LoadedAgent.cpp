@@ -1,0 +1,13 @@
+#include "testing/soak/Agent.h"
+#include "tests/acceptance/AgentDll.h"
+
+namespace soak {
+
+Agent::Agent() {
+    const acceptance::AgentDll library;
+#define VELA_SOAK_TAKE(name) this->name = library.name;
+    VELA_SOAK_FOR_EACH_EXPORT(VELA_SOAK_TAKE)
+#undef VELA_SOAK_TAKE
+}
+
+}  // namespace soak
