@@ -1,4 +1,4 @@
-#include "bench/BareScan.h"
+#include "testing/bench/BareScan.h"
 
 #include <windows.h>
 

@@ -8,8 +8,8 @@
 #include <optional>
 #include <string>
 
-#include "bench/Kind.h"
-#include "bench/Samples.h"
+#include "testing/bench/Kind.h"
+#include "testing/bench/Samples.h"
 
 namespace bench {
 

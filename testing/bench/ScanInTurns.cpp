@@ -1,9 +1,9 @@
-#include "bench/ScanInTurns.h"
+#include "testing/bench/ScanInTurns.h"
 
 #include <stdexcept>
 
-#include "bench/BareScan.h"
-#include "bench/Stopwatch.h"
+#include "testing/bench/BareScan.h"
+#include "testing/bench/Stopwatch.h"
 #include "hid/HIDDiscovery.h"
 #include "touchpad/TandrelHID.h"
 

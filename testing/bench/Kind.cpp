@@ -1,4 +1,4 @@
-#include "bench/Kind.h"
+#include "testing/bench/Kind.h"
 
 #include <algorithm>
 #include <cmath>

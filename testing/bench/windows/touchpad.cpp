@@ -5,11 +5,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "bench/LogFolder.h"
-#include "bench/Row.h"
-#include "bench/Run.h"
-#include "bench/Stopwatch.h"
-#include "bench/windows/Host.h"
+#include "testing/bench/LogFolder.h"
+#include "testing/bench/Row.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/Stopwatch.h"
+#include "testing/bench/windows/Host.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "bench/Row.h"
-#include "bench/Run.h"
-#include "bench/Stopwatch.h"
+#include "testing/bench/Row.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/Stopwatch.h"
 #include "tests/acceptance/AgentDll.h"
 
 namespace {

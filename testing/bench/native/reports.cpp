@@ -1,11 +1,11 @@
 // What a light report costs on the caller's thread, beside the platform calls that it is made of.
-#include "bench/Row.h"
-#include "bench/Run.h"
-#include "bench/RunningLogger.h"
-#include "bench/Stopwatch.h"
-#include "bench/native/BareComposition.h"
-#include "bench/native/Sleeper.h"
-#include "bench/native/Stage.h"
+#include "testing/bench/Row.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/RunningLogger.h"
+#include "testing/bench/Stopwatch.h"
+#include "testing/bench/native/BareComposition.h"
+#include "testing/bench/native/Sleeper.h"
+#include "testing/bench/native/Stage.h"
 #include "touchpad/LedReport.h"
 
 namespace {

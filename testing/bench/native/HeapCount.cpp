@@ -1,4 +1,4 @@
-#include "bench/native/HeapCount.h"
+#include "testing/bench/native/HeapCount.h"
 
 #include <atomic>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // The agent's scan of the machine as it is, in turns with its platform calls alone.
 #pragma once
 
-#include "bench/Row.h"
+#include "testing/bench/Row.h"
 
 namespace bench {
 

@@ -1,11 +1,11 @@
-#include "bench/Run.h"
+#include "testing/bench/Run.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <exception>
 
-#include "bench/TableReporter.h"
+#include "testing/bench/TableReporter.h"
 
 namespace bench {
 

@@ -1,4 +1,4 @@
-#include "bench/native/Stage.h"
+#include "testing/bench/native/Stage.h"
 
 #include <stdexcept>
 

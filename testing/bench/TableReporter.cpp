@@ -1,11 +1,11 @@
-#include "bench/TableReporter.h"
+#include "testing/bench/TableReporter.h"
 
 #include <optional>
 #include <ostream>
 #include <stdexcept>
 #include <string>
 
-#include "bench/Row.h"
+#include "testing/bench/Row.h"
 
 namespace bench {
 namespace {

@@ -1,10 +1,10 @@
 // Heap allocations of the agent's own, the platform's left out. What is handed on has to lie
 // somewhere: a report in the queue or with the kernel, a message with the writer.
-#include "bench/Row.h"
-#include "bench/Run.h"
-#include "bench/RunningLogger.h"
-#include "bench/native/HeapCount.h"
-#include "bench/native/Stage.h"
+#include "testing/bench/Row.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/RunningLogger.h"
+#include "testing/bench/native/HeapCount.h"
+#include "testing/bench/native/Stage.h"
 #include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <stdexcept>
 
-#include "bench/Stopwatch.h"
-#include "bench/windows/Host.h"
+#include "testing/bench/Stopwatch.h"
+#include "testing/bench/windows/Host.h"
 
 namespace bench {
 namespace {

@@ -1,8 +1,8 @@
 #include <mutex>
 #include <stdexcept>
 
-#include "bench/Stopwatch.h"
-#include "bench/windows/Host.h"
+#include "testing/bench/Stopwatch.h"
+#include "testing/bench/windows/Host.h"
 
 namespace bench {
 namespace {

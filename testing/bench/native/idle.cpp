@@ -10,10 +10,10 @@
 
 #include <unistd.h>
 
-#include "bench/Row.h"
-#include "bench/Run.h"
-#include "bench/RunningLogger.h"
-#include "bench/native/Stage.h"
+#include "testing/bench/Row.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/RunningLogger.h"
+#include "testing/bench/native/Stage.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 // leave behind.
 #include <malloc.h>
 
-#include "bench/Row.h"
-#include "bench/Run.h"
-#include "bench/Stopwatch.h"
-#include "bench/native/Stage.h"
+#include "testing/bench/Row.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/Stopwatch.h"
+#include "testing/bench/native/Stage.h"
 #include "hid/HIDDiscovery.h"
 
 namespace {

@@ -2,10 +2,10 @@
 // last.
 #include <stdexcept>
 
-#include "bench/BareScan.h"
-#include "bench/Run.h"
-#include "bench/ScanInTurns.h"
-#include "bench/native/Stage.h"
+#include "testing/bench/BareScan.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/ScanInTurns.h"
+#include "testing/bench/native/Stage.h"
 #include "hid/HIDDiscovery.h"
 
 namespace {

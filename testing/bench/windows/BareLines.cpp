@@ -1,4 +1,4 @@
-#include "bench/BareLines.h"
+#include "testing/bench/BareLines.h"
 
 #include <windows.h>
 

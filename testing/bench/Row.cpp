@@ -1,4 +1,4 @@
-#include "bench/Row.h"
+#include "testing/bench/Row.h"
 
 #include <exception>
 

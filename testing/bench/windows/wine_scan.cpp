@@ -1,7 +1,7 @@
 // A scan of this machine as it is, with the virtual touchpad. The vendor file is left out: it lies
 // beside the DLL, and these objects of it are in a program.
-#include "bench/Run.h"
-#include "bench/ScanInTurns.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/ScanInTurns.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 int main(int argc, char** argv) {

@@ -1,14 +1,14 @@
-#include "bench/LinesToFile.h"
+#include "testing/bench/LinesToFile.h"
 
 #include <fstream>
 #include <future>
 #include <stdexcept>
 #include <vector>
 
-#include "bench/BareLines.h"
-#include "bench/LogFolder.h"
-#include "bench/Row.h"
-#include "bench/Stopwatch.h"
+#include "testing/bench/BareLines.h"
+#include "testing/bench/LogFolder.h"
+#include "testing/bench/Row.h"
+#include "testing/bench/Stopwatch.h"
 #include "log/ILog.h"
 
 namespace bench {

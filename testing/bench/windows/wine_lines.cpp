@@ -1,6 +1,6 @@
 // The logger as it is in the DLL, whose exports take no lines from a host.
-#include "bench/LinesToFile.h"
-#include "bench/Run.h"
+#include "testing/bench/LinesToFile.h"
+#include "testing/bench/Run.h"
 
 int main(int argc, char** argv) {
     // Fewer than natively: opening a file takes a round trip to Wine's server.

@@ -1,7 +1,7 @@
 // The agent's logger, writing to a folder of its own while this lives.
 #pragma once
 
-#include "bench/LogFolder.h"
+#include "testing/bench/LogFolder.h"
 #include "log/ILog.h"
 
 namespace bench {

@@ -1,4 +1,4 @@
-#include "bench/LogFolder.h"
+#include "testing/bench/LogFolder.h"
 
 #include <random>
 #include <system_error>

@@ -7,11 +7,11 @@
 #include <thread>
 #include <vector>
 
-#include "bench/LinesToFile.h"
-#include "bench/RunningLogger.h"
-#include "bench/Row.h"
-#include "bench/Run.h"
-#include "bench/Stopwatch.h"
+#include "testing/bench/LinesToFile.h"
+#include "testing/bench/RunningLogger.h"
+#include "testing/bench/Row.h"
+#include "testing/bench/Run.h"
+#include "testing/bench/Stopwatch.h"
 
 namespace {
 
