@@ -25,8 +25,8 @@ install(FILES include/VelaAgent.h include/VelaAgent.hpp ${VELA_VERSION_HEADER} D
 # From which other toolchains make their import libraries.
 install(FILES interface/VelaAgent.def DESTINATION lib)
 # Not beside the DLL: there it would take effect.
-install(FILES share/Vela.ini DESTINATION share/VelaAgent)
-install(FILES share/README.md docs/processes-and-users.md docs/troubleshooting.md examples/host/host.c
+install(FILES packaging/Vela.ini DESTINATION share/VelaAgent)
+install(FILES packaging/README.md docs/processes-and-users.md docs/troubleshooting.md examples/host/host.c
   DESTINATION share/doc/VelaAgent)
 
 set(CPACK_GENERATOR ZIP)
