@@ -7,7 +7,7 @@
 #include "testing/fuzz/FuzzSessions.h"
 #include "testing/fuzz/LogFolder.h"
 #include "include/VelaAgent.h"
-#include "tests/support/HostCallbacks.h"
+#include "testing/kit/HostCallbacks.h"
 
 namespace fuzz {
 namespace {

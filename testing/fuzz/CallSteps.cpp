@@ -2,7 +2,7 @@
 // meanwhile.
 #include "testing/fuzz/CallStage.h"
 #include "include/VelaAgent.h"
-#include "tests/support/HostCallbacks.h"
+#include "testing/kit/HostCallbacks.h"
 
 namespace fuzz {
 namespace {

@@ -5,7 +5,7 @@
 #include "testing/fuzz/InputLayouts.h"
 #include "testing/fuzz/SessionModel.h"
 #include "include/VelaAgent.h"
-#include "tests/support/HostCallbacks.h"
+#include "testing/kit/HostCallbacks.h"
 
 namespace {
 

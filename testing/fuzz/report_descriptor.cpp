@@ -6,7 +6,7 @@
 #include "testing/fuzz/FuzzDevice.h"
 #include "testing/fuzz/FuzzInput.h"
 #include "include/VelaAgent.h"
-#include "tests/support/HostCallbacks.h"
+#include "testing/kit/HostCallbacks.h"
 
 namespace {
 

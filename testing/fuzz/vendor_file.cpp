@@ -13,7 +13,7 @@
 #include "testing/fuzz/VendorFileModel.h"
 #include "include/VelaAgent.h"
 #include "interface/Singletons.h"
-#include "tests/support/LibraryFolder.h"
+#include "testing/kit/LibraryFolder.h"
 
 namespace {
 

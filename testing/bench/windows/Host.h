@@ -9,7 +9,7 @@
 #include <windows.h>
 
 #include "platform/SlimMutex.h"
-#include "tests/acceptance/AgentDll.h"
+#include "testing/acceptance/AgentDll.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 
 namespace bench {

@@ -7,7 +7,7 @@
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
-#include "tests/acceptance/AgentDll.h"
+#include "testing/acceptance/AgentDll.h"
 
 namespace {
 

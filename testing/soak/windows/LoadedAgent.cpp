@@ -1,5 +1,5 @@
 #include "testing/soak/Agent.h"
-#include "tests/acceptance/AgentDll.h"
+#include "testing/acceptance/AgentDll.h"
 
 namespace soak {
 

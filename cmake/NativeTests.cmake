@@ -1,0 +1,20 @@
+# vela_native_tests(NAME FOLDER): NAME_tests, a program of a folder's files *_test.cpp. Every test runs
+# in a process of its own, as the library's singletons and the product string of a session live as long
+# as the process. Suites named "Slow..." really wait.
+function(vela_native_tests name folder)
+  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*_test.cpp ${folder}/*/*_test.cpp)
+  set(program ${name}_tests)
+  add_executable(${program} ${sources})
+  target_link_libraries(${program} PRIVATE test_support GTest::gtest_main vela_warnings)
+  target_precompile_headers(${program} REUSE_FROM test_support)
+  if(VELA_SANITIZERS AND name MATCHES "^(simulator|hid|haptic|log)$")
+    # These start no session, or end what they start. With a sanitizer a process costs more than a test.
+    add_test(NAME ${name} COMMAND ${program} --gtest_filter=-Slow* --gtest_brief=1)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+    return()
+  endif()
+  gtest_discover_tests(${program} TEST_FILTER "-Slow*" TEST_LIST ${name}_quick NO_PRETTY_VALUES
+    DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 60)
+  gtest_discover_tests(${program} TEST_FILTER "Slow*" TEST_LIST ${name}_slow NO_PRETTY_VALUES
+    DISCOVERY_TIMEOUT 60 PROPERTIES LABELS slow TIMEOUT 180)
+endfunction()

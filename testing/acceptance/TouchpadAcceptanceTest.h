@@ -1,0 +1,59 @@
+// The stage of the acceptance tests: the built DLL as a host loads it, and a virtual touchpad.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "testing/acceptance/AgentDll.h"
+#include "testing/acceptance/AgentLogFile.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
+
+namespace acceptance {
+
+using virtual_touchpad::Lights;
+using virtual_touchpad::TouchpadControl;
+using virtual_touchpad::TouchpadLayout;
+
+constexpr std::chrono::seconds kPatience{10};
+
+// What the host's callbacks were told: "press 0 1", "status 3".
+std::vector<std::string> CallbackCalls();
+// True once there were `count` of them in all.
+bool WaitForCallbackCalls(std::size_t count);
+
+class TouchpadAcceptanceTest : public testing::Test {
+ protected:
+    // Nothing is plugged in at first.
+    TouchpadAcceptanceTest();
+    ~TouchpadAcceptanceTest() override;
+
+    void Plug(const TouchpadLayout& layout = {});
+    void Unplug();
+    TouchpadControl& Touchpad() { return *touchpad_; }
+
+    // Init with both callbacks registered.
+    void Open();
+    // All four buttons enabled and visible, the feature on, activated with `activation`.
+    void LightAll(std::uint32_t activation = VELA_ACTIVE);
+
+    // Plugged in, open, and all four buttons lit. To be called within ASSERT_NO_FATAL_FAILURE.
+    void OpenLit(const TouchpadLayout& layout = {});
+
+    // True once the touchpad's lights are as wanted.
+    bool WaitForLights(const std::function<bool(const Lights&)>& wanted);
+
+    AgentDll agent_;
+    LogFolder log_;
+
+ private:
+    std::unique_ptr<TouchpadControl> touchpad_;
+};
+
+}  // namespace acceptance

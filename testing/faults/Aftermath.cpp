@@ -1,0 +1,177 @@
+#include "testing/faults/Aftermath.h"
+
+#include <algorithm>
+#include <thread>
+
+#include "include/VelaAgent.h"
+#include "testing/faults/HostLog.h"
+#include "testing/faults/IdleThreads.h"
+
+namespace faults {
+namespace {
+
+using simulator::Machine;
+
+// Beside the run's own.
+std::filesystem::path SecondLogDirectory(const Stage& stage) {
+    return stage.LogDirectory().parent_path() / "second" / "log";
+}
+
+bool StartsWith(const std::string& text, const std::string& start) {
+    return text.compare(0, start.size(), start) == 0;
+}
+
+std::size_t CountMade(const std::vector<WatchedCall>& calls, const std::string& function,
+                      bool failed) {
+    return static_cast<std::size_t>(
+        std::count_if(calls.begin(), calls.end(), [&](const WatchedCall& call) {
+            return call.function == function && call.failed == failed;
+        }));
+}
+
+// Blocks that a scan took; those of the interfaces it turned down are never freed.
+std::size_t PreparsedDataOfScans(const std::vector<WatchedCall>& calls) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < calls.size(); ++i) {
+        if (calls[i].function != "HidD_GetPreparsedData" || calls[i].failed) continue;
+        const WatchedCall* const before = Neighbour(calls, i, -1);
+        const bool scans = before != nullptr && before->function == "CreateFileW" &&
+                           !before->failed && before->step == calls[i].step;
+        if (scans) ++count;
+    }
+    return count;
+}
+
+bool IsExcused(const std::string& handle, const std::vector<WatchedCall>& calls) {
+    return std::any_of(calls.begin(), calls.end(), [&](const WatchedCall& call) {
+        const bool closes =
+            call.function == "CloseHandle" || call.function == "SetupDiDestroyDeviceInfoList";
+        return closes && call.failed && call.arguments == handle;
+    });
+}
+
+template <typename Number>
+std::string Unless(Number seen, Number expected, const std::string& what) {
+    if (seen == expected) return "";
+    return "  " + std::to_string(seen) + " instead of " + std::to_string(expected) + " " + what +
+           "\n";
+}
+
+std::string Unless(bool good, const std::string& what) { return good ? "" : "  " + what + "\n"; }
+
+// A plug pulled and put back frees the touchpad of a handle that the platform refused to close.
+void FreeTouchpads(Stage& stage) {
+    for (simulator::Device* const touchpad : {&stage.Touchpad(), &stage.HapticTouchpad()}) {
+        touchpad->ReleaseElsewhere();
+        touchpad->SetWriteBehaviour(simulator::WriteBehaviour::Pend);
+        touchpad->Unplug();
+        touchpad->PlugIn();
+    }
+}
+
+std::string LightTouchpad(simulator::Device& touchpad) {
+    touchpad.ForgetOutputs();
+    std::string problems = Unless(Init() == VELA_INIT_OPEN, "Init does not open the touchpad");
+    SetVelaButtonPressCallback(test_support::OnButtonPress);
+    // A user's gesture outlives the session that it disabled; the touchpad tells when it is over.
+    touchpad.SendInput(test_support::InputReport({}, 0));
+    WaitUntilOthersSleep();
+    EnableFeature(1);
+    Activate(VELA_ACTIVE);
+    for (std::uint32_t button = 0; button < 4; ++button) {
+        EnableSingleButton(button, 1);
+        SetButtonVisible(button, 1);
+    }
+    SetVelaBrightness(200);
+    WaitUntilOthersSleep();
+    constexpr std::uint8_t kLit = 200;
+    const auto lights = test_support::LightReport({0, kLit, kLit, kLit, 0, kLit}, 0x0F);
+    const auto outputs = touchpad.Outputs();
+    return problems + Unless(!outputs.empty() && outputs.back() == lights, "the lights stay dark");
+}
+
+std::string PressCamera(simulator::Device& touchpad) {
+    test_support::HostCallbacks::Reset();
+    touchpad.SendInput(test_support::InputReport({0x41}));
+    WaitUntilOthersSleep();
+    const std::vector<std::string> expected{"press 0 1"};
+    return Unless(test_support::HostCallbacks::Calls() == expected, "a press is not reported");
+}
+
+std::string UseTouchpad(Stage& stage) {
+    simulator::Device& touchpad = stage.Touchpad();
+    std::string problems = LightTouchpad(touchpad);
+    problems += PressCamera(touchpad);
+    problems += Unless(SetClickMode(1, 77) == 1 && GetClickMode() == 1, "the click mode is lost");
+    problems += Unless(UnInit() == 1, "UnInit finds no session");
+    return problems + Unless(IsVelaPresent() == 1, "the touchpad is not present");
+}
+
+std::string UseHapticTouchpad() {
+    std::string problems = Unless(InitHapticTP() == 1, "InitHapticTP does not open the touchpad");
+    problems += Unless(SetHapticTPIntensityLevel(33) == 1, "the intensity cannot be set");
+    problems += Unless(GetHapticTPIntensityLevel(), 33U, "is the intensity");
+    return problems + Unless(UnInitHapticTP() == 1, "UnInitHapticTP finds no session");
+}
+
+}  // namespace
+
+std::string Leftovers(Stage& stage) {
+    const Machine& machine = Machine::Get();
+    const std::vector<WatchedCall> calls = stage.Watch().Calls();
+    std::string problems;
+    std::size_t events = 0;
+    for (const std::string& handle : machine.OpenHandles()) {
+        if (StartsWith(handle, "event#")) ++events;
+        // A mutex that exists is opened, and its handle kept on purpose.
+        const bool kept = StartsWith(handle, "event#") || StartsWith(handle, "mutex#");
+        problems += Unless(kept || IsExcused(handle, calls), handle + " is still open");
+    }
+    problems += Unless(events, CountMade(calls, "CreateEventW", false), "events are open");
+
+    const std::vector<std::string> lines = stage.Events();
+    const auto found = static_cast<std::size_t>(
+        std::count_if(lines.begin(), lines.end(), [](const std::string& line) {
+            return line.find("} GetHIDInformation PID") != std::string::npos;
+        }));
+    problems += Unless(
+        stage.PreparsedDataInUse(),
+        PreparsedDataOfScans(calls) - found + CountMade(calls, "HidD_FreePreparsedData", true),
+        "blocks of preparsed data in use");
+    problems += Unless(stage.GlobalMemoryInUse(), CountMade(calls, "GlobalFree", true),
+                       "blocks of global memory in use");
+    for (const std::string& misuse : machine.Misuse()) problems += "  misuse: " + misuse + "\n";
+    return problems;
+}
+
+std::string Reopen(Stage& stage) {
+    stage.Watch().Stop();
+    FreeTouchpads(stage);
+    const std::filesystem::path directory = SecondLogDirectory(stage);
+    std::filesystem::create_directories(directory);
+    std::string problems;
+    std::thread host([&] {
+        InitLogger(directory.wstring().c_str());
+        problems += UseTouchpad(stage);
+        problems += UseHapticTouchpad();
+        WaitUntilOthersSleep();
+        UnInitLogger();
+    });
+    host.join();
+    for (const std::string& line : LoggedLines(directory)) {
+        const bool trouble = StartsWith(line, "{ERROR") || StartsWith(line, "{WARNING");
+        problems += Unless(!trouble, "logged afterwards: " + line);
+    }
+    return problems;
+}
+
+bool HeartbeatWasStarted(const Stage& stage) {
+    constexpr const char* kCreated = "{INFO @ HeartbeatThread} HeartbeatThread created.";
+    for (const auto& directory : {stage.LogDirectory(), SecondLogDirectory(stage)}) {
+        const std::vector<std::string> lines = LoggedLines(directory);
+        if (std::count(lines.begin(), lines.end(), kCreated) != 0) return true;
+    }
+    return false;
+}
+
+}  // namespace faults

@@ -1,0 +1,149 @@
+// A whole script for a host and its touchpad, run once for each of its platform calls and for each
+// way in which that call can fail. After every run the log says exactly what the failure was,
+// nothing is left behind, and the next session works.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+#include <sstream>
+
+#include "testing/faults/Aftermath.h"
+#include "testing/faults/ChildProcess.h"
+#include "testing/faults/Effort.h"
+#include "testing/faults/Outcome.h"
+#include "testing/faults/PlausibleFaults.h"
+#include "testing/kit/AgentLog.h"
+
+namespace faults {
+namespace {
+
+using simulator::Fault;
+
+// What a run without any failure makes the platform and the host see.
+struct CleanRun {
+    std::vector<WatchedCall> calls;
+    std::vector<std::string> events;
+};
+
+constexpr const char* kEndOfCalls = "-\n";
+
+std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+// The calls of a script are shared among several tests, which may run side by side.
+struct Part {
+    const Script* script;
+    std::size_t number;
+};
+
+void PrintTo(const Part& part, std::ostream* out) { *out << part.script->name << part.number; }
+
+// At least one for every call that can fail.
+std::vector<Fault> FaultsToTry(const WatchedCall& call, std::size_t number) {
+    const std::vector<Fault> all = PlausibleFaults(call);
+    std::vector<Fault> chosen;
+    if (all.empty()) return chosen;
+    const std::size_t first = number % kEffort.oneFaultIn % all.size();
+    for (std::size_t i = first; i < all.size(); i += kEffort.oneFaultIn) chosen.push_back(all[i]);
+    return chosen;
+}
+
+class FaultAtEveryCall : public testing::TestWithParam<Part> {
+ protected:
+    FaultAtEveryCall() : folder_(test_support::MakeTemporaryFolder()) {}
+    ~FaultAtEveryCall() override { std::filesystem::remove_all(folder_.parent_path()); }
+
+    static const Script& TheScript() { return *GetParam().script; }
+
+    CleanRun RunClean() const {
+        const ChildEnd end = RunInChild([this] {
+            Stage stage(TheScript().layout, TheScript().subject, folder_,
+                        [](const WatchedCall&) { return std::nullopt; });
+            stage.Play(TheScript().steps);
+            std::string events;
+            for (const std::string& event : stage.Events()) events += event + "\n";
+            return ToText(stage.Watch().Calls()) + kEndOfCalls + events;
+        });
+        const std::size_t calls = end.said.find(std::string("\n") + kEndOfCalls) + 1;
+        return {CallsFromText(end.said.substr(0, calls)),
+                Lines(end.said.substr(calls + std::string(kEndOfCalls).size()))};
+    }
+
+    void RunFailing(const CleanRun& clean, std::size_t index, const Fault& fault) const {
+        const WatchedCall& chosen = clean.calls[index];
+        const ChildEnd end = RunInChild([&] {
+            Stage stage(TheScript().layout, TheScript().subject, folder_,
+                        [&](const WatchedCall& call) -> std::optional<Fault> {
+                            if (call.Site() == chosen.Site()) return fault;
+                            return std::nullopt;
+                        });
+            stage.Play(TheScript().steps);
+            const std::vector<WatchedCall> calls = stage.Watch().Calls();
+            const bool failed = std::any_of(calls.begin(), calls.end(),
+                                            [](const WatchedCall& call) { return call.failed; });
+            std::string problems = failed ? "" : "  the call was not made\n";
+            problems += Compare(stage.Events(), clean.events, OutcomeOf(clean.calls, index, fault));
+            problems += Leftovers(stage);
+            problems += Reopen(stage);
+            return (HeartbeatWasStarted(stage) ? "terminate\n" : "normal\n") + problems;
+        });
+        EXPECT_EQ(end.said, end.end + "\n")
+            << TheScript().name << ", " << chosen.Text() << ": " << ToText(fault);
+    }
+
+    // Indices of the calls that are to fail. Ordered by site, which every process sees alike.
+    static std::vector<std::size_t> CallsToFail(const CleanRun& clean) {
+        const auto& steps = TheScript().steps;
+        const auto position = [&steps](const std::string& name) {
+            return std::find_if(steps.begin(), steps.end(),
+                                [&name](const Step& step) { return step.name == name; });
+        };
+        std::vector<std::size_t> indices;
+        for (std::size_t i = 0; i < clean.calls.size(); ++i) {
+            const bool late =
+                position(clean.calls[i].step) >= position(TheScript().firstStepToFail);
+            if (late) indices.push_back(i);
+        }
+        std::sort(indices.begin(), indices.end(), [&clean](std::size_t a, std::size_t b) {
+            return clean.calls[a].Site() < clean.calls[b].Site();
+        });
+        return indices;
+    }
+
+    const std::filesystem::path folder_;
+};
+
+TEST_P(FaultAtEveryCall, IsLoggedLeavesNothingBehindAndIsOverWithTheSession) {
+    const CleanRun clean = RunClean();
+    const std::vector<std::size_t> indices = CallsToFail(clean);
+    EXPECT_GE(indices.size(), TheScript().leastCalls);
+    std::size_t calls = 0;
+    std::size_t runs = 0;
+    for (std::size_t i = GetParam().number; i < indices.size(); i += TheScript().parts) {
+        ++calls;
+        for (const Fault& fault : FaultsToTry(clean.calls[indices[i]], i)) {
+            RunFailing(clean, indices[i], fault);
+            ++runs;
+        }
+    }
+    std::cout << TheScript().name << ": " << calls << " of " << indices.size() << " calls, " << runs
+              << " runs\n";
+}
+
+std::vector<Part> Parts() {
+    std::vector<Part> parts;
+    for (const Script& script : AllScripts()) {
+        for (std::size_t i = 0; i < script.parts; ++i) parts.push_back({&script, i});
+    }
+    return parts;
+}
+
+INSTANTIATE_TEST_SUITE_P(Scripts, FaultAtEveryCall, testing::ValuesIn(Parts()),
+                         testing::PrintToStringParamName());
+
+}  // namespace
+}  // namespace faults

@@ -1,0 +1,230 @@
+#include "testing/faults/Script.h"
+
+#include "include/VelaAgent.h"
+#include "testing/faults/Stage.h"
+
+namespace faults {
+namespace {
+
+constexpr const wchar_t* kDetachable = L"Vela Detachable Touchpad";
+
+constexpr std::uint16_t kSync = 0x40;
+constexpr std::uint16_t kCamera = 0x41;
+constexpr std::uint16_t kChat = 0x43;
+constexpr std::uint16_t kMicrophone = 0x44;
+constexpr std::uint16_t kGesture = 0x45;
+constexpr std::uint16_t kEnabled = 0x46;
+constexpr std::uint16_t kDisabled = 0x47;
+
+Step Input(const std::string& name, const std::vector<std::uint16_t>& usages,
+           std::uint8_t firmwareState = 0) {
+    return {name, [usages, firmwareState](Stage& stage) {
+                stage.Touchpad().SendInput(test_support::InputReport(usages, firmwareState));
+                return 0;
+            }};
+}
+
+Step Brightness(const std::string& name, std::uint32_t level) {
+    return {name, [level](Stage&) {
+                SetVelaBrightness(level);
+                return GetVelaBrightness();
+            }};
+}
+
+Step ShowButton(const std::string& name, std::uint32_t button) {
+    return {name, [button](Stage&) {
+                return EnableSingleButton(button, 1) + SetButtonVisible(button, 1);
+            }};
+}
+
+const Step kInitLogger{"InitLogger", [](Stage& stage) {
+                           InitLogger(stage.LogDirectory().wstring().c_str());
+                           return 0;
+                       }};
+const Step kUnInitLogger{"UnInitLogger", [](Stage&) {
+                             UnInitLogger();
+                             return 0;
+                         }};
+const Step kSetCallbacks{"set callbacks", [](Stage&) {
+                             SetVelaButtonPressCallback(test_support::OnButtonPress);
+                             SetVelaStatusChangeCallback(test_support::OnStatusChange);
+                             return 0;
+                         }};
+const Step kIsVelaPresent{"IsVelaPresent", [](Stage&) { return IsVelaPresent(); }};
+const Step kInit{"Init", [](Stage&) { return Init(); }};
+const Step kInitAgain{"Init again", [](Stage&) { return Init(); }};
+const Step kIsDetachable{"IsDetachable", [](Stage&) { return IsDetachable(); }};
+const Step kActivate{"Activate(0)", [](Stage&) { return Activate(0); }};
+const Step kEnableFeature{"EnableFeature(1)", [](Stage&) { return EnableFeature(1); }};
+const Step kGetClickMode{"GetClickMode", [](Stage&) { return GetClickMode(); }};
+const Step kSetClickMode{"SetClickMode(1, 300)", [](Stage&) { return SetClickMode(1, 300); }};
+const Step kIsVelaPresentWhileOpen{"IsVelaPresent while open",
+                                   [](Stage&) { return IsVelaPresent(); }};
+const Step kSetButtonLight{"SetButtonLight(0, 1)", [](Stage&) { return SetButtonLight(0, 1); }};
+const Step kBrightnessWhileDisabled = Brightness("SetVelaBrightness(7) while disabled", 7);
+const Step kUnInit{"UnInit", [](Stage&) { return UnInit(); }};
+
+Script Meeting() {
+    Script script;
+    script.name = "Meeting";
+    script.steps = {
+        kInitLogger,
+        kIsVelaPresent,
+        kInit,
+        kInitAgain,
+        kSetCallbacks,
+        kIsDetachable,
+        kActivate,
+        kEnableFeature,
+        ShowButton("show camera", 0),
+        ShowButton("show chat", 2),
+        ShowButton("show microphone", 1),
+        ShowButton("show share screen", 3),
+        kSetButtonLight,
+        {"SetButtonLight(7, 1)", [](Stage&) { return SetButtonLight(7, 1); }},
+        Input("camera pressed", {kCamera}),
+        Input("chat pressed", {kChat}),
+        {"EnableChatBreathing(1)", [](Stage&) { return EnableChatBreathing(1); }},
+        {"SetButtonBreathing(2, 1)", [](Stage&) { return SetButtonBreathing(2, 1); }},
+        Brightness("SetVelaBrightness(9)", 9),
+        {"SetButtonBreathing(2, 0)", [](Stage&) { return SetButtonBreathing(2, 0); }},
+        Input("gesture", {kGesture}),
+        kBrightnessWhileDisabled,
+        Input("sync", {kSync}),
+        Input("disabled", {kDisabled}),
+        Input("enabled", {kEnabled}),
+        Input("firmware state with flags", {}, 0xA0),
+        Input("firmware state without flags", {}, 0),
+        kSetClickMode,
+        kGetClickMode,
+        {"SetClickMode(0, 300)", [](Stage&) { return SetClickMode(0, 300); }},
+        {"GetClickMode of mode 0", [](Stage&) { return GetClickMode(); }},
+        {"SetClickMode(7, 5)", [](Stage&) { return SetClickMode(7, 5); }},
+        {"UpdateVelaState", [](Stage&) { return UpdateVelaState(); }},
+        {"questions",
+         [](Stage&) {
+             return IsFeatureEnabled() + IsActivated() + IsSingleButtonEnabled(0) +
+                    IsChatBreathingEnabled() + IsSupportBiDirectionSwipe();
+         }},
+        kIsVelaPresentWhileOpen,
+        {"Activate(5)", [](Stage&) { return Activate(5); }},
+        {"Activate(1)", [](Stage&) { return Activate(1); }},
+        Input("microphone pressed", {kMicrophone}),
+        {"Activate(4)", [](Stage&) { return Activate(4); }},
+        {"EnableFeature(0)", [](Stage&) { return EnableFeature(0); }},
+        kUnInit,
+        kUnInitLogger,
+    };
+    script.firstStepToFail = script.steps.front().name;
+    script.leastCalls = 500;
+    script.parts = 36;
+    return script;
+}
+
+Script DetachableMeeting() {
+    Script script;
+    script.name = "DetachableMeeting";
+    script.layout.productString = kDetachable;
+    script.steps = {
+        kInitLogger,
+        kIsVelaPresent,
+        kInit,
+        kInitAgain,
+        kSetCallbacks,
+        kIsDetachable,
+        kActivate,
+        kEnableFeature,
+        ShowButton("show chat", 2),
+        {"EnableChatBreathing(1)", [](Stage&) { return EnableChatBreathing(1); }},
+        {"SetButtonBreathing(2, 1)", [](Stage&) { return SetButtonBreathing(2, 1); }},
+        Input("gesture", {kGesture}),
+        kBrightnessWhileDisabled,
+        Input("sync", {kSync}),
+        kSetClickMode,
+        kGetClickMode,
+        {"UpdateVelaState", [](Stage&) { return UpdateVelaState(); }},
+        kIsVelaPresentWhileOpen,
+        {"Activate(5)", [](Stage&) { return Activate(5); }},
+        {"Activate(1)", [](Stage&) { return Activate(1); }},
+        {"Activate(4)", [](Stage&) { return Activate(4); }},
+        kUnInit,
+        kUnInitLogger,
+    };
+    script.firstStepToFail = kIsDetachable.name;
+    script.leastCalls = 250;
+    script.parts = 18;
+    return script;
+}
+
+Script Unplugging(const std::string& name, const std::wstring& productString) {
+    Script script;
+    script.name = name;
+    script.layout.productString = productString;
+    script.steps = {
+        kInitLogger,
+        kIsVelaPresent,
+        kInit,
+        kSetCallbacks,
+        kActivate,
+        kEnableFeature,
+        ShowButton("show camera", 0),
+        {"unplug",
+         [](Stage& stage) {
+             stage.Touchpad().Unplug();
+             return 0;
+         }},
+        kSetButtonLight,
+        kGetClickMode,
+        kSetClickMode,
+        kIsVelaPresentWhileOpen,
+        {"Init without a touchpad", [](Stage&) { return Init(); }},
+        kUnInit,
+        {"plug in",
+         [](Stage& stage) {
+             stage.Touchpad().PlugIn();
+             return 0;
+         }},
+        kUnInitLogger,
+    };
+    script.firstStepToFail = "unplug";
+    script.leastCalls = 40;
+    script.parts = 4;
+    return script;
+}
+
+Script HapticSession() {
+    Script script;
+    script.name = "HapticSession";
+    script.subject = Script::Subject::HapticTouchpad;
+    script.steps = {
+        kInitLogger,
+        {"IsHapticTPPresent", [](Stage&) { return IsHapticTPPresent(); }},
+        {"InitHapticTP", [](Stage&) { return InitHapticTP(); }},
+        {"InitHapticTP again", [](Stage&) { return InitHapticTP(); }},
+        {"GetHapticTPIntensityLevel", [](Stage&) { return GetHapticTPIntensityLevel(); }},
+        {"SetHapticTPIntensityLevel(50)", [](Stage&) { return SetHapticTPIntensityLevel(50); }},
+        {"GetHapticTPIntensityLevel after the set",
+         [](Stage&) { return GetHapticTPIntensityLevel(); }},
+        {"UnInitHapticTP", [](Stage&) { return UnInitHapticTP(); }},
+        kUnInitLogger,
+    };
+    script.firstStepToFail = script.steps.front().name;
+    script.leastCalls = 80;
+    script.parts = 4;
+    return script;
+}
+
+}  // namespace
+
+const std::vector<Script>& AllScripts() {
+    static const std::vector<Script> scripts{
+        Meeting(),
+        DetachableMeeting(),
+        Unplugging("Unplugging", virtual_touchpad::TouchpadLayout().productString),
+        Unplugging("DetachableUnplugging", kDetachable),
+        HapticSession(),
+    };
+    return scripts;
+}
+
+}  // namespace faults

@@ -1,0 +1,52 @@
+// One run of a script: a machine with a touchpad and a haptic touchpad, a host that keeps a log,
+// and everything that the host could see afterwards.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "testing/faults/CallWatch.h"
+#include "testing/faults/Script.h"
+#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/TouchpadTest.h"
+
+namespace faults {
+
+class Stage {
+ public:
+    // `folder` is emptied, and takes the log. No session is open.
+    Stage(const virtual_touchpad::TouchpadLayout& layout, Script::Subject subject,
+          const std::filesystem::path& folder, CallWatch::Chooser chooser);
+
+    void Do(const Step& step);
+    // Does the steps, and lets the agent finish after each.
+    void Play(const std::vector<Step>& steps);
+
+    simulator::Device& Touchpad() { return *touchpad_; }
+    simulator::Device& HapticTouchpad() { return *hapticTouchpad_; }
+    const std::filesystem::path& LogDirectory() const { return logDirectory_; }
+    CallWatch& Watch() { return *watch_; }
+
+    // Blocks that this process has taken since the run began, and not freed.
+    std::size_t PreparsedDataInUse() const;
+    std::size_t GlobalMemoryInUse() const;
+
+    // "Init -> 1", "press 0 1", "{ERROR @ Function} text", in a sorted list: results, callbacks and
+    // log of the steps so far.
+    std::vector<std::string> Events() const;
+
+ private:
+    std::filesystem::path logDirectory_;
+    std::size_t oldPreparsedData_ = 0;
+    std::size_t oldGlobalMemory_ = 0;
+    std::optional<test_support::LibraryFolder> library_;
+    std::shared_ptr<simulator::Device> touchpad_;
+    std::shared_ptr<simulator::Device> hapticTouchpad_;
+    std::unique_ptr<CallWatch> watch_;
+    std::vector<std::string> results_;
+};
+
+}  // namespace faults

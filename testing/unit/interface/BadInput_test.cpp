@@ -1,0 +1,120 @@
+// Arguments that no button, level or mode stands behind, and a touchpad that is gone.
+#include "testing/kit/ExportsTest.h"
+#include "testing/kit/WrittenReports.h"
+
+namespace {
+
+using test_support::Bytes;
+using test_support::DetachableLayout;
+using test_support::ExportsTest;
+using test_support::LightReport;
+using test_support::WrittenReports;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Bytes AllLit() { return LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F); }
+
+// --- button ids ----------------------------------------------------------------------------------
+
+class UnknownButton : public ExportsTest, public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(UnknownButton, IsAcceptedAndDrivesNoLight) {
+    OpenAndLight();
+    EXPECT_EQ(EnableSingleButton(GetParam(), 1), 1);
+    EXPECT_EQ(SetButtonVisible(GetParam(), 1), 1);
+    EXPECT_EQ(SetButtonLight(GetParam(), 1), 1);
+    EXPECT_THAT(WrittenReports(session_, *device_), IsEmpty());
+    EXPECT_EQ(SetButtonBreathing(GetParam(), 1), 1);
+    EXPECT_THAT(WrittenReports(session_, *device_), ElementsAre(AllLit()));
+    const std::string id = std::to_string(static_cast<std::int32_t>(GetParam()));
+    EXPECT_THAT(LogOf("EnableButton"),
+                Contains("INFO EnableButton: EnableButton button(" + id + "), enable(1)"));
+}
+
+TEST_P(UnknownButton, NeverReadsAsEnabled) {
+    Open();
+    EXPECT_EQ(IsSingleButtonEnabled(GetParam()), 0);
+    EXPECT_EQ(EnableSingleButton(GetParam(), 1), 1);
+    EXPECT_EQ(IsSingleButtonEnabled(GetParam()), 0);
+    EXPECT_TRUE(session_.EnableButtonBreathing(GetParam(), true));
+    EXPECT_FALSE(session_.IsButtonBreathingEnabled(GetParam()));
+}
+
+TEST_P(UnknownButton, MayBeAskedForWithoutASession) {
+    EXPECT_EQ(IsSingleButtonEnabled(GetParam()), 0);
+    EXPECT_EQ(EnableSingleButton(GetParam(), 1), 0);
+    EXPECT_THAT(machine_.CallTexts(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Ids, UnknownButton,
+                         testing::Values(4U, 7U, 0x100U, 0x80000000U, 0xFFFFFFFFU));
+
+using UnknownButtons = ExportsTest;
+
+TEST_F(UnknownButtons, ByTheThousandDoNotDisturbTheKnownOnes) {
+    OpenAndLight();
+    for (std::uint32_t id = 4; id < 5000; ++id) {
+        ASSERT_EQ(IsSingleButtonEnabled(id), 0);
+    }
+    SetButtonLight(0, 1);
+    EXPECT_THAT(WrittenReports(session_, *device_),
+                ElementsAre(LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F)));
+}
+
+// --- a touchpad that is gone ---------------------------------------------------------------------
+
+class VanishedTouchpad : public ExportsTest, public testing::WithParamInterface<bool> {
+ protected:
+    // A fixed touchpad, whose absence only its failing calls tell, or one that is probed.
+    void OpenAndUnplug() {
+        ASSERT_NO_FATAL_FAILURE(
+            Open(GetParam() ? DetachableLayout() : test_support::TouchpadLayout{}));
+        ASSERT_EQ(IsDetachable(), GetParam() ? 1 : 0);
+        ASSERT_TRUE(device_->WaitForPendingReads());
+        device_->Unplug();
+        device_->ForgetOutputs();
+    }
+};
+
+TEST_P(VanishedTouchpad, LeavesEveryExportAnswering) {
+    OpenAndUnplug();
+    EXPECT_EQ(EnableFeature(1), 1);
+    EXPECT_EQ(IsFeatureEnabled(), 1);
+    EXPECT_EQ(Activate(5), 1);
+    EXPECT_EQ(EnableSingleButton(0, 1), 1);
+    EXPECT_EQ(IsSingleButtonEnabled(0), 1);
+    EXPECT_EQ(EnableChatBreathing(1), 1);
+    EXPECT_EQ(SetButtonVisible(0, 1), 1);
+    EXPECT_EQ(SetButtonLight(0, 1), 1);
+    EXPECT_EQ(SetButtonBreathing(2, 1), 1);
+    SetVelaBrightness(9);
+    EXPECT_EQ(GetVelaBrightness(), 9U);
+    EXPECT_EQ(SetClickMode(1, 300), 0);
+    EXPECT_EQ(GetClickMode(), 0U);
+    EXPECT_EQ(UpdateVelaState(), 1);
+    EXPECT_EQ(IsSupportBiDirectionSwipe(), 1);
+    EXPECT_EQ(IsVelaPresent(), GetParam() ? 0 : 1);
+    EXPECT_EQ(Init(), VELA_INIT_NOT_FOUND);
+    EXPECT_EQ(UnInit(), 1);
+    EXPECT_THAT(device_->Outputs(), IsEmpty());
+    EXPECT_EQ(IsVelaPresent(), 0);
+    EXPECT_THAT(machine_.Misuse(), IsEmpty());
+}
+
+TEST_P(VanishedTouchpad, IsOpenedAnewWhenItComesBack) {
+    OpenAndUnplug();
+    EXPECT_EQ(UnInit(), 1);
+    device_->PlugIn();
+    EXPECT_EQ(Init(), 1);
+    EXPECT_EQ(EnableFeature(1), 1);
+    EXPECT_TRUE(device_->WaitForOutputs(1));
+    EXPECT_EQ(IsVelaPresent(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Touchpads, VanishedTouchpad, testing::Bool(),
+                         [](const testing::TestParamInfo<bool>& test) {
+                             return test.param ? "Detachable" : "Fixed";
+                         });
+
+}  // namespace

@@ -1,0 +1,170 @@
+// The buttons' flags, as the host sets and asks for them.
+#include "testing/kit/ExportsTest.h"
+#include "testing/kit/WrittenReports.h"
+
+namespace {
+
+using test_support::Bytes;
+using test_support::ExportsTest;
+using test_support::LightReport;
+using test_support::WrittenReports;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// All four buttons shown, no light toggled; the chat light's breathing value.
+Bytes AllLit(std::uint8_t breathing = 0) {
+    return LightReport({0, 3, 3, 3, 0, 3, breathing}, 0x0F);
+}
+
+class ButtonExportsTest : public ExportsTest {
+ protected:
+    std::vector<Bytes> Written() { return WrittenReports(session_, *device_); }
+};
+
+// --- each button ---------------------------------------------------------------------------------
+
+struct ButtonCase {
+    std::uint32_t id;
+    Bytes hidden;   // all shown but this one
+    Bytes toggled;  // all shown, this one's light on
+};
+
+class EachButton : public ButtonExportsTest, public testing::WithParamInterface<ButtonCase> {};
+
+TEST_P(EachButton, IsEnabledAndDisabled) {
+    OpenAndLight();
+    EXPECT_EQ(EnableSingleButton(GetParam().id, 0), 1);
+    EXPECT_EQ(IsSingleButtonEnabled(GetParam().id), 0);
+    EXPECT_EQ(EnableSingleButton(GetParam().id, 1), 1);
+    EXPECT_EQ(IsSingleButtonEnabled(GetParam().id), 1);
+    EXPECT_THAT(Written(), ElementsAre(GetParam().hidden, AllLit()));
+    const std::string id = std::to_string(GetParam().id);
+    EXPECT_THAT(
+        LogOf("EnableButton"),
+        testing::IsSupersetOf({"INFO EnableButton: EnableButton button(" + id + "), enable(0)",
+                               "INFO EnableButton: EnableButton button(" + id + "), enable(1)"}));
+}
+
+TEST_P(EachButton, IsShownAndHidden) {
+    OpenAndLight();
+    EXPECT_EQ(SetButtonVisible(GetParam().id, 0), 1);
+    EXPECT_EQ(IsSingleButtonEnabled(GetParam().id), 1);
+    EXPECT_EQ(SetButtonVisible(GetParam().id, 1), 1);
+    EXPECT_THAT(Written(), ElementsAre(GetParam().hidden, AllLit()));
+    const std::string id = std::to_string(GetParam().id);
+    EXPECT_THAT(LogOf("SetButtonVisible"),
+                testing::IsSupersetOf(
+                    {"INFO SetButtonVisible: SetButtonVisible for BUTTON_ID " + id + " (0)",
+                     "INFO SetButtonVisible: SetButtonVisible for BUTTON_ID " + id + " (1)"}));
+}
+
+TEST_P(EachButton, HasItsLightSet) {
+    OpenAndLight();
+    EXPECT_EQ(SetButtonLight(GetParam().id, 1), 1);
+    EXPECT_EQ(SetButtonLight(GetParam().id, 0), 1);
+    if (GetParam().toggled == AllLit()) {
+        EXPECT_THAT(Written(), IsEmpty());
+    } else {
+        EXPECT_THAT(Written(), ElementsAre(GetParam().toggled, AllLit()));
+    }
+    const std::string id = std::to_string(GetParam().id);
+    EXPECT_THAT(LogOf("SetButtonLight"),
+                ElementsAre("INFO SetButtonLight: SetButtonLight for BUTTON_ID " + id + " (1)",
+                            "INFO SetButtonLight: SetButtonLight for BUTTON_ID " + id + " (0)"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Buttons, EachButton,
+    testing::Values(
+        ButtonCase{VELA_BUTTON_CAMERA, LightReport({0, 0, 3, 3, 0, 3, 0}, 0x0E),
+                   LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F)},
+        ButtonCase{VELA_BUTTON_MICROPHONE, LightReport({0, 3, 3, 3, 0, 0, 0}, 0x07),
+                   LightReport({0, 3, 3, 3, 3, 0, 0}, 0x0F)},
+        ButtonCase{VELA_BUTTON_CHAT, LightReport({0, 3, 3, 0, 0, 3, 0}, 0x0B), AllLit()},
+        ButtonCase{VELA_BUTTON_SHARE_SCREEN, LightReport({0, 3, 0, 3, 0, 3, 0}, 0x0D), AllLit()}));
+
+TEST_F(ButtonExportsTest, AreDisabledAtFirst) {
+    Open();
+    for (std::uint32_t id = 0; id < 4; ++id) EXPECT_EQ(IsSingleButtonEnabled(id), 0);
+    EXPECT_EQ(IsChatBreathingEnabled(), 0);
+}
+
+TEST_F(ButtonExportsTest, AnUnchangedFlagIsNotWrittenAgain) {
+    OpenAndLight();
+    EXPECT_EQ(EnableSingleButton(0, 1), 1);
+    EXPECT_EQ(SetButtonVisible(0, 1), 1);
+    EXPECT_EQ(SetButtonLight(0, 0), 1);
+    EXPECT_EQ(EnableChatBreathing(0), 1);
+    EXPECT_THAT(Written(), IsEmpty());
+}
+
+// --- breathing of the chat light -----------------------------------------------------------------
+
+TEST_F(ButtonExportsTest, ChatBreathingIsAllowedStartedAndStopped) {
+    OpenAndLight();
+    EXPECT_EQ(EnableChatBreathing(1), 1);
+    EXPECT_EQ(IsChatBreathingEnabled(), 1);
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_EQ(SetButtonBreathing(2, 1), 1);
+    EXPECT_EQ(SetButtonLight(3, 1), 1);
+    EXPECT_EQ(SetButtonBreathing(2, 0), 1);
+    EXPECT_THAT(Written(), ElementsAre(AllLit(8), AllLit(15), AllLit(0)));
+    EXPECT_THAT(LogOf("SetButtonBreathing"),
+                ElementsAre("INFO SetButtonBreathing: SetButtonBreathing for BUTTON_ID 2 (1)",
+                            "INFO SetButtonBreathing: SetButtonBreathing for BUTTON_ID 2 (0)"));
+}
+
+TEST_F(ButtonExportsTest, ForbiddingChatBreathingEndsIt) {
+    OpenAndLight();
+    EnableChatBreathing(1);
+    SetButtonBreathing(2, 1);
+    Written();
+    EXPECT_EQ(EnableChatBreathing(0), 1);
+    EXPECT_EQ(IsChatBreathingEnabled(), 0);
+    EXPECT_THAT(
+        LogOf("EnableButtonBreathing"),
+        ElementsAre("INFO EnableButtonBreathing: EnableButtonBreathing button(2), enable(1)",
+                    "INFO EnableButtonBreathing: EnableButtonBreathing button(2), "
+                    "enable(0)"));
+}
+
+TEST_F(ButtonExportsTest, BreathingThatWasNotAllowedIsNotShown) {
+    OpenAndLight();
+    EXPECT_EQ(SetButtonBreathing(2, 1), 1);
+    EXPECT_THAT(Written(), ElementsAre(AllLit(0)));
+}
+
+TEST_F(ButtonExportsTest, BreathingReportsAreWrittenAlthoughUnchanged) {
+    OpenAndLight();
+    SetButtonBreathing(2, 0);
+    SetButtonBreathing(0, 1);
+    EXPECT_THAT(Written(), ElementsAre(AllLit(), AllLit()));
+}
+
+// --- what counts as true -------------------------------------------------------------------------
+
+class TrueArgument : public ButtonExportsTest, public testing::WithParamInterface<VELA_BOOL> {};
+
+TEST_P(TrueArgument, IsAnyOtherNumberThanZero) {
+    Open();
+    EXPECT_EQ(EnableFeature(GetParam()), 1);
+    EXPECT_EQ(IsFeatureEnabled(), 1);
+    EXPECT_EQ(EnableSingleButton(0, GetParam()), 1);
+    EXPECT_EQ(IsSingleButtonEnabled(0), 1);
+    EXPECT_EQ(EnableChatBreathing(GetParam()), 1);
+    EXPECT_EQ(IsChatBreathingEnabled(), 1);
+    EXPECT_EQ(SetButtonVisible(0, GetParam()), 1);
+    EXPECT_EQ(SetButtonLight(0, GetParam()), 1);
+    EXPECT_EQ(SetButtonBreathing(2, GetParam()), 1);
+    EXPECT_EQ(Activate(0), 1);
+    Written();
+    SetButtonVisible(2, 1);
+    SetButtonBreathing(2, GetParam());
+    EnableSingleButton(2, 1);
+    EXPECT_THAT(Written(), testing::Contains(LightReport({3, 0, 0, 3, 0, 0, 8}, 0x05)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Numbers, TrueArgument,
+                         testing::Values(1, 2, 0x100, 0x10000, -1, INT32_MIN));
+
+}  // namespace

@@ -1,0 +1,104 @@
+// The host's two callbacks, as it registers and loses them.
+#include "testing/kit/ExportsTest.h"
+
+namespace {
+
+using test_support::ExportsTest;
+using test_support::HostCallbacks;
+using test_support::InputReport;
+using test_support::OnButtonPress;
+using test_support::OnStatusChange;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint16_t kCameraButton = 0x41;
+constexpr std::uint16_t kGesture = 0x45;
+constexpr std::uint16_t kChatButton = 0x43;
+
+class CallbackExportsTest : public ExportsTest {
+ protected:
+    void Init() {
+        ASSERT_EQ(::Init(), VELA_INIT_OPEN);
+        Activate(VELA_ACTIVE);
+        EnableSingleButton(VELA_BUTTON_CAMERA, 1);
+        EnableSingleButton(VELA_BUTTON_CHAT, 1);
+    }
+    // The touchpad reports, and the session has dealt with it.
+    void Receive(const std::vector<std::uint16_t>& usages) {
+        device_->SendInput(InputReport(usages));
+        WaitUntilRead();
+    }
+
+ private:
+    // Reads are issued one after the other: the next is pending when a report is dealt with.
+    void WaitUntilRead() { ASSERT_TRUE(device_->WaitForPendingReads()); }
+};
+
+TEST_F(CallbackExportsTest, AreCalledOnceRegistered) {
+    Plug();
+    Init();
+    SetVelaButtonPressCallback(OnButtonPress);
+    SetVelaStatusChangeCallback(OnStatusChange);
+    Receive({kCameraButton});
+    Receive({kGesture});
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1", "status 2"));
+    EXPECT_NE(HostCallbacks::LastThread(), std::this_thread::get_id());
+}
+
+TEST_F(CallbackExportsTest, MayBeRegisteredBeforeInit) {
+    SetVelaButtonPressCallback(OnButtonPress);
+    SetVelaStatusChangeCallback(OnStatusChange);
+    Plug();
+    Init();
+    Receive({kChatButton});
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "press 2 1"));
+}
+
+TEST_F(CallbackExportsTest, AreClearedByNull) {
+    Plug();
+    Init();
+    SetVelaButtonPressCallback(OnButtonPress);
+    SetVelaStatusChangeCallback(OnStatusChange);
+    SetVelaButtonPressCallback(nullptr);
+    SetVelaStatusChangeCallback(nullptr);
+    Receive({kCameraButton});
+    Receive({kGesture});
+    Activate(VELA_DEACTIVATED);
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+}
+
+TEST_F(CallbackExportsTest, AreIndependentOfEachOther) {
+    Plug();
+    Init();
+    SetVelaButtonPressCallback(OnButtonPress);
+    Receive({kCameraButton, kGesture});
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1"));
+}
+
+TEST_F(CallbackExportsTest, AreForgottenByUnInitAndServeAgainOnceRegisteredAgain) {
+    Plug();
+    Init();
+    SetVelaButtonPressCallback(OnButtonPress);
+    SetVelaStatusChangeCallback(OnStatusChange);
+    UnInit();
+    Init();
+    Receive({kChatButton});
+    Receive({kGesture});
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+    SetVelaButtonPressCallback(OnButtonPress);
+    SetVelaStatusChangeCallback(OnStatusChange);
+    Receive({kChatButton});
+    Receive({kGesture});
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 2 1", "status 2"));
+}
+
+TEST_F(CallbackExportsTest, AreReplacedByLaterOnes) {
+    Plug();
+    Init();
+    SetVelaStatusChangeCallback([](std::uint32_t) { FAIL() << "replaced"; });
+    SetVelaStatusChangeCallback(OnStatusChange);
+    Activate(VELA_SUSPENDED);
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 5"));
+}
+
+}  // namespace

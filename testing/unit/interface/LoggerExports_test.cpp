@@ -1,0 +1,130 @@
+// Starting and stopping the log file.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "include/VelaAgent.h"
+#include "testing/simulator/Machine.h"
+#include "testing/kit/AgentLog.h"
+
+namespace {
+
+using test_support::LogFileIn;
+using test_support::MakeTemporaryFolder;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string kUnInitLine =
+    "INFO Uninitialize: ================= Uninitialize starts. "
+    "=================";
+const std::string kLastLine = "INFO UnInitialize: Logger::UnInitialize";
+
+class LoggerExportsTest : public testing::Test {
+ protected:
+    LoggerExportsTest() { simulator::Machine::Get().Reset(); }
+    ~LoggerExportsTest() override {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_.parent_path(), ignored);
+    }
+
+    // Without a session UnInit does no more than log a line.
+    static void LogALine() { UnInit(); }
+
+    static std::vector<std::string> Texts(const std::filesystem::path& folder) {
+        std::vector<std::string> texts;
+        for (const auto& line : test_support::ReadLogLines(LogFileIn(folder))) {
+            texts.push_back(line.Text());
+        }
+        return texts;
+    }
+    std::vector<std::string> Texts() const { return Texts(folder_); }
+
+    std::filesystem::path folder_ = MakeTemporaryFolder();
+};
+
+TEST_F(LoggerExportsTest, WriteTheFileBetweenThem) {
+    LogALine();
+    InitLogger(folder_.wstring().c_str());
+    LogALine();
+    UnInitLogger();
+    LogALine();
+    EXPECT_THAT(Texts(), ElementsAre(kUnInitLine, kLastLine));
+}
+
+TEST_F(LoggerExportsTest, CopyTheDirectory) {
+    std::wstring directory = folder_.wstring();
+    InitLogger(directory.c_str());
+    directory.assign(directory.size(), L'x');
+    LogALine();
+    UnInitLogger();
+    EXPECT_THAT(Texts(), ElementsAre(kUnInitLine, kLastLine));
+}
+
+TEST_F(LoggerExportsTest, Nest) {
+    const std::filesystem::path other = MakeTemporaryFolder();
+    InitLogger(folder_.wstring().c_str());
+    InitLogger(other.wstring().c_str());
+    UnInitLogger();
+    LogALine();
+    UnInitLogger();
+    EXPECT_THAT(Texts(), ElementsAre(kUnInitLine, kLastLine));
+    EXPECT_FALSE(std::filesystem::exists(LogFileIn(other)));
+    std::filesystem::remove_all(other.parent_path());
+}
+
+TEST_F(LoggerExportsTest, MayBeUsedAgainWithAnotherDirectory) {
+    const std::filesystem::path other = MakeTemporaryFolder();
+    InitLogger(folder_.wstring().c_str());
+    UnInitLogger();
+    InitLogger(other.wstring().c_str());
+    LogALine();
+    UnInitLogger();
+    EXPECT_THAT(Texts(), ElementsAre(kLastLine));
+    EXPECT_THAT(Texts(other), ElementsAre(kUnInitLine, kLastLine));
+    std::filesystem::remove_all(other.parent_path());
+}
+
+TEST_F(LoggerExportsTest, StoppingALoggerThatWasNotStartedDoesNothing) {
+    UnInitLogger();
+    UnInitLogger();
+    InitLogger(folder_.wstring().c_str());
+    UnInitLogger();
+    EXPECT_THAT(Texts(), ElementsAre(kLastLine));
+}
+
+TEST_F(LoggerExportsTest, ANullDirectoryStartsNothing) {
+    // Where a file without a directory would be.
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_);
+    InitLogger(nullptr);
+    LogALine();
+    UnInitLogger();
+    EXPECT_TRUE(std::filesystem::is_empty(folder_));
+    std::filesystem::current_path(before);
+    // Nor does it count: one start is ended by one stop.
+    InitLogger(folder_.wstring().c_str());
+    UnInitLogger();
+    LogALine();
+    EXPECT_THAT(Texts(), ElementsAre(kLastLine));
+}
+
+TEST_F(LoggerExportsTest, ANullDirectoryIsToldToARunningLogAndDoesNotCount) {
+    InitLogger(folder_.wstring().c_str());
+    InitLogger(nullptr);
+    UnInitLogger();
+    LogALine();
+    EXPECT_THAT(Texts(),
+                ElementsAre("WARNING InitLogger: InitLogger failed, directory is null pointer.",
+                            kLastLine));
+}
+
+TEST_F(LoggerExportsTest, ADirectoryThatIsNotThereLosesTheLinesSilently) {
+    InitLogger((folder_.wstring() + L"/missing/folder").c_str());
+    LogALine();
+    UnInitLogger();
+    EXPECT_THAT(simulator::Machine::Get().DebugOutput(), IsEmpty());
+    EXPECT_TRUE(std::filesystem::is_empty(folder_));
+}
+
+}  // namespace

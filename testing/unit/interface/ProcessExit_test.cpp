@@ -1,0 +1,158 @@
+// How a process ends that has used the library.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+#include "log/ILog.h"
+#include "testing/kit/AgentLog.h"
+#include "testing/kit/ExportsTest.h"
+#include "testing/kit/LibraryFolder.h"
+
+namespace {
+
+using simulator::Machine;
+using test_support::Describe;
+using test_support::DetachableLayout;
+using test_support::TouchpadLayout;
+using testing::ExitedWithCode;
+using testing::KilledBySignal;
+
+constexpr int kHostsExitCode = 7;
+
+// Each test's host is a process of its own: the session is destroyed when a process exits.
+class ProcessExitDeathTest : public testing::Test {
+ protected:
+    ProcessExitDeathTest() { testing::GTEST_FLAG(death_test_style) = "threadsafe"; }
+
+    // The touchpad is open, and the session's threads wait for work.
+    static void Open(const TouchpadLayout& layout) {
+        // A host that hangs instead of ending.
+        alarm(20);
+        Machine::Get().Reset();
+        const auto device = Machine::Get().Plug(Describe(layout));
+        if (Init() != VELA_INIT_OPEN) std::_Exit(EXIT_FAILURE);
+        UpdateVelaState();
+        if (!device->WaitForOutputs(1) || !device->WaitForPendingReads()) std::_Exit(EXIT_FAILURE);
+    }
+};
+
+TEST_F(ProcessExitDeathTest, IsNormalWithoutASession) {
+    EXPECT_EXIT(
+        {
+            IsActivated();
+            std::exit(kHostsExitCode);
+        },
+        ExitedWithCode(kHostsExitCode), "");
+}
+
+TEST_F(ProcessExitDeathTest, IsNormalAfterUnInit) {
+    EXPECT_EXIT(
+        {
+            Open({});
+            Activate(VELA_ACTIVE);
+            UnInit();
+            std::exit(kHostsExitCode);
+        },
+        ExitedWithCode(kHostsExitCode), "");
+}
+
+TEST_F(ProcessExitDeathTest, IsNormalForADetachableTouchpadThatWasNeverActive) {
+    EXPECT_EXIT(
+        {
+            Open(DetachableLayout());
+            Activate(VELA_SUSPENDED);
+            UnInit();
+            std::exit(kHostsExitCode);
+        },
+        ExitedWithCode(kHostsExitCode), "");
+}
+
+TEST_F(ProcessExitDeathTest, IsAbnormalWithAnOpenSession) {
+    EXPECT_EXIT(
+        {
+            Open({});
+            std::exit(kHostsExitCode);
+        },
+        KilledBySignal(SIGABRT), "terminate called");
+}
+
+TEST_F(ProcessExitDeathTest, IsAbnormalWithAnOpenSessionAndARunningHeartbeat) {
+    EXPECT_EXIT(
+        {
+            Open(DetachableLayout());
+            Activate(VELA_ACTIVE);
+            std::exit(kHostsExitCode);
+        },
+        KilledBySignal(SIGABRT), "terminate called");
+}
+
+TEST_F(ProcessExitDeathTest, IsAbnormalOnceADetachableTouchpadWasActive) {
+    EXPECT_EXIT(
+        {
+            Open(DetachableLayout());
+            Activate(VELA_ACTIVE);
+            UnInit();
+            std::exit(kHostsExitCode);
+        },
+        KilledBySignal(SIGABRT), "terminate called");
+}
+
+// --- the log of an ending process ----------------------------------------------------------------
+
+// On a real machine the other threads are gone by then, with whatever locks they held.
+void Detach(void* reserved) { DllMain(nullptr, DLL_PROCESS_DETACH, reserved); }
+
+// Runs inside a host. The pipe is the log file, which nobody reads: the first line never gets
+// through, and a thread that stops the logger waits for that with the logger's lock held.
+void StopLoggerForEver(const std::filesystem::path& folder) {
+    alarm(20);
+    mkfifo(test_support::LogFileIn(folder).c_str(), 0600);
+    InitLogger(folder.wstring().c_str());
+    std::thread([] { UnInitLogger(); }).detach();
+    // The last line is queued under the lock.
+    while (Machine::Get().CountCalls("GetFileAttributesExW") == 0) std::this_thread::yield();
+}
+
+TEST_F(ProcessExitDeathTest, DropsLinesUnformattedOnceTheProcessEnds) {
+    EXPECT_EXIT(
+        {
+            const test_support::AgentLog log;
+            int process = 0;
+            Detach(&process);
+            vela::GetLogger()->Log(vela::kLogInfo, "f", "%s", reinterpret_cast<const char*>(1));
+            std::_Exit(kHostsExitCode);
+        },
+        ExitedWithCode(kHostsExitCode), "");
+}
+
+TEST_F(ProcessExitDeathTest, LogsOnWhereTheLibraryAloneIsUnloaded) {
+    EXPECT_EXIT(
+        {
+            test_support::AgentLog log;
+            Detach(nullptr);
+            UnInit();
+            std::_Exit(log.Texts().size() == 1 ? kHostsExitCode : EXIT_FAILURE);
+        },
+        ExitedWithCode(kHostsExitCode), "");
+}
+
+TEST_F(ProcessExitDeathTest, WaitsForNobodyWhoStopsTheLogger) {
+    EXPECT_EXIT(
+        {
+            const std::filesystem::path folder = test_support::MakeTemporaryFolder();
+            Machine::Get().RecordFileCalls(true);
+            StopLoggerForEver(folder);
+            int process = 0;
+            Detach(&process);
+            UnInitLogger();
+            std::filesystem::remove_all(folder.parent_path());
+            std::_Exit(kHostsExitCode);
+        },
+        ExitedWithCode(kHostsExitCode), "");
+}
+
+}  // namespace

@@ -1,0 +1,107 @@
+// The one backup of the log file, as lines make the file grow.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "log/ILog.h"
+#include "testing/simulator/Machine.h"
+#include "testing/kit/AgentLog.h"
+
+namespace {
+
+using simulator::Fault;
+using simulator::Machine;
+using test_support::LogFileIn;
+using test_support::MakeTemporaryFolder;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using vela::kLogInfo;
+
+constexpr std::uintmax_t kLimit = 5242880;
+const std::string kLastLine = "Logger::UnInitialize";
+
+class LoggerRotation : public testing::Test {
+ protected:
+    LoggerRotation() { Machine::Get().Reset(); }
+    ~LoggerRotation() override { std::filesystem::remove_all(folder_.parent_path()); }
+
+    std::filesystem::path Backup() const { return file_.string() + ".old"; }
+
+    // A file of one line, `text` at its end, of this size in all.
+    static void MakeFile(const std::filesystem::path& file, std::uintmax_t size,
+                         const std::string& text) {
+        const std::string head = "[2024-05-06 17:41:58] {INFO} ";
+        std::ofstream(file, std::ios::binary)
+            << head << std::string(size - head.size() - text.size() - 2, '.') << text << "\r\n";
+        ASSERT_EQ(std::filesystem::file_size(file), size);
+    }
+    // Of each line no more than its end.
+    static std::vector<std::string> Messages(const std::filesystem::path& file) {
+        std::vector<std::string> messages;
+        std::ifstream stream(file, std::ios::binary);
+        for (std::string line; std::getline(stream, line, '\r') && stream.ignore();) {
+            messages.push_back(line.substr(line.find_last_of(".} ") + 1));
+        }
+        return messages;
+    }
+
+    void Write(std::initializer_list<const char*> messages) {
+        logger_.Initialize(folder_.wstring());
+        for (const char* const message : messages) logger_.Log(kLogInfo, "f", "%s", message);
+        logger_.UnInitialize();
+    }
+
+    std::filesystem::path folder_ = MakeTemporaryFolder();
+    std::filesystem::path file_ = LogFileIn(folder_);
+    vela::ILog& logger_ = *vela::GetLogger();
+};
+
+TEST_F(LoggerRotation, TheLineThatPassesTheLimitIsTheLastOfItsFile) {
+    MakeFile(file_, kLimit, "old");
+    Write({"passing", "next"});
+    EXPECT_THAT(Messages(Backup()), ElementsAre("old", "passing"));
+    EXPECT_THAT(Messages(file_), ElementsAre("next", kLastLine));
+}
+
+TEST_F(LoggerRotation, KeepsOneGeneration) {
+    MakeFile(Backup(), 100, "oldest");
+    MakeFile(file_, kLimit + 1, "old");
+    logger_.Initialize(folder_.wstring());
+    const std::string text = std::string(kLimit, '.') + "long";
+    logger_.Info(text, "f");
+    logger_.Info("next", "f");
+    logger_.UnInitialize();
+    EXPECT_THAT(Messages(Backup()), ElementsAre("long"));
+    EXPECT_THAT(Messages(file_), ElementsAre("next", kLastLine));
+    EXPECT_EQ(Machine::Get().CountCalls("MoveFileW"), 2U);
+}
+
+TEST_F(LoggerRotation, TriesToMoveWhatItCouldNotMakeRoomFor) {
+    MakeFile(Backup(), 100, "oldest");
+    MakeFile(file_, kLimit + 1, "old");
+    Machine::Get().FailNext("DeleteFileW", Fault::Error(32));
+    Write({"line"});
+    // The first line found the backup in its way; the last one tried again.
+    EXPECT_THAT(Messages(Backup()), ElementsAre("old", "line"));
+    EXPECT_THAT(Messages(file_), ElementsAre(kLastLine));
+    EXPECT_EQ(Machine::Get().CountCalls("MoveFileW"), 2U);
+    EXPECT_THAT(Machine::Get().DebugOutput(), IsEmpty());
+}
+
+TEST_F(LoggerRotation, MovesAFileThatHasNoBackupYet) {
+    MakeFile(file_, kLimit + 1, "old");
+    Write({});
+    EXPECT_THAT(Messages(Backup()), ElementsAre("old"));
+    EXPECT_THAT(Messages(file_), ElementsAre(kLastLine));
+}
+
+TEST_F(LoggerRotation, RenamesNothingBelowTheLimit) {
+    MakeFile(file_, kLimit / 2, "old");
+    Write({"line"});
+    EXPECT_THAT(Messages(file_), ElementsAre("old", "line", kLastLine));
+    EXPECT_THAT(Machine::Get().Calls(), IsEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,60 @@
+#include "testing/unit/simulator/SimulatorTest.h"
+
+#include <cstdlib>
+#include <ctime>
+
+namespace simulator_test {
+namespace {
+
+class PlatformClock : public SimulatorTest {};
+
+TEST_F(PlatformClock, StandsWhereTheTestStoppedIt) {
+    std::tm stopped{};
+    stopped.tm_year = 124;
+    stopped.tm_mon = 1;
+    stopped.tm_mday = 29;
+    stopped.tm_hour = 23;
+    stopped.tm_min = 59;
+    stopped.tm_sec = 58;
+    // The machine's own zone plays no part.
+    ASSERT_EQ(setenv("TZ", "VELA-5:45", 1), 0);
+    machine_.StopClockAt(stopped);
+    __time64_t stored = 0;
+    const __time64_t now = _time64(&stored);
+    EXPECT_EQ(now, stored);
+    std::tm local{};
+    EXPECT_EQ(_localtime64_s(&local, &now), 0);
+    char text[32] = {};
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
+    EXPECT_STREQ(text, "2024-02-29 23:59:58");
+    unsetenv("TZ");
+}
+
+TEST_F(PlatformClock, IsTheRealOneOtherwise) {
+    // A zone that no machine is set to by accident, to tell local time from universal time.
+    ASSERT_EQ(setenv("TZ", "VELA-5:45", 1), 0);
+    std::tm stopped{};
+    stopped.tm_year = 70;
+    stopped.tm_mday = 2;
+    machine_.StopClockAt(stopped);
+    machine_.Reset();
+    const __time64_t now = _time64(nullptr);
+    EXPECT_LE(std::time(nullptr) - now, 2);
+    std::tm local{};
+    EXPECT_EQ(_localtime64_s(&local, &now), 0);
+    EXPECT_EQ(std::mktime(&local), now);
+    EXPECT_EQ(timegm(&local), now + (5 * 60 + 45) * 60);
+    unsetenv("TZ");
+    tzset();
+}
+
+TEST_F(PlatformClock, RefusesTimesBeforeItsEpochAndMissingOnes) {
+    std::tm local{};
+    const __time64_t before = -1;
+    EXPECT_NE(_localtime64_s(&local, &before), 0);
+    EXPECT_NE(_localtime64_s(&local, nullptr), 0);
+    EXPECT_NE(_localtime64_s(nullptr, &before), 0);
+}
+
+}  // namespace
+}  // namespace simulator_test

@@ -1,0 +1,93 @@
+// The heartbeat of a detachable touchpad follows the activation state.
+#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/WaitForLogLine.h"
+
+namespace {
+
+using simulator::Fault;
+using test_support::DetachableLayout;
+using test_support::TouchpadTest;
+using test_support::WaitForLogLine;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string kCreated = "INFO HeartbeatThread: HeartbeatThread created.";
+const std::string kLeft = "INFO HeartbeatThread: HeartbeatThread leaved.";
+const std::string kStateRequested = "INFO UpdateVelaState: UpdateVelaState.";
+
+class ActivateHeartbeatTest : public TouchpadTest {
+ protected:
+    void OpenAndActivate(std::uint32_t value) {
+        ASSERT_NO_FATAL_FAILURE(Open(DetachableLayout()));
+        ASSERT_TRUE(session_.Activate(value));
+        ASSERT_TRUE(WaitForLogLine(log_, "HeartbeatThread created."));
+    }
+};
+
+class ActiveValue : public ActivateHeartbeatTest,
+                    public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(ActiveValue, StartsTheHeartbeat) {
+    OpenAndActivate(GetParam());
+    EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated));
+}
+
+TEST_P(ActiveValue, ReplacesARunningHeartbeat) {
+    OpenAndActivate(GetParam());
+    session_.Activate(1 - GetParam());
+    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread created.", 2));
+    EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft, kCreated));
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, ActiveValue, testing::Values(0U, 1U));
+
+class EndingValue : public ActivateHeartbeatTest,
+                    public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(EndingValue, StopsTheHeartbeat) {
+    OpenAndActivate(0);
+    session_.Activate(GetParam());
+    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread leaved."));
+    EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft));
+}
+
+TEST_P(EndingValue, IsFollowedByANewHeartbeatOnTheNextActivation) {
+    OpenAndActivate(0);
+    session_.Activate(GetParam());
+    session_.Activate(0);
+    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread created.", 2));
+    EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft, kCreated));
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, EndingValue, testing::Values(4U, 5U));
+
+TEST_F(ActivateHeartbeatTest, OtherValuesLeaveTheHeartbeatRunning) {
+    OpenAndActivate(0);
+    for (const std::uint32_t value : {2U, 3U, 6U}) session_.Activate(value);
+    // Time for a heartbeat that was told to stop: its line would come before the one of Settle.
+    ASSERT_NO_FATAL_FAILURE(Settle());
+    session_.Activate(4);
+    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread leaved."));
+    std::vector<std::string> order;
+    for (const std::string& text : log_.Texts()) {
+        if (text == kLeft || text == kStateRequested) order.push_back(text);
+    }
+    EXPECT_THAT(order, ElementsAre(kStateRequested, kLeft));
+}
+
+TEST_F(ActivateHeartbeatTest, AFixedTouchpadHasNone) {
+    Open();
+    for (const std::uint32_t value : {0U, 1U, 4U, 5U, 0U}) session_.Activate(value);
+    session_.Uninitialize();
+    EXPECT_THAT(LogOf("HeartbeatThread"), IsEmpty());
+}
+
+TEST_F(ActivateHeartbeatTest, ATouchpadWithoutANameHasOne) {
+    Plug();
+    machine_.FailAlways("HidD_GetProductString", Fault::Error(31));
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    session_.Activate(0);
+    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread created."));
+}
+
+}  // namespace

@@ -1,0 +1,160 @@
+// What the host is told when the activation state changes.
+#include <thread>
+
+#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/WaitForLogLine.h"
+#include "testing/kit/WrittenReports.h"
+
+namespace {
+
+using simulator::WriteBehaviour;
+using test_support::BlankReport;
+using test_support::HostCallbacks;
+using test_support::InputReport;
+using test_support::TouchpadTest;
+using test_support::WaitForLogLine;
+using test_support::WrittenReports;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint8_t kFirmwareSwipeOff = 0x20;
+constexpr std::uint8_t kFirmwareTouchpadDisable = 0x80;
+
+class ActivateStatusTest : public TouchpadTest {
+ protected:
+    // The firmware's state as the session stores it while it is active.
+    void ReceiveFirmwareState(std::uint8_t state) {
+        HostCallbacks::Reset();
+        device_->SendInput(InputReport({}, state));
+        ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
+        HostCallbacks::Reset();
+    }
+};
+
+struct StatusCase {
+    std::uint8_t firmwareState;
+    std::uint32_t before;  // active: the firmware's state is told by a callback
+    std::uint32_t value;
+    std::vector<std::string> calls;
+};
+
+class ActivationStatus : public ActivateStatusTest,
+                         public testing::WithParamInterface<StatusCase> {};
+
+TEST_P(ActivationStatus, IsToldToTheHostOnItsOwnThread) {
+    OpenAndLight({}, GetParam().before);
+    ReceiveFirmwareState(GetParam().firmwareState);
+    EXPECT_TRUE(session_.Activate(GetParam().value));
+    EXPECT_EQ(HostCallbacks::Calls(), GetParam().calls);
+    EXPECT_EQ(HostCallbacks::LastThread(), std::this_thread::get_id());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, ActivationStatus,
+    testing::Values(StatusCase{0, 1, 0, {"status 0"}}, StatusCase{0, 0, 1, {"status 1"}},
+                    StatusCase{0, 0, 2, {"status 2"}}, StatusCase{0, 0, 3, {"status 3"}},
+                    StatusCase{0, 0, 4, {"status 4", "status 4"}},
+                    StatusCase{0, 0, 5, {"status 5"}},
+                    StatusCase{0, 0, 0xFFFFFFFF, {"status 4294967295"}},
+                    StatusCase{kFirmwareSwipeOff, 1, 0, {"status 2"}},
+                    StatusCase{kFirmwareSwipeOff, 0, 1, {"status 2"}},
+                    StatusCase{kFirmwareSwipeOff, 0, 4, {"status 4", "status 4"}},
+                    StatusCase{kFirmwareSwipeOff, 0, 5, {"status 5"}},
+                    StatusCase{kFirmwareTouchpadDisable, 1, 0, {"status 3"}},
+                    StatusCase{kFirmwareTouchpadDisable, 0, 1, {"status 3"}},
+                    StatusCase{kFirmwareTouchpadDisable, 0, 2, {"status 2"}},
+                    StatusCase{kFirmwareTouchpadDisable, 0, 4, {"status 4", "status 4"}},
+                    StatusCase{kFirmwareTouchpadDisable | kFirmwareSwipeOff, 1, 0, {"status 3"}}));
+
+TEST_F(ActivateStatusTest, TheFirstOfADeactivationComesWhileStillActive) {
+    OpenAndLight();
+    std::vector<bool> active;
+    HostCallbacks::DuringStatusChange([&] { active.push_back(session_.IsActivated()); });
+    session_.Activate(4);
+    EXPECT_THAT(active, ElementsAre(true, false));
+}
+
+TEST_F(ActivateStatusTest, TheNewStateIsInForceWhenTheHostIsTold) {
+    OpenAndLight({}, 4);
+    bool active = false;
+    HostCallbacks::DuringStatusChange([&] { active = session_.IsActivated(); });
+    session_.Activate(1);
+    EXPECT_TRUE(active);
+}
+
+TEST_F(ActivateStatusTest, WithoutACallbackEveryValueIsTakenAllTheSame) {
+    OpenAndLight();
+    session_.SetStatusChangeCallback(nullptr);
+    for (const std::uint32_t value : {4U, 0U, 5U, 1U, 2U}) EXPECT_TRUE(session_.Activate(value));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+}
+
+TEST_F(ActivateStatusTest, TheCallbackMayCallEveryOperationOfTheSession) {
+    OpenAndLight();
+    HostCallbacks::DuringStatusChange([this] {
+        HostCallbacks::DuringStatusChange(nullptr);
+        session_.Activate(5);
+        session_.Enable(true);
+        session_.EnableButton(0, true);
+        session_.SetButtonLight(0, true);
+        session_.SetButtonBreathing(2, true);
+        session_.UpdateVelaState();
+        session_.GetClickMode();
+        bool connected = false;
+        session_.GetDeviceConnectState(connected);
+    });
+    EXPECT_TRUE(session_.Activate(1));
+    EXPECT_FALSE(session_.IsActivated());
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 1", "status 5"));
+}
+
+// --- the firmware's flags ------------------------------------------------------------------------
+
+TEST_F(ActivateStatusTest, DeactivatingEndsATemporaryDisableBeforeItsOwnReport) {
+    OpenAndLight();
+    ReceiveFirmwareState(kFirmwareSwipeOff);
+    session_.Activate(4);
+    // The report of the stopped breathing was still held back.
+    EXPECT_THAT(WrittenReports(session_, *device_), ElementsAre(BlankReport()));
+    EXPECT_THAT(LogOf("Update"), ElementsAre("INFO Update: Can't update Vela state because "
+                                             "TemporaryDisable (1) or TabletModeDisable (0)"));
+}
+
+TEST_F(ActivateStatusTest, NoOtherValueEndsATemporaryDisable) {
+    OpenAndLight();
+    ReceiveFirmwareState(kFirmwareSwipeOff);
+    for (const std::uint32_t value : {1U, 2U, 5U, 0U}) session_.Activate(value);
+    EXPECT_THAT(WrittenReports(session_, *device_), IsEmpty());
+}
+
+TEST_F(ActivateStatusTest, DeactivatingLeavesTheTouchpadsOwnDisableAlone) {
+    OpenAndLight();
+    ReceiveFirmwareState(kFirmwareTouchpadDisable | kFirmwareSwipeOff);
+    session_.Activate(4);
+    EXPECT_THAT(WrittenReports(session_, *device_), IsEmpty());
+    EXPECT_THAT(LogOf("Update"), ElementsAre("INFO Update: Can't update Vela state because "
+                                             "TemporaryDisable (1) or TabletModeDisable (1)",
+                                             "INFO Update: Can't update Vela state because "
+                                             "TemporaryDisable (0) or TabletModeDisable (1)"));
+}
+
+TEST_F(ActivateStatusTest, TheFirmwaresStateWaitsForAnActivationUnderWay) {
+    OpenAndLight();
+    device_->SetWriteBehaviour(WriteBehaviour::Hold);
+    session_.SetButtonLight(0, true);
+    ASSERT_TRUE(device_->WaitForHeldWrites());
+    machine_.ForgetCalls();
+    // Its report waits for the write in flight, and the state it stored is not complete before.
+    std::thread activation([this] { session_.Activate(1); });
+    EXPECT_TRUE(machine_.WaitForCalls("HidP_SetUsages", 1));
+    device_->SendInput(InputReport({}, kFirmwareSwipeOff));
+    EXPECT_TRUE(WaitForLogLine(log_, "Vela FW state: "));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+
+    device_->SetWriteBehaviour(WriteBehaviour::Pend);
+    device_->CompleteHeldWrites();
+    activation.join();
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(2));
+}
+
+}  // namespace

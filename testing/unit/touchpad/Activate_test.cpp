@@ -1,0 +1,187 @@
+// The activation state and what a change of it does to the buttons and lights.
+#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/WrittenReports.h"
+
+namespace {
+
+using test_support::BlankReport;
+using test_support::Bytes;
+using test_support::HostCallbacks;
+using test_support::LightReport;
+using test_support::TouchpadTest;
+using test_support::WrittenReports;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// All four buttons shown, no light toggled; the chat light's breathing value.
+Bytes AllLit(std::uint8_t breathing = 0) {
+    return LightReport({0, 3, 3, 3, 0, 3, breathing}, 0x0F);
+}
+
+class ActivateTest : public TouchpadTest {
+ protected:
+    std::vector<Bytes> Written() { return WrittenReports(session_, *device_); }
+
+    void StartBreathing() {
+        session_.EnableButtonBreathing(2, true);
+        session_.SetButtonBreathing(2, true);
+        ASSERT_THAT(Written(), testing::Contains(AllLit(8)));
+    }
+};
+
+TEST_F(ActivateTest, IsRefusedSilentlyWithoutASession) {
+    Plug();
+    EXPECT_FALSE(session_.Activate(0));
+    EXPECT_FALSE(session_.Activate(4));
+    EXPECT_FALSE(session_.IsActivated());
+    EXPECT_THAT(log_.Texts(), IsEmpty());
+}
+
+TEST_F(ActivateTest, IsDeactivatedAtFirst) {
+    Open();
+    EXPECT_FALSE(session_.IsActivated());
+    EXPECT_TRUE(session_.Activate(4));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_THAT(LogOf("Activate"), IsEmpty());
+}
+
+class ActivationValue : public ActivateTest, public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(ActivationValue, GivenAgainDoesNothing) {
+    OpenAndLight({}, 6);
+    EXPECT_TRUE(session_.Activate(GetParam()));
+    Written();
+    HostCallbacks::Reset();
+    EXPECT_TRUE(session_.Activate(GetParam()));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+    EXPECT_THAT(Written(), IsEmpty());
+    const std::string number = std::to_string(static_cast<std::int32_t>(GetParam()));
+    EXPECT_THAT(LogOf("Activate"), ElementsAre("INFO Activate: Activate HID (6)",
+                                               "INFO Activate: Activate HID (" + number + ")"));
+}
+
+TEST_P(ActivationValue, IsActiveOnlyWhenZeroOrOne) {
+    OpenAndLight({}, 6);
+    session_.Activate(GetParam());
+    EXPECT_EQ(session_.IsActivated(), GetParam() <= 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, ActivationValue,
+                         testing::Values(0U, 1U, 2U, 3U, 4U, 5U, 7U, 0x100U, 0xFFFFFFFFU));
+
+TEST_F(ActivateTest, BetweenTheActiveStatesTheLightsAreWrittenAgain) {
+    OpenAndLight({}, 0);
+    EXPECT_TRUE(session_.Activate(1));
+    EXPECT_THAT(Written(), ElementsAre(AllLit()));
+    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_THAT(Written(), ElementsAre(AllLit()));
+}
+
+class ValueWithoutMeaning : public ActivateTest,
+                            public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(ValueWithoutMeaning, DarkensTheLightsAndKeepsTheButtons) {
+    OpenAndLight();
+    StartBreathing();
+    EXPECT_TRUE(session_.Activate(GetParam()));
+    EXPECT_THAT(Written(), ElementsAre(BlankReport()));
+    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_THAT(Written(), ElementsAre(AllLit(15)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, ValueWithoutMeaning, testing::Values(2U, 3U, 6U, 0xFFFFFFFFU));
+
+// --- 4: deactivated ------------------------------------------------------------------------------
+
+TEST_F(ActivateTest, DeactivatingStopsTheBreathingWhileLitAndThenDarkens) {
+    OpenAndLight();
+    StartBreathing();
+    EXPECT_TRUE(session_.Activate(4));
+    EXPECT_THAT(Written(), ElementsAre(AllLit(0), BlankReport()));
+
+    const std::vector<std::string> texts = log_.Texts();
+    ASSERT_GE(texts.size(), 3U);
+    EXPECT_THAT(
+        std::vector<std::string>(texts.end() - 3, texts.end()),
+        ElementsAre("INFO SetButtonBreathing: SetButtonBreathing for BUTTON_ID 2 (0)",
+                    "INFO Activate: Activate HID (4)", "INFO UpdateVelaState: UpdateVelaState."));
+}
+
+TEST_F(ActivateTest, AfterDeactivatingTheButtonsAreEnabledButNoLongerVisible) {
+    OpenAndLight();
+    session_.Activate(4);
+    session_.Activate(0);
+    Written();
+    for (std::uint32_t button = 0; button < 4; ++button) {
+        EXPECT_TRUE(session_.IsButtonEnabled(button));
+    }
+    session_.SetButtonVisible(0, true);
+    EXPECT_THAT(Written(), ElementsAre(LightReport({0, 3, 0, 0, 0, 0, 0}, 0x01)));
+}
+
+TEST_F(ActivateTest, DeactivatingIsWrittenEvenWhereNothingChanges) {
+    // Dark before, dark after, and forced all the same.
+    Open();
+    session_.Activate(3);
+    Written();
+    EXPECT_TRUE(session_.Activate(4));
+    EXPECT_THAT(Written(), ElementsAre(BlankReport(), BlankReport()));
+}
+
+// --- 5: suspended --------------------------------------------------------------------------------
+
+TEST_F(ActivateTest, SuspendingDarkensWithoutStoppingTheBreathing) {
+    OpenAndLight();
+    StartBreathing();
+    EXPECT_TRUE(session_.Activate(5));
+    EXPECT_THAT(Written(), ElementsAre(BlankReport()));
+    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_THAT(Written(), ElementsAre(AllLit(15)));
+    EXPECT_THAT(LogOf("SetButtonBreathing"),
+                ElementsAre("INFO SetButtonBreathing: SetButtonBreathing for BUTTON_ID 2 (1)"));
+}
+
+TEST_F(ActivateTest, SuspendedButtonsAreNotVisible) {
+    OpenAndLight();
+    session_.Activate(5);
+    // On the way to an active state that is no return from the suspension.
+    session_.Activate(2);
+    session_.Activate(0);
+    EXPECT_THAT(Written(), ElementsAre(BlankReport(), BlankReport(), BlankReport()));
+}
+
+TEST_F(ActivateTest, ChangesMadeWhileSuspendedAreForgotten) {
+    OpenAndLight();
+    session_.Activate(5);
+    session_.EnableButton(0, false);
+    session_.SetButtonLight(1, true);
+    session_.SetButtonVisible(2, false);
+    session_.EnableButton(9, true);
+    Written();
+    session_.Activate(1);
+    EXPECT_THAT(Written(), ElementsAre(AllLit()));
+    EXPECT_TRUE(session_.IsButtonEnabled(0));
+}
+
+TEST_F(ActivateTest, EverySuspensionSavesTheButtonsAnew) {
+    OpenAndLight();
+    session_.Activate(5);
+    session_.Activate(0);
+    session_.SetButtonLight(0, true);
+    Written();
+    session_.Activate(5);
+    session_.Activate(0);
+    EXPECT_THAT(Written(), ElementsAre(BlankReport(), LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F)));
+}
+
+TEST_F(ActivateTest, FromSuspendedToDeactivatedNothingComesBack) {
+    OpenAndLight();
+    session_.Activate(5);
+    session_.Activate(4);
+    Written();
+    session_.Activate(0);
+    EXPECT_THAT(Written(), ElementsAre(BlankReport()));
+}
+
+}  // namespace

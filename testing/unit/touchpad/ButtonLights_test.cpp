@@ -1,0 +1,120 @@
+// The buttons' flags: what a change of one is answered with, logs and queues.
+#include "testing/kit/InputTest.h"
+
+namespace {
+
+using test_support::Bytes;
+using test_support::CannotUpdate;
+using test_support::InputTest;
+using test_support::LightReport;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+Bytes AllLit() { return LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F); }
+
+class ButtonLightsTest : public InputTest {};
+
+// --- the lights ----------------------------------------------------------------------------------
+
+TEST_F(ButtonLightsTest, TheCamerasLightIsExchangedForTheOther) {
+    Open();
+    session_.Enable(true);
+    session_.Activate(0);
+    session_.EnableButton(0, true);
+    session_.SetButtonVisible(0, true);
+    Written();
+    EXPECT_TRUE(session_.SetButtonLight(0, true));
+    EXPECT_TRUE(session_.SetButtonLight(0, false));
+    EXPECT_THAT(Written(), ElementsAre(LightReport({3, 0, 0, 0, 0, 0, 0}, 0x01),
+                                       LightReport({0, 3, 0, 0, 0, 0, 0}, 0x01)));
+}
+
+TEST_F(ButtonLightsTest, TheShareScreensOnlyLightStaysAsItIs) {
+    OpenAndLight();
+    EXPECT_TRUE(session_.SetButtonLight(3, true));
+    // A report was composed all the same.
+    EXPECT_EQ(machine_.CountCalls("HidP_SetUsages"), 1U);
+    EXPECT_THAT(Written(), IsEmpty());
+}
+
+TEST_F(ButtonLightsTest, FlagsSetWhileTheTouchpadIsDisabledShowAfterwards) {
+    OpenAndLight();
+    ReceiveFirmwareState(test_support::kFwTouchpadDisable);
+    session_.SetButtonLight(0, true);
+    session_.SetButtonVisible(3, false);
+    session_.SetBrightness(9);
+    ReceiveFirmwareState(0);
+    EXPECT_THAT(Written(), IsEmpty());
+    TryUpdate();
+    EXPECT_THAT(Written(), ElementsAre(LightReport({9, 0, 0, 9, 0, 9, 0}, 0x0D)));
+    EXPECT_THAT(LogOf("Update"), ElementsAre(CannotUpdate(false, true), CannotUpdate(false, true),
+                                             CannotUpdate(false, true)));
+}
+
+// --- the brightness ------------------------------------------------------------------------------
+
+TEST_F(ButtonLightsTest, TheBrightnessIsIgnoredWithoutASession) {
+    Plug();
+    session_.SetBrightness(9);
+    EXPECT_EQ(session_.GetBrightness(), 3);
+    EXPECT_THAT(log_.Texts(), IsEmpty());
+}
+
+TEST_F(ButtonLightsTest, AnUnchangedBrightnessIsLoggedAndNotWritten) {
+    OpenAndLight();
+    session_.SetBrightness(3);
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_THAT(LogOf("SetBrightness"), ElementsAre("INFO SetBrightness: SetBrightness (3)"));
+}
+
+TEST_F(ButtonLightsTest, TheBrightnessOutlivesTheSession) {
+    OpenAndLight();
+    session_.SetBrightness(255);
+    session_.Uninitialize();
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    EXPECT_EQ(session_.GetBrightness(), 255);
+    EXPECT_THAT(LogOf("SetBrightness"), ElementsAre("INFO SetBrightness: SetBrightness (255)"));
+}
+
+// --- what a session begins with ------------------------------------------------------------------
+
+TEST_F(ButtonLightsTest, AreAllOffInANewSession) {
+    OpenAndLight();
+    for (std::uint32_t button = 0; button < 4; ++button) {
+        session_.EnableButtonBreathing(button, true);
+        session_.SetButtonLight(button, true);
+    }
+    session_.Uninitialize();
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    session_.Enable(true);
+    session_.Activate(0);
+    for (std::uint32_t button = 0; button < 4; ++button) {
+        EXPECT_FALSE(session_.IsButtonEnabled(button));
+        EXPECT_FALSE(session_.IsButtonBreathingEnabled(button));
+    }
+    Written();
+    for (std::uint32_t button = 0; button < 4; ++button) session_.EnableButton(button, true);
+    EXPECT_THAT(Written(), IsEmpty());
+    for (std::uint32_t button = 0; button < 4; ++button) session_.SetButtonVisible(button, true);
+    const std::vector<Bytes> shown = Written();
+    ASSERT_THAT(shown, testing::SizeIs(4));
+    EXPECT_EQ(shown.back(), AllLit());
+}
+
+TEST_F(ButtonLightsTest, UnknownOnesCanBeSetAndDoNotCountAsEnabled) {
+    OpenAndLight();
+    EXPECT_TRUE(session_.EnableButton(7, true));
+    EXPECT_TRUE(session_.EnableButtonBreathing(7, true));
+    EXPECT_FALSE(session_.IsButtonEnabled(7));
+    EXPECT_FALSE(session_.IsButtonBreathingEnabled(7));
+    EXPECT_FALSE(session_.IsButtonEnabled(8));
+}
+
+TEST_F(ButtonLightsTest, AreNeitherEnabledNorBreathingWithoutASession) {
+    for (const std::uint32_t button : {0U, 1U, 2U, 3U, 7U}) {
+        EXPECT_FALSE(session_.IsButtonEnabled(button));
+        EXPECT_FALSE(session_.IsButtonBreathingEnabled(button));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,205 @@
+// The switch for the feature as a whole.
+#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/WrittenReports.h"
+
+namespace {
+
+using test_support::BlankReport;
+using test_support::Bytes;
+using test_support::HostCallbacks;
+using test_support::InputReport;
+using test_support::LightReport;
+using test_support::TouchpadTest;
+using test_support::WrittenReports;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint16_t kGesture = 0x45;
+constexpr std::uint8_t kFirmwareSwipeOff = 0x20;
+constexpr std::uint8_t kFirmwareTouchpadDisable = 0x80;
+
+const std::string kCannotUpdate =
+    "INFO Update: Can't update Vela state because TemporaryDisable (1) or TabletModeDisable (0)";
+
+// All four buttons shown, no light toggled, chat not breathing.
+Bytes AllLit() { return LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F); }
+
+class EnableTest : public TouchpadTest {
+ protected:
+    std::vector<Bytes> Written() { return WrittenReports(session_, *device_); }
+
+    // The touchpad reports, and the session tells its status.
+    void Receive(const Bytes& report, const std::string& status) {
+        HostCallbacks::Reset();
+        device_->SendInput(report);
+        ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
+        ASSERT_THAT(HostCallbacks::Calls(), ElementsAre(status));
+        HostCallbacks::Reset();
+    }
+    void DisableByGesture() { Receive(InputReport({kGesture}), "status 2"); }
+};
+
+TEST_F(EnableTest, IsRefusedSilentlyWithoutASession) {
+    Plug();
+    EXPECT_FALSE(session_.Enable(true));
+    EXPECT_FALSE(session_.IsEnabled());
+    EXPECT_FALSE(session_.Enable(false));
+    EXPECT_THAT(log_.Texts(), IsEmpty());
+}
+
+TEST_F(EnableTest, IsOffAtFirst) {
+    Open();
+    EXPECT_FALSE(session_.IsEnabled());
+}
+
+TEST_F(EnableTest, LightsWhatIsShown) {
+    OpenAndLight();
+    session_.Enable(false);
+    Written();
+    EXPECT_TRUE(session_.Enable(true));
+    EXPECT_TRUE(session_.IsEnabled());
+    EXPECT_THAT(Written(), ElementsAre(AllLit()));
+    EXPECT_THAT(LogOf("Enable"),
+                ElementsAre("INFO Enable: Enable HID (1)", "INFO Enable: Enable HID (0)",
+                            "INFO Enable: Enable HID (1)"));
+}
+
+TEST_F(EnableTest, AnUnchangedReportIsNotWrittenAgain) {
+    OpenAndLight();
+    EXPECT_TRUE(session_.Enable(true));
+    EXPECT_THAT(Written(), IsEmpty());
+}
+
+TEST_F(EnableTest, DisablingStopsTheBreathingAndThenDarkensEverything) {
+    OpenAndLight();
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_FALSE(session_.IsEnabled());
+    // The first one is forced and still lit.
+    EXPECT_THAT(Written(), ElementsAre(AllLit(), BlankReport()));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+
+    const std::vector<std::string> texts = log_.Texts();
+    ASSERT_GE(texts.size(), 3U);
+    EXPECT_THAT(
+        std::vector<std::string>(texts.end() - 3, texts.end()),
+        ElementsAre("INFO SetButtonBreathing: SetButtonBreathing for BUTTON_ID 2 (0)",
+                    "INFO Enable: Enable HID (0)", "INFO UpdateVelaState: UpdateVelaState."));
+}
+
+TEST_F(EnableTest, DisablingEndsARunningBreathing) {
+    OpenAndLight();
+    session_.EnableButtonBreathing(2, true);
+    session_.SetButtonBreathing(2, true);
+    Written();
+    session_.Enable(false);
+    EXPECT_THAT(Written(), ElementsAre(AllLit(), BlankReport()));
+    session_.Enable(true);
+    EXPECT_THAT(Written(), ElementsAre(AllLit()));
+}
+
+TEST_F(EnableTest, DisablingTwiceIsLoggedTwice) {
+    Open();
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_THAT(LogOf("Enable"),
+                ElementsAre("INFO Enable: Enable HID (0)", "INFO Enable: Enable HID (0)"));
+}
+
+// --- a temporary disable -------------------------------------------------------------------------
+
+TEST_F(EnableTest, DisablingEndsATemporaryDisableAndTellsTheHost) {
+    OpenAndLight();
+    DisableByGesture();
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0"));
+    EXPECT_EQ(HostCallbacks::LastThread(), std::this_thread::get_id());
+    EXPECT_THAT(Written(), ElementsAre(AllLit(), BlankReport()));
+    EXPECT_THAT(LogOf("Update"), IsEmpty());
+}
+
+TEST_F(EnableTest, TheHostIsToldWhileTheFeatureIsStillOnAndLightsCanBeSet) {
+    OpenAndLight();
+    DisableByGesture();
+    bool enabledMeanwhile = false;
+    HostCallbacks::DuringStatusChange([&] {
+        enabledMeanwhile = session_.IsEnabled();
+        session_.SetButtonLight(0, true);
+    });
+    session_.Enable(false);
+    EXPECT_TRUE(enabledMeanwhile);
+    const Bytes cameraToggled = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
+    EXPECT_THAT(Written(), ElementsAre(cameraToggled, cameraToggled, BlankReport()));
+}
+
+TEST_F(EnableTest, TheCallbackMayCallEveryOperationOfTheSession) {
+    OpenAndLight();
+    DisableByGesture();
+    HostCallbacks::DuringStatusChange([this] {
+        HostCallbacks::DuringStatusChange(nullptr);
+        session_.Enable(true);
+        session_.Activate(1);
+        session_.EnableButton(0, true);
+        session_.SetButtonVisible(0, true);
+        session_.SetButtonLight(0, true);
+        session_.SetButtonBreathing(2, true);
+        session_.SetBrightness(9);
+        session_.SetClickMode(1, 300);
+        session_.IsDetachable();
+        bool connected = false;
+        session_.GetDeviceConnectState(connected);
+    });
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_FALSE(session_.IsEnabled());
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "status 1"));
+}
+
+TEST_F(EnableTest, EnablingLeavesATemporaryDisableAlone) {
+    OpenAndLight();
+    DisableByGesture();
+    EXPECT_TRUE(session_.Enable(true));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+    EXPECT_THAT(LogOf("Update"), ElementsAre(kCannotUpdate));
+}
+
+TEST_F(EnableTest, DisablingLeavesATemporaryDisableAloneWithoutACallback) {
+    OpenAndLight();
+    DisableByGesture();
+    session_.SetStatusChangeCallback(nullptr);
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_FALSE(session_.IsEnabled());
+    EXPECT_THAT(Written(), IsEmpty());
+    // The stopped breathing's update and its own.
+    EXPECT_THAT(LogOf("Update"), ElementsAre(kCannotUpdate, kCannotUpdate));
+}
+
+TEST_F(EnableTest, DisablingLeavesATemporaryDisableAloneOutsideTheActiveStates) {
+    OpenAndLight();
+    DisableByGesture();
+    session_.Activate(5);
+    HostCallbacks::Reset();
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_THAT(LogOf("Update"), ElementsAre(kCannotUpdate, kCannotUpdate, kCannotUpdate));
+}
+
+TEST_F(EnableTest, DisablingLeavesBothFlagsAloneWhileTheTouchpadIsOff) {
+    OpenAndLight();
+    Receive(InputReport({}, kFirmwareSwipeOff | kFirmwareTouchpadDisable), "status 3");
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+    EXPECT_THAT(Written(), IsEmpty());
+    const std::string line =
+        "INFO Update: Can't update Vela state because TemporaryDisable (1) or TabletModeDisable "
+        "(1)";
+    EXPECT_THAT(LogOf("Update"), ElementsAre(line, line));
+}
+
+TEST_F(EnableTest, DisablingTellsNothingWhenNothingWasDisabled) {
+    OpenAndLight();
+    Receive(InputReport({}, 0), "status 0");
+    EXPECT_TRUE(session_.Enable(false));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,133 @@
+// When the host is told of the touchpad's own events, what it may do then, and what becomes of a
+// breathing light.
+#include "testing/kit/InputTest.h"
+
+namespace {
+
+using test_support::Bytes;
+using test_support::CannotUpdate;
+using test_support::HostCallbacks;
+using test_support::InputReport;
+using test_support::InputTest;
+using test_support::LightReport;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint16_t kSync = 0x40;
+constexpr std::uint16_t kGesture = 0x45;
+constexpr std::uint16_t kEnabled = 0x46;
+constexpr std::uint16_t kDisabled = 0x47;
+
+// All four buttons shown, no light toggled.
+const Bytes kAllLit = LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F);
+
+// --- order ---------------------------------------------------------------------------------------
+
+class EventOrderTest : public InputTest {
+ protected:
+    // The host is told between two reports: its camera light shows in those that come after.
+    void LightTheCameraWhenTold() {
+        HostCallbacks::DuringStatusChange([this] { session_.SetButtonLight(0, true); });
+    }
+};
+
+const Bytes kCameraOn = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
+
+TEST_F(EventOrderTest, SyncTellsTheHostBehindBothReports) {
+    OpenAndLight();
+    LightTheCameraWhenTold();
+    Receive(InputReport({kSync}));
+    EXPECT_THAT(Written(), ElementsAre(kAllLit, kAllLit, kCameraOn));
+}
+
+TEST_F(EventOrderTest, EnabledTellsTheHostBeforeItsReports) {
+    OpenAndLight();
+    LightTheCameraWhenTold();
+    Receive(InputReport({kEnabled}));
+    // The host's own, the forced one; the last is the same as the host's.
+    EXPECT_THAT(Written(), ElementsAre(kCameraOn, kCameraOn));
+}
+
+TEST_F(EventOrderTest, TheFlagsAreInForceWhenTheHostIsTold) {
+    OpenAndLight();
+    HostCallbacks::DuringStatusChange([this] { TryUpdate(); });
+    Receive(InputReport({kGesture}));
+    Receive(InputReport({kSync}));
+    Receive(InputReport({kDisabled}));
+    Receive(InputReport({kEnabled}));
+    EXPECT_THAT(HostCallbacks::Calls(),
+                ElementsAre("status 2", "status 0", "status 3", "status 0"));
+    EXPECT_THAT(LogOf("Update"), ElementsAre(CannotUpdate(true, false), CannotUpdate(false, true)));
+}
+
+// --- a breathing chat light ----------------------------------------------------------------------
+
+class BreathingEvent : public InputTest,
+                       public testing::WithParamInterface<std::vector<std::uint16_t>> {
+ protected:
+    void OpenBreathing() {
+        OpenAndLight();
+        session_.EnableButtonBreathing(2, true);
+        session_.SetButtonBreathing(2, true);
+        ASSERT_THAT(Written(), ElementsAre(LightReport({0, 3, 3, 3, 0, 3, 8}, 0x0F)));
+    }
+};
+
+TEST_P(BreathingEvent, EndsTheBreathing) {
+    OpenBreathing();
+    for (const std::uint16_t usage : GetParam()) Receive(InputReport({usage}));
+    const std::vector<Bytes> written = Written();
+    ASSERT_THAT(written, testing::Not(IsEmpty()));
+    EXPECT_THAT(written, testing::Each(kAllLit));
+}
+
+INSTANTIATE_TEST_SUITE_P(Events, BreathingEvent,
+                         testing::Values(std::vector<std::uint16_t>{kSync},
+                                         std::vector<std::uint16_t>{kEnabled},
+                                         std::vector<std::uint16_t>{kGesture, kSync},
+                                         std::vector<std::uint16_t>{kDisabled, kEnabled}));
+
+TEST_F(BreathingEvent, AGestureOnlyPausesTheReports) {
+    OpenBreathing();
+    Receive(InputReport({kGesture}));
+    EXPECT_THAT(Written(), IsEmpty());
+    ReceiveFirmwareState(0);
+    session_.SetButtonLight(0, true);
+    EXPECT_THAT(Written(), ElementsAre(LightReport({3, 0, 3, 3, 0, 3, 15}, 0x0F)));
+}
+
+// --- hosts ---------------------------------------------------------------------------------------
+
+class EventCallback : public InputTest, public testing::WithParamInterface<std::uint16_t> {};
+
+TEST_P(EventCallback, MayCallEveryOperationOfTheSession) {
+    OpenAndLight();
+    HostCallbacks::DuringStatusChange([this] {
+        HostCallbacks::DuringStatusChange(nullptr);
+        session_.Enable(false);
+        session_.Enable(true);
+        session_.Activate(5);
+        session_.Activate(1);
+        session_.EnableButton(0, true);
+        session_.SetButtonVisible(0, true);
+        session_.SetButtonLight(0, true);
+        session_.SetButtonBreathing(2, true);
+        session_.SetBrightness(9);
+        session_.SetClickMode(1, 300);
+        session_.UpdateVelaState();
+        session_.IsDetachable();
+        bool connected = false;
+        session_.GetDeviceConnectState(connected);
+        session_.SetStatusChangeCallback(nullptr);
+    });
+    Receive(InputReport({GetParam()}));
+    EXPECT_GE(HostCallbacks::Calls().size(), 1U);
+    HostCallbacks::Reset();
+    Receive(InputReport({GetParam()}));
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Events, EventCallback,
+                         testing::Values(kSync, kGesture, kEnabled, kDisabled));
+
+}  // namespace

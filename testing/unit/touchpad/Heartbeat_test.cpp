@@ -1,0 +1,145 @@
+// The heartbeat of a detachable touchpad. The suite that waits for it to beat is a slow one.
+#include <thread>
+
+#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/WaitForLogLine.h"
+
+namespace test_support {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr char kCreated[] = "HeartbeatThread created.";
+constexpr char kLeaved[] = "HeartbeatThread leaved.";
+
+class HeartbeatTest : public TouchpadTest {
+ protected:
+    bool WaitForCreated(std::size_t count = 1) { return WaitForLogLine(log_, kCreated, count); }
+    bool WaitForLeaved(std::size_t count = 1) { return WaitForLogLine(log_, kLeaved, count); }
+};
+
+TEST_F(HeartbeatTest, StartsWithTheActivationOfADetachableTouchpad) {
+    Open(DetachableLayout());
+    session_.Activate(0);
+    EXPECT_TRUE(WaitForCreated());
+}
+
+TEST_F(HeartbeatTest, IsNoneOnATouchpadThatCannotBeTakenOff) {
+    Open();
+    session_.Activate(0);
+    session_.Activate(4);
+    session_.Uninitialize();
+    EXPECT_THAT(LogOf("HeartbeatThread"), IsEmpty());
+}
+
+TEST_F(HeartbeatTest, IsReplacedByEachNewActivation) {
+    Open(DetachableLayout());
+    session_.Activate(0);
+    ASSERT_TRUE(WaitForCreated());
+    session_.Activate(1);
+    ASSERT_TRUE(WaitForCreated(2));
+    session_.Activate(4);
+    ASSERT_TRUE(WaitForLeaved(2));
+    EXPECT_THAT(LogOf("HeartbeatThread"),
+                ElementsAre(std::string("INFO HeartbeatThread: ") + kCreated,
+                            std::string("INFO HeartbeatThread: ") + kLeaved,
+                            std::string("INFO HeartbeatThread: ") + kCreated,
+                            std::string("INFO HeartbeatThread: ") + kLeaved));
+}
+
+class HeartbeatStopTest : public HeartbeatTest,
+                          public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(HeartbeatStopTest, LeavesAtOnceAndMayStartAgain) {
+    Open(DetachableLayout());
+    session_.Activate(0);
+    ASSERT_TRUE(WaitForCreated());
+    session_.Activate(GetParam());
+    EXPECT_TRUE(WaitForLeaved());
+    session_.Activate(0);
+    EXPECT_TRUE(WaitForCreated(2));
+}
+
+INSTANTIATE_TEST_SUITE_P(DeactivatedAndSuspended, HeartbeatStopTest, testing::Values(4U, 5U));
+
+TEST_F(HeartbeatTest, GoesOnInActivationStatesWithoutAMeaning) {
+    Open(DetachableLayout());
+    session_.Activate(0);
+    ASSERT_TRUE(WaitForCreated());
+    session_.Activate(2);
+    session_.Activate(3);
+    session_.Activate(1);  // joins it: only now has it left
+    EXPECT_TRUE(WaitForCreated(2));
+    EXPECT_TRUE(WaitForLeaved(1));
+}
+
+TEST_F(HeartbeatTest, MayBeRestartedFromSeveralThreads) {
+    Open(DetachableLayout());
+    std::thread other([this] {
+        for (std::uint32_t i = 0; i < 50; ++i) session_.Activate(i % 2);
+    });
+    for (std::uint32_t i = 0; i < 50; ++i) session_.Activate((i + 1) % 2);
+    other.join();
+    EXPECT_TRUE(session_.Uninitialize());
+}
+
+TEST_F(HeartbeatTest, LeftOverAtTheEndOfTheSessionEndsTheProcess) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    EXPECT_DEATH(
+        {
+            vela::CTandrelHID session;
+            Plug(DetachableLayout());
+            session.Initialize(vela::ScanHIDInformation(&session));
+            session.Activate(0);
+            session.Uninitialize();
+        },
+        "");
+}
+
+class SlowHeartbeatTest : public HeartbeatTest {
+ protected:
+    // The next report, which comes with the next beat.
+    Bytes NextBeat() {
+        device_->ForgetOutputs();
+        for (int tries = 0; tries < 3; ++tries) {
+            if (device_->WaitForOutputs(1)) return device_->Outputs()[0];
+        }
+        return {};
+    }
+};
+
+TEST_F(SlowHeartbeatTest, SendsTheLastReportAgain) {
+    OpenAndLight(DetachableLayout());
+    EXPECT_EQ(NextBeat(), LightReport({0, 3, 3, 3, 0, 3}, 0xF));
+    EXPECT_EQ(NextBeat(), LightReport({0, 3, 3, 3, 0, 3}, 0xF));
+}
+
+TEST_F(SlowHeartbeatTest, TellsABreathingLightToGoOn) {
+    OpenAndLight(DetachableLayout());
+    session_.EnableButtonBreathing(2, true);
+    session_.SetButtonBreathing(2, true);
+    ASSERT_EQ(OutputNumber(1), LightReport({0, 3, 3, 3, 0, 3, 8}, 0xF));
+    EXPECT_EQ(NextBeat(), LightReport({0, 3, 3, 3, 0, 3, 15}, 0xF));
+}
+
+TEST_F(SlowHeartbeatTest, AsksForTheStateWhileTemporarilyDisabled) {
+    OpenAndLight(DetachableLayout());
+    device_->SendInput(InputReport({0x45}));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
+    EXPECT_EQ(NextBeat(), RequestReport());
+}
+
+TEST_F(SlowHeartbeatTest, SendsNothingToATouchpadThatIsNotThere) {
+    OpenAndLight(DetachableLayout());
+    machine_.FailAlways("HidD_GetPreparsedData", Fault::Error(1167));
+    machine_.ForgetCalls();
+    // The beat asks for the connection and leaves it at that.
+    ASSERT_TRUE(machine_.WaitForCalls("HidD_GetPreparsedData", 1) ||
+                machine_.WaitForCalls("HidD_GetPreparsedData", 1) ||
+                machine_.WaitForCalls("HidD_GetPreparsedData", 1));
+    EXPECT_EQ(machine_.CountCalls("WriteFile"), 0U);
+}
+
+}  // namespace
+}  // namespace test_support

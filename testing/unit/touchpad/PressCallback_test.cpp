@@ -1,0 +1,103 @@
+// What a host may do inside its button press callback.
+#include <thread>
+
+#include "testing/kit/InputTest.h"
+
+namespace {
+
+using test_support::Bytes;
+using test_support::HostCallbacks;
+using test_support::InputReport;
+using test_support::InputTest;
+using test_support::LightReport;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// All four buttons shown, the camera's light on.
+const Bytes kCameraOn = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
+const std::string kCameraSwitchedOn = "INFO SetButtonLight: SetButtonLight for BUTTON_ID 0 (1)";
+
+class PressCallbackTest : public InputTest {
+ protected:
+    void PressCamera() { ASSERT_NO_FATAL_FAILURE(Receive(InputReport({0x41}))); }
+};
+
+TEST_F(PressCallbackTest, TheHostMaySetTheLightItselfInActivationStateOne) {
+    OpenAndLight({}, 1);
+    HostCallbacks::DuringButtonPress([this] { session_.SetButtonLight(0, true); });
+    PressCamera();
+    EXPECT_THAT(Written(), ElementsAre(kCameraOn));
+    PressCamera();
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1", "press 0 0"));
+}
+
+TEST_F(PressCallbackTest, TheLightIsSwitchedAfterTheCallback) {
+    OpenAndLight();
+    HostCallbacks::DuringButtonPress([this] {
+        session_.SetButtonLight(0, false);
+        session_.SetBrightness(5);
+    });
+    PressCamera();
+    EXPECT_THAT(Written(), ElementsAre(LightReport({0, 5, 5, 5, 0, 5, 0}, 0x0F),
+                                       LightReport({5, 0, 5, 5, 0, 5, 0}, 0x0F)));
+}
+
+TEST_F(PressCallbackTest, TheNewLightIsThatOfThePressWhateverTheCallbackSet) {
+    OpenAndLight();
+    HostCallbacks::DuringButtonPress([this] { session_.SetButtonLight(0, true); });
+    PressCamera();
+    EXPECT_THAT(LogOf("SetButtonLight"), ElementsAre(kCameraSwitchedOn, kCameraSwitchedOn));
+}
+
+TEST_F(PressCallbackTest, TheActivationStateCountsAsTheCallbackLeftIt) {
+    OpenAndLight();
+    HostCallbacks::DuringButtonPress([this] { session_.Activate(1); });
+    PressCamera();
+    EXPECT_THAT(LogOf("SetButtonLight"), IsEmpty());
+}
+
+TEST_F(PressCallbackTest, TheCallbackMayCallEveryOperationOfTheSession) {
+    OpenAndLight();
+    HostCallbacks::DuringButtonPress([this] {
+        session_.Enable(false);
+        session_.Enable(true);
+        session_.Activate(5);
+        session_.Activate(0);
+        session_.EnableButton(1, false);
+        session_.EnableButtonBreathing(2, true);
+        session_.SetButtonVisible(3, false);
+        session_.SetButtonLight(0, true);
+        session_.SetButtonBreathing(2, true);
+        session_.SetBrightness(9);
+        session_.SetClickMode(1, 300);
+        session_.GetClickMode();
+        session_.UpdateVelaState();
+        session_.IsButtonEnabled(0);
+        session_.IsDetachable();
+        bool connected = false;
+        session_.GetDeviceConnectState(connected);
+        session_.SetButtonPressCallback(nullptr);
+    });
+    PressCamera();
+    EXPECT_THAT(HostCallbacks::Calls(), testing::Contains("press 0 1"));
+    HostCallbacks::Reset();
+    PressCamera();
+    EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
+}
+
+TEST_F(PressCallbackTest, ASlowCallbackDoesNotHoldUpOtherThreadsOfTheHost) {
+    OpenAndLight();
+    bool done = false;
+    HostCallbacks::DuringButtonPress([&] {
+        std::thread host([&] {
+            session_.SetButtonLight(1, true);
+            session_.Activate(1);
+            done = session_.UpdateVelaState();
+        });
+        host.join();
+    });
+    PressCamera();
+    EXPECT_TRUE(done);
+}
+
+}  // namespace

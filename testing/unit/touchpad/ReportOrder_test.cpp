@@ -1,0 +1,130 @@
+// Reports of several threads: the touchpad gets them in the order in which they were composed, so
+// that the last one shows all that was set before.
+#include <atomic>
+#include <chrono>
+#include <optional>
+#include <thread>
+#include <vector>
+
+#include "testing/kit/CompositionTest.h"
+
+namespace {
+
+using simulator::WriteBehaviour;
+using test_support::Bytes;
+using test_support::CompositionTest;
+using test_support::LightReport;
+using test_support::RequestReport;
+using test_support::SetValueCall;
+using test_support::WrittenReports;
+using testing::ElementsAre;
+
+const Bytes kCameraOn = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
+const Bytes kCameraAndMicrophoneOn = LightReport({3, 0, 3, 3, 3, 0, 0}, 0x0F);
+
+class ReportOrderTest : public CompositionTest {
+ protected:
+    // Stops whoever composes a report next, when its camera and microphone are done, until another
+    // thread has composed and could have queued a newer one.
+    void SetTheNextComposerAside() {
+        machine_.SetFaultPolicy([this](const simulator::Call& call) {
+            if (call.Text() == SetValueCall(0x22, 3) && !setAside_.exchange(true)) {
+                while (!goOn_) std::this_thread::yield();
+                std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            }
+            return std::optional<simulator::Fault>();
+        });
+    }
+    void WaitUntilSetAside() {
+        while (!setAside_) std::this_thread::yield();
+    }
+
+    std::atomic<bool> setAside_{false};
+    std::atomic<bool> goOn_{false};
+};
+
+TEST_F(ReportOrderTest, AComposerThatIsSetAsideDoesNotQueueAnOldReportLast) {
+    OpenAndLight();
+    SetTheNextComposerAside();
+    std::thread camera([this] { session_.SetButtonLight(0, true); });
+    WaitUntilSetAside();
+    std::thread microphone([this] {
+        goOn_ = true;
+        session_.SetButtonLight(1, true);
+    });
+    camera.join();
+    microphone.join();
+    EXPECT_THAT(WrittenReports(session_, *device_), ElementsAre(kCameraOn, kCameraAndMicrophoneOn));
+}
+
+TEST_F(ReportOrderTest, AStateRequestDoesNotOvertakeTheReportBeingComposed) {
+    OpenAndLight();
+    SetTheNextComposerAside();
+    std::thread camera([this] { session_.SetButtonLight(0, true); });
+    WaitUntilSetAside();
+    goOn_ = true;
+    session_.UpdateVelaState();
+    camera.join();
+    ASSERT_TRUE(device_->WaitForOutputs(2));
+    EXPECT_THAT(device_->Outputs(), ElementsAre(kCameraOn, RequestReport()));
+}
+
+TEST_F(ReportOrderTest, NobodyWaitsForAComposerThatIsSetAside) {
+    OpenAndLight();
+    SetTheNextComposerAside();
+    std::thread camera([this] { session_.SetButtonLight(0, true); });
+    WaitUntilSetAside();
+    EXPECT_TRUE(session_.SetButtonLight(1, true));
+    EXPECT_TRUE(session_.UpdateVelaState());
+    EXPECT_TRUE(session_.Uninitialize());
+    EXPECT_EQ(device_->Outputs().back(), test_support::BlankReport());
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    device_->ForgetOutputs();
+    // What the next session shows does not wait for it either.
+    EXPECT_TRUE(session_.Enable(true));
+    EXPECT_TRUE(device_->WaitForOutputs(1));
+    goOn_ = true;
+    camera.join();
+    EXPECT_THAT(WrittenReports(session_, *device_), testing::Not(testing::Contains(kCameraOn)));
+}
+
+// Each has composed its report when the next one comes, and all wait for a slow touchpad.
+TEST_F(ReportOrderTest, CallersThatWaitForAWriteQueueAsTheyComposed) {
+    OpenAndLight();
+    device_->SetWriteBehaviour(WriteBehaviour::Hold);
+    session_.SetBrightness(10);
+    ASSERT_TRUE(device_->WaitForHeldWrites());
+    std::vector<std::thread> callers;
+    std::vector<Bytes> expected;
+    for (std::uint8_t level = 11; level < 19; ++level) {
+        const std::size_t composed = machine_.CountCalls("HidP_SetUsages");
+        callers.emplace_back([this, level] { session_.SetBrightness(level); });
+        EXPECT_TRUE(machine_.WaitForCalls("HidP_SetUsages", composed + 1));
+        expected.push_back(LightReport({0, level, level, level, 0, level, 0}, 0x0F));
+    }
+    device_->SetWriteBehaviour(WriteBehaviour::Pend);
+    device_->CompleteHeldWrites();
+    for (std::thread& caller : callers) caller.join();
+    std::vector<Bytes> written = WrittenReports(session_, *device_);
+    ASSERT_FALSE(written.empty());
+    written.erase(written.begin());
+    EXPECT_EQ(written, expected);
+}
+
+TEST_F(ReportOrderTest, ThreadsThatChangeLightsAtOnceLeaveWhatAllOfThemSet) {
+    OpenAndLight();
+    for (int round = 0; round < 50; ++round) {
+        const bool on = round % 2 == 0;
+        std::vector<std::thread> hosts;
+        for (std::uint32_t button = 0; button < 2; ++button) {
+            hosts.emplace_back([this, button, on] { session_.SetButtonLight(button, on); });
+        }
+        for (std::thread& host : hosts) host.join();
+        const std::vector<Bytes> written = WrittenReports(session_, *device_);
+        ASSERT_FALSE(written.empty());
+        ASSERT_EQ(written.back(),
+                  on ? kCameraAndMicrophoneOn : LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,86 @@
+// Threads that the system refuses: opening is raised as the exception that says so, and leaves
+// nothing behind.
+#include <dlfcn.h>
+#include <pthread.h>
+
+#include <atomic>
+#include <cerrno>
+#include <limits>
+#include <system_error>
+
+#include "testing/kit/TouchpadTest.h"
+
+namespace {
+
+constexpr int kAll = (std::numeric_limits<int>::max)();
+
+std::atomic<int> threadsLeft{kAll};
+
+}  // namespace
+
+// Stands before the C library's function, for a process that may start only so many threads more.
+extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
+                              void* (*start)(void*), void* argument) noexcept {
+    if (threadsLeft == 0) return EAGAIN;
+    if (threadsLeft != kAll) --threadsLeft;
+    static const auto create =
+        reinterpret_cast<decltype(&pthread_create)>(dlsym(RTLD_NEXT, "pthread_create"));
+    return create(thread, attributes, start, argument);
+}
+
+namespace test_support {
+namespace {
+
+using testing::Each;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+class ThreadStart : public TouchpadTest {
+ protected:
+    // Opens the plugged touchpad while the process may start `count` threads.
+    void OpenWithThreads(int count) {
+        const auto information = vela::ScanHIDInformation(&session_);
+        threadsLeft = count;
+        EXPECT_THROW(session_.Initialize(information), std::system_error);
+        threadsLeft = kAll;
+    }
+};
+
+class OpeningWithTooFewThreads : public ThreadStart, public testing::WithParamInterface<int> {};
+
+TEST_P(OpeningWithTooFewThreads, ClosesTheTouchpadAgain) {
+    Plug();
+    OpenWithThreads(GetParam());
+    EXPECT_FALSE(session_.IsInitialized());
+    EXPECT_EQ(session_.Information(), nullptr);
+    EXPECT_THAT(machine_.OpenHandles(), Each(Not(StartsWith("file"))));
+    EXPECT_EQ(device_->PendingReads(), 0U);
+    EXPECT_FALSE(session_.Uninitialize());
+    EXPECT_THAT(machine_.Misuse(), IsEmpty());
+}
+
+TEST_P(OpeningWithTooFewThreads, DoesNotKeepTheNextOneFromIt) {
+    Plug();
+    OpenWithThreads(GetParam());
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    device_->SendInput(InputReport({0x45}));
+    EXPECT_TRUE(device_->WaitForPendingReads());
+    EXPECT_TRUE(session_.Uninitialize());
+}
+
+// Without the reader; with a reader but no writer.
+INSTANTIATE_TEST_SUITE_P(Threads, OpeningWithTooFewThreads, testing::Values(0, 1));
+
+TEST_F(ThreadStart, OfTheHeartbeatIsRaisedToWhoActivates) {
+    Open(DetachableLayout());
+    threadsLeft = 0;
+    EXPECT_THROW(session_.Activate(vela::kActive), std::system_error);
+    threadsLeft = kAll;
+    EXPECT_FALSE(session_.IsActivated());
+    EXPECT_TRUE(session_.Activate(vela::kActive));
+    EXPECT_TRUE(session_.IsActivated());
+}
+
+}  // namespace
+}  // namespace test_support

@@ -1,0 +1,121 @@
+#include "testing/unit/velactl/Velactl.h"
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace velactl_test {
+namespace {
+
+constexpr DWORD kPatienceMs = 30000;
+constexpr std::chrono::seconds kPatience{10};
+
+std::filesystem::path ScratchFile(const wchar_t* name) {
+    return std::filesystem::temp_directory_path() /
+           (L"velactl-test-" + std::to_wstring(GetCurrentProcessId()) + name);
+}
+
+HANDLE CreateInheritable(const std::filesystem::path& file) {
+    SECURITY_ATTRIBUTES inherit{sizeof(inherit), nullptr, TRUE};
+    const HANDLE handle =
+        CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherit,
+                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) throw std::runtime_error("cannot create a scratch file");
+    return handle;
+}
+
+std::string Read(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    std::string text = bytes.str();
+    text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
+    return text;
+}
+
+}  // namespace
+
+std::filesystem::path ProgramFolder() {
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return std::filesystem::path(path).parent_path();
+}
+
+Velactl::Velactl(const std::wstring& arguments)
+    : output_(ScratchFile(L".out")), errors_(ScratchFile(L".err")) {
+    const std::wstring program = (ProgramFolder() / "velactl.exe").wstring();
+    std::wstring commandLine = L"\"" + program + L"\" " + arguments;
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = CreateInheritable(output_);
+    startup.hStdError = CreateInheritable(errors_);
+    const bool started = CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
+                                        0, nullptr, nullptr, &startup, &process_);
+    CloseHandle(startup.hStdOutput);
+    CloseHandle(startup.hStdError);
+    if (!started) throw std::runtime_error("cannot start velactl");
+}
+
+Velactl::~Velactl() {
+    TerminateProcess(process_.hProcess, 1);
+    WaitForSingleObject(process_.hProcess, kPatienceMs);
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+    std::error_code ignored;
+    std::filesystem::remove(output_, ignored);
+    std::filesystem::remove(errors_, ignored);
+}
+
+bool Velactl::WaitForOutput(const std::string& part) const {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (Output().find(part) == std::string::npos) {
+        if (std::chrono::steady_clock::now() >= end) return false;
+        Sleep(10);
+    }
+    return true;
+}
+
+// There is no console here through which to send it: it is made as a console makes it, by a thread
+// that runs the system's routine. System libraries are at the same place in every process.
+void Velactl::Interrupt() const {
+    const FARPROC routine = GetProcAddress(GetModuleHandleW(L"kernelbase.dll"), "CtrlRoutine");
+    const HANDLE thread = CreateRemoteThread(
+        process_.hProcess, nullptr, 0,
+        reinterpret_cast<LPTHREAD_START_ROUTINE>(reinterpret_cast<void*>(routine)),
+        nullptr,  // CTRL_C_EVENT
+        0, nullptr);
+    if (thread == nullptr) throw std::runtime_error("cannot interrupt velactl");
+    CloseHandle(thread);
+}
+
+DWORD Velactl::Wait() const {
+    WaitForSingleObject(process_.hProcess, kPatienceMs);
+    DWORD exitCode = STILL_ACTIVE;
+    GetExitCodeProcess(process_.hProcess, &exitCode);
+    return exitCode;
+}
+
+std::string Velactl::Output() const { return Read(output_); }
+
+std::string Velactl::Errors() const { return Read(errors_); }
+
+std::vector<Json> Velactl::Results() const {
+    std::vector<Json> results;
+    std::istringstream lines(Output());
+    for (std::string line; std::getline(lines, line);) {
+        Json result = Json::parse(line, nullptr, false);
+        if (!result.is_discarded()) results.push_back(std::move(result));
+    }
+    return results;
+}
+
+Finished::Finished(const Velactl& program)
+    : exitCode(program.Wait()),
+      output(program.Output()),
+      errors(program.Errors()),
+      results(program.Results()) {}
+
+}  // namespace velactl_test

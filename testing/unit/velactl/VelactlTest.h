@@ -1,0 +1,50 @@
+// The stage of velactl's tests with devices. Nothing is plugged in at first.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "testing/acceptance/LitLights.h"
+#include "testing/unit/velactl/Velactl.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
+
+namespace velactl_test {
+
+using virtual_touchpad::HapticLayout;
+using virtual_touchpad::Lights;
+using virtual_touchpad::TouchpadControl;
+using virtual_touchpad::TouchpadLayout;
+
+constexpr std::chrono::seconds kPatience{10};
+
+class VelactlTest : public testing::Test {
+ protected:
+    VelactlTest() { virtual_touchpad::UnplugAll(); }
+    ~VelactlTest() override {
+        touchpad_.reset();
+        virtual_touchpad::UnplugAll();
+    }
+
+    void Plug(const TouchpadLayout& layout = {}) {
+        path_ = virtual_touchpad::Plug(layout);
+        touchpad_ = std::make_unique<TouchpadControl>(virtual_touchpad::kDefaultName, layout);
+    }
+    TouchpadControl& Touchpad() { return *touchpad_; }
+    // As UTF-8; HID paths are plain letters and digits.
+    std::string Path() const { return {path_.begin(), path_.end()}; }
+
+    template <typename Wanted>
+    bool WaitForLights(Wanted wanted) {
+        return touchpad_->Device().WaitForState(
+            [&](const VirtualHidState&) { return wanted(touchpad_->CurrentLights()); }, kPatience);
+    }
+
+ private:
+    std::wstring path_;
+    std::unique_ptr<TouchpadControl> touchpad_;
+};
+
+}  // namespace velactl_test

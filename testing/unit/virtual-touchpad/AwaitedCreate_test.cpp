@@ -1,0 +1,30 @@
+#include "testing/virtual-touchpad/control/AwaitedCreate.h"
+
+#include <gtest/gtest.h>
+
+#include "testing/unit/virtual-touchpad/HostFile.h"
+#include "testing/unit/virtual-touchpad/PluggedTouchpad.h"
+
+namespace virtual_touchpad {
+namespace {
+
+// Stays in force for the tests that follow in this process; they see a refused open one step
+// earlier.
+TEST(AwaitedCreate, ARefusedOpenFailsAtCreateFile) {
+    AwaitCreateAnswers(GetModuleHandleW(nullptr));
+    PluggedTouchpad touchpad;
+    HostFile holder(touchpad.Path(), kReadWrite, kExclusive);
+    ASSERT_TRUE(holder.IsOpen());
+    SetLastError(ERROR_SUCCESS);
+    HostFile refused(touchpad.Path());
+    EXPECT_FALSE(refused.IsOpen());
+    EXPECT_EQ(GetLastError(), ERROR_SHARING_VIOLATION);
+    EXPECT_TRUE(HostFile(touchpad.Path(), 0).IsOpen());
+}
+
+TEST(AwaitedCreate, AModuleWithoutCreateFileIsRefused) {
+    EXPECT_THROW(AwaitCreateAnswers(GetModuleHandleW(L"ntdll.dll")), std::runtime_error);
+}
+
+}  // namespace
+}  // namespace virtual_touchpad
