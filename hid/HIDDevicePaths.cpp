@@ -1,11 +1,11 @@
-// Enumerates the HID device interfaces of the machine through the device installation library.
+#include "hid/HIDDevicePaths.h"
+
 #include <windows.h>
 
 #include <setupapi.h>
 
 #include <memory>
 
-#include "hid/HIDDiscovery.h"
 #include "hid/HidHeaders.h"
 #include "log/ILog.h"
 

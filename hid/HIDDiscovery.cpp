@@ -1,6 +1,7 @@
 #include "hid/HIDDiscovery.h"
 
 #include "hid/Examination.h"
+#include "hid/HIDDevicePaths.h"
 #include "log/ILog.h"
 
 namespace vela {

@@ -2,16 +2,11 @@
 #pragma once
 
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "hid/HIDInformation.h"
 #include "hid/IDiscoveryQuery.h"
 
 namespace vela {
-
-// Paths of the HID device interfaces that are present, in the system's enumeration order.
-std::vector<std::wstring> GetHidDevicePathList();
 
 // Walks the present interfaces and returns the record of the first that fits one of the query's
 // filters and whose capability catalogue fills. Never null: when nothing fits, or the query is

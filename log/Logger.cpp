@@ -3,46 +3,20 @@
 #include <windows.h>
 
 #include <cstdarg>
-#include <cstdio>
+#include <ctime>
+#include <sstream>
 #include <utility>
 
+#include "log/LogFile.h"
+#include "log/LogText.h"
 #include "platform/Lock.h"
 #include "platform/ProcessEnd.h"
 
 namespace vela {
 namespace {
 
-// All but a few of the agent's own texts fit.
-constexpr std::size_t kShortText = 256;
-
-// The text of one that is too long for a short one: measured first. Empty also when it cannot be
-// formatted.
-std::string FormatLongText(const char* format, va_list arguments) {
-    va_list again;
-    va_copy(again, arguments);
-    const int length = _vscprintf(format, arguments);
-    std::string text;
-    if (length > 0) {
-        // The formatter ends the text with a null character.
-        text.resize(static_cast<std::size_t>(length) + 1);
-        const int written = _vsnprintf(text.data(), text.size(), format, again);
-        text.resize(written > 0 ? static_cast<std::size_t>(written) : 0);
-    }
-    va_end(again);
-    return text;
-}
-
-std::string FormatText(const char* format, va_list arguments) {
-    char buffer[kShortText];
-    va_list again;
-    va_copy(again, arguments);
-    const int written = _vsnprintf(buffer, kShortText, format, arguments);
-    // Negative: the text is longer, or cannot be formatted, which measuring it will tell.
-    std::string text = written >= 0 ? std::string(buffer, static_cast<std::size_t>(written))
-                                    : FormatLongText(format, again);
-    va_end(again);
-    return text;
-}
+// 5 MiB: a support engineer can still mail the file and its backup.
+constexpr std::uint64_t kMaximumFileSize = 0x500000;
 
 }  // namespace
 
@@ -132,6 +106,81 @@ void Logger::EnqueueLogEntry(std::uint32_t level, std::string message, bool writ
     if (stop_) return;
     queue_.push_back({level, std::move(message), write, functionName});
     queueCondition_.notify_all();
+}
+
+void Logger::LogThreadProc() {
+    while (!stop_) {
+        LogEntry entry{};
+        {
+            const Lock queueLock(queueMutex_);
+            while (queue_.empty() && !stop_) queueCondition_.wait(queueMutex_);
+            if (stop_) break;
+            entry = std::move(queue_.front());
+            queue_.pop_front();
+        }
+        WriteLogEntry(entry);
+    }
+    FlushLogQueue();
+}
+
+// Once the stop flag is set nothing is queued any more, so that this is all there is.
+void Logger::FlushLogQueue() {
+    std::deque<LogEntry> rest;
+    {
+        const Lock queueLock(queueMutex_);
+        rest.swap(queue_);
+    }
+    for (const LogEntry& entry : rest) WriteLogEntry(entry);
+}
+
+void Logger::WriteLogEntry(const LogEntry& entry) {
+    if (!entry.write) return;
+    if (logPath_.empty()) return;
+    CheckErrorLogSize();
+
+    const Lock fileLock(fileMutex_);
+    // Opened anew for every line, so that rotation and outside readers never meet an open handle.
+    const LogFile file(logPath_);
+    file.Append(FormatLogLine(entry.level, entry.message, entry.functionName));
+}
+
+std::string Logger::FormatLogLine(std::uint32_t level, const std::string& message,
+                                  const std::string& functionName) const {
+    const __time64_t now = _time64(nullptr);
+    std::tm localTime{};
+    _localtime64_s(&localTime, &now);
+    char timeText[80] = {};
+    std::strftime(timeText, sizeof(timeText), "%Y-%m-%d %H:%M:%S", &localTime);
+
+    std::ostringstream line;
+    line << '[' << timeText << "] {" << levelNames_.at(level);
+    if (!functionName.empty()) line << " @ " << functionName;
+    line << "} " << message << std::endl;
+    return line.str();
+}
+
+void Logger::CheckErrorLogSize() {
+    if (logPath_.empty()) return;
+    // One query, made for every line, tells both: whether there is a file, and its size.
+    std::uint64_t size = 0;
+    if (LogFile::GetSize(logPath_, size)) {
+        if (size > kMaximumFileSize) BackupLogFile();
+        return;
+    }
+    const DWORD error = GetLastError();
+    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return;
+    // A debug entry, which is never written: a warning here would itself query the size again.
+    EnqueueLogEntry(kLogDebug, "file_size failed, GetLastError(" + std::to_string(error) + ")",
+                    false, "CheckErrorLogSize");
+}
+
+// Keeps one generation. Neither result is tested: a backup that cannot be made only lets the file
+// grow, and the next line tries again.
+void Logger::BackupLogFile() {
+    const std::wstring backupPath = logPath_ + L".old";
+    const Lock fileLock(fileMutex_);
+    DeleteFileW(backupPath.c_str());
+    MoveFileW(logPath_.c_str(), backupPath.c_str());
 }
 
 }  // namespace vela

@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "VelaAgentVersion.h"
-#include "hid/HIDDiscovery.h"
+#include "hid/HIDDevicePaths.h"
 #include "hid/VendorList.h"
 #include "tools/velactl/EventQueue.h"
 #include "tools/velactl/FileVersion.h"

@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "tools/velapanel/Action.h"
 #include "tools/velapanel/Palette.h"
-#include "testing/virtual-touchpad/control/TouchpadControl.h"
 
 namespace velapanel {
 

@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
-#include "tools/velapanel/ReportFields.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
+#include "tools/velapanel/ReportFields.h"
 
 namespace velapanel {
 

@@ -1,4 +1,5 @@
 // Which device paths the machine's HID interfaces give, and what is asked of the platform for them.
+#include "hid/HIDDevicePaths.h"
 #include "testing/unit/hid/HidTest.h"
 
 namespace hid_test {

@@ -3,7 +3,7 @@
 #include <tuple>
 
 #include "haptic/HapticDiscovery.h"
-#include "hid/HIDDiscovery.h"
+#include "hid/HIDDevicePaths.h"
 #include "tools/velactl/Command.h"
 #include "tools/velactl/HidCollections.h"
 #include "tools/velactl/Text.h"
