@@ -1,0 +1,7 @@
+# The headers that clang-tidy judges in a build that runs it (preset native-clang). Those that are C
+# too are left out: include/, testing/simulator/include/.
+if(CMAKE_CXX_CLANG_TIDY)
+  list(JOIN VELA_LIBRARY_FOLDERS "|" folders)
+  list(APPEND CMAKE_CXX_CLANG_TIDY
+    "--header-filter=/(${folders}|simulator(/api|/hid)?|virtual-touchpad/descriptor)/[A-Za-z]+\\.h$")
+endif()
