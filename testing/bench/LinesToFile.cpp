@@ -5,11 +5,11 @@
 #include <stdexcept>
 #include <vector>
 
+#include "log/ILog.h"
 #include "testing/bench/BareLines.h"
 #include "testing/bench/LogFolder.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Stopwatch.h"
-#include "log/ILog.h"
 
 namespace bench {
 namespace {

@@ -1,8 +1,8 @@
 // The agent's logger, writing to a folder of its own while this lives.
 #pragma once
 
-#include "testing/bench/LogFolder.h"
 #include "log/ILog.h"
+#include "testing/bench/LogFolder.h"
 
 namespace bench {
 

@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
+#include "hid/HIDDiscovery.h"
 #include "testing/bench/BareScan.h"
 #include "testing/bench/Stopwatch.h"
-#include "hid/HIDDiscovery.h"
 #include "touchpad/TandrelHID.h"
 
 namespace bench {

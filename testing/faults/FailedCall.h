@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "testing/simulator/Calls.h"
 #include "testing/faults/CallWatch.h"
 #include "testing/faults/Outcome.h"
+#include "testing/simulator/Calls.h"
 
 namespace faults {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "testing/simulator/Calls.h"
 #include "testing/faults/CallWatch.h"
+#include "testing/simulator/Calls.h"
 
 namespace faults {
 

@@ -3,10 +3,10 @@
 #include <fstream>
 #include <optional>
 
+#include "include/VelaAgent.h"
 #include "testing/fuzz/FuzzDevice.h"
 #include "testing/fuzz/FuzzSessions.h"
 #include "testing/fuzz/LogFolder.h"
-#include "include/VelaAgent.h"
 #include "testing/kit/HostCallbacks.h"
 
 namespace fuzz {

@@ -1,7 +1,7 @@
 // The steps of which the inputs are made: every export, and what may happen to the devices
 // meanwhile.
-#include "testing/fuzz/CallStage.h"
 #include "include/VelaAgent.h"
+#include "testing/fuzz/CallStage.h"
 #include "testing/kit/HostCallbacks.h"
 
 namespace fuzz {

@@ -2,9 +2,9 @@
 
 #include <map>
 
-#include "testing/fuzz/FuzzDevice.h"
 #include "include/VelaAgent.h"
 #include "interface/Singletons.h"
+#include "testing/fuzz/FuzzDevice.h"
 
 namespace {
 

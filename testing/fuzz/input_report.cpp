@@ -1,10 +1,10 @@
 // Input reports of any length and content into an open session: the host is told what the reports
 // say, in their order, and the reader goes on.
+#include "include/VelaAgent.h"
 #include "testing/fuzz/Check.h"
 #include "testing/fuzz/FuzzInput.h"
 #include "testing/fuzz/InputLayouts.h"
 #include "testing/fuzz/SessionModel.h"
-#include "include/VelaAgent.h"
 #include "testing/kit/HostCallbacks.h"
 
 namespace {

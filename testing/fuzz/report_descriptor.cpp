@@ -2,10 +2,10 @@
 // used and closed again, with nothing left open.
 #include <algorithm>
 
+#include "include/VelaAgent.h"
 #include "testing/fuzz/Check.h"
 #include "testing/fuzz/FuzzDevice.h"
 #include "testing/fuzz/FuzzInput.h"
-#include "include/VelaAgent.h"
 #include "testing/kit/HostCallbacks.h"
 
 namespace {

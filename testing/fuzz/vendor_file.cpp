@@ -6,13 +6,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "include/VelaAgent.h"
+#include "interface/Singletons.h"
 #include "testing/fuzz/Check.h"
 #include "testing/fuzz/FuzzDevice.h"
 #include "testing/fuzz/FuzzInput.h"
 #include "testing/fuzz/LogFolder.h"
 #include "testing/fuzz/VendorFileModel.h"
-#include "include/VelaAgent.h"
-#include "interface/Singletons.h"
 #include "testing/kit/LibraryFolder.h"
 
 namespace {

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "hid/HIDDiscovery.h"
-#include "testing/simulator/Machine.h"
 #include "testing/kit/AgentLog.h"
 #include "testing/kit/HostCallbacks.h"
-#include "touchpad/TandrelHID.h"
+#include "testing/simulator/Machine.h"
 #include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "touchpad/TandrelHID.h"
 
 namespace test_support {
 

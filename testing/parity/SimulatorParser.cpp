@@ -1,5 +1,5 @@
-#include "testing/simulator/hid/ReportDescriptor.h"
 #include "testing/parity/PreparsedData.h"
+#include "testing/simulator/hid/ReportDescriptor.h"
 
 namespace parity {
 

@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "testing/fuzz/FuzzDevice.h"
 #include "include/VelaAgent.h"
+#include "testing/fuzz/FuzzDevice.h"
 #include "testing/soak/Figures.h"
 #include "testing/soak/ProcessFigures.h"
 #include "testing/soak/SessionOwner.h"

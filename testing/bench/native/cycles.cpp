@@ -2,11 +2,11 @@
 // leave behind.
 #include <malloc.h>
 
+#include "hid/HIDDiscovery.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
 #include "testing/bench/native/Stage.h"
-#include "hid/HIDDiscovery.h"
 
 namespace {
 

@@ -2,11 +2,11 @@
 // last.
 #include <stdexcept>
 
+#include "hid/HIDDiscovery.h"
 #include "testing/bench/BareScan.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/ScanInTurns.h"
 #include "testing/bench/native/Stage.h"
-#include "hid/HIDDiscovery.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "testing/acceptance/AgentDll.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
-#include "testing/acceptance/AgentDll.h"
 
 namespace {
 

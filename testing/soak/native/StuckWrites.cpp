@@ -6,8 +6,8 @@
 #include <string>
 #include <thread>
 
-#include "testing/fuzz/FuzzDevice.h"
 #include "include/VelaAgent.h"
+#include "testing/fuzz/FuzzDevice.h"
 #include "testing/soak/native/Situations.h"
 
 namespace soak {

@@ -1,5 +1,5 @@
-#include "testing/soak/Agent.h"
 #include "testing/acceptance/AgentDll.h"
+#include "testing/soak/Agent.h"
 
 namespace soak {
 

@@ -8,8 +8,8 @@
 
 #include "haptic/HapticTouchpadHID.h"
 #include "hid/HIDDiscovery.h"
-#include "testing/simulator/Machine.h"
 #include "testing/kit/AgentLog.h"
+#include "testing/simulator/Machine.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 
 namespace test_support {

@@ -5,8 +5,8 @@
 #include <limits>
 #include <type_traits>
 
-#include "testing/unit/hid/HidTest.h"
 #include "testing/kit/WaitForLogLine.h"
+#include "testing/unit/hid/HidTest.h"
 
 namespace hid_test {
 namespace {

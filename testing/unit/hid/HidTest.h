@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "hid/HIDDiscovery.h"
-#include "testing/simulator/Machine.h"
 #include "testing/kit/AgentLog.h"
 #include "testing/kit/ScriptedQuery.h"
 #include "testing/kit/TouchpadTest.h"
+#include "testing/simulator/Machine.h"
 
 namespace hid_test {
 

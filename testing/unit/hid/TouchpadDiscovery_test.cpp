@@ -1,7 +1,7 @@
 // What the sessions find: the button touchpad of the vendors in "Vela.ini", and any haptic
 // touchpad.
-#include "testing/unit/hid/HidTest.h"
 #include "testing/kit/LibraryFolder.h"
+#include "testing/unit/hid/HidTest.h"
 
 namespace hid_test {
 namespace {

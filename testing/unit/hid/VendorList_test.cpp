@@ -1,8 +1,8 @@
 // The vendor ids of "Vela.ini", and the filters that follow from them.
 #include "hid/VendorList.h"
 
-#include "testing/unit/hid/HidTest.h"
 #include "testing/kit/LibraryFolder.h"
+#include "testing/unit/hid/HidTest.h"
 #include "touchpad/TouchpadDiscovery.h"
 
 namespace hid_test {

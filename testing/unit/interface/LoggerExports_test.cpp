@@ -5,8 +5,8 @@
 #include <filesystem>
 
 #include "include/VelaAgent.h"
-#include "testing/simulator/Machine.h"
 #include "testing/kit/AgentLog.h"
+#include "testing/simulator/Machine.h"
 
 namespace {
 

@@ -12,8 +12,8 @@
 #include <thread>
 
 #include "log/ILog.h"
-#include "testing/simulator/Machine.h"
 #include "testing/kit/AgentLog.h"
+#include "testing/simulator/Machine.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <fstream>
 
 #include "log/ILog.h"
-#include "testing/simulator/Machine.h"
 #include "testing/kit/AgentLog.h"
+#include "testing/simulator/Machine.h"
 
 namespace {
 

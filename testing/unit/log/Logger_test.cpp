@@ -14,8 +14,8 @@
 
 #include "log/ILog.h"
 #include "log/Logger.h"
-#include "testing/simulator/Machine.h"
 #include "testing/kit/AgentLog.h"
+#include "testing/simulator/Machine.h"
 
 namespace {
 

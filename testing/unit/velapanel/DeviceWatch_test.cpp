@@ -3,9 +3,9 @@
 
 #include <windows.h>
 
-#include "tools/velapanel/DeviceWatch.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
+#include "tools/velapanel/DeviceWatch.h"
 
 extern "C" {
 #include <hidsdi.h>

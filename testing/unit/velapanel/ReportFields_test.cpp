@@ -1,8 +1,8 @@
 // Reports in words.
 #include <gmock/gmock.h>
 
-#include "tools/velapanel/ReportFields.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "tools/velapanel/ReportFields.h"
 
 namespace velapanel {
 namespace {
