@@ -1,5 +1,7 @@
 #include "log/LogText.h"
 
+#include <windows.h>
+
 #include <cstdio>
 
 namespace vela {

@@ -1,5 +1,5 @@
 // Every export that sets a button or a light, by what the touchpad then shows.
-#include "testing/acceptance/LightsText.h"
+#include "testing/kit/windows/LightsText.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
 namespace acceptance {
@@ -283,10 +283,10 @@ TEST_F(ButtonsTest, PressesTellTheHostAndTurnTheLightsThatAreTheLibrarys) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(OpenAnew());
     const auto pressAll = [this](std::size_t calls) {
-        for (const int usage : {0x41, 0x44, 0x43, 0x42}) {
+        for (const std::uint16_t usage : {kCameraButton, kMicrophoneButton, kChatButton, kShareScreenButton}) {
             Touchpad().Press(static_cast<std::uint16_t>(usage));
         }
-        EXPECT_TRUE(WaitForCallbackCalls(calls));
+        EXPECT_TRUE(HostCallbacks::WaitForCalls(calls));
     };
     pressAll(5);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) {
@@ -301,7 +301,7 @@ TEST_F(ButtonsTest, PressesTellTheHostAndTurnTheLightsThatAreTheLibrarys) {
     pressAll(13);
     EXPECT_EQ(LightsNow(),
               "camera 3/0 microphone 3/0 chat 0 share screen 3, active 124, breathing 0");
-    EXPECT_THAT(CallbackCalls(),
+    EXPECT_THAT(HostCallbacks::Calls(),
                 ElementsAre("status 0", "press 0 1", "press 1 1", "press 2 1", "press 3 1",
                             "press 0 0", "press 1 0", "press 2 0", "press 3 1", "status 1",
                             "press 0 1", "press 1 1", "press 3 1"));

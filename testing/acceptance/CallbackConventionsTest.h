@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
+#include "testing/kit/WaitUntil.h"
 
 namespace acceptance {
 
@@ -14,11 +15,6 @@ class CallbackConventionsTest : public TouchpadAcceptanceTest {
     // The callbacks get no argument of the host's own.
     static inline AgentDll* theAgent = nullptr;
 
-    static bool WaitFor(const std::function<bool()>& wanted) {
-        const auto deadline = std::chrono::steady_clock::now() + kPatience;
-        while (!wanted() && std::chrono::steady_clock::now() < deadline) Sleep(1);
-        return wanted();
-    }
     // Temporarily disabled by the gesture: EnableFeature(0) and UnInit then report status 0.
     void OpenDisabled(VelaStatusChangeCallback callback) {
         static std::atomic<bool> isDisabled{false};
@@ -28,8 +24,8 @@ class CallbackConventionsTest : public TouchpadAcceptanceTest {
         agent_.SetVelaStatusChangeCallback([](std::uint32_t status) {
             if (status == VELA_STATUS_TEMPORARILY_DISABLED) isDisabled = true;
         });
-        Touchpad().SendEvent(0x45);
-        ASSERT_TRUE(WaitFor([] { return isDisabled.load(); }));
+        Touchpad().SendEvent(kGesture);
+        ASSERT_TRUE(WaitUntil([] { return isDisabled.load(); }));
         agent_.SetVelaStatusChangeCallback(callback);
     }
     bool WaitUntilClosed() {

@@ -20,11 +20,11 @@ TEST_F(CallbackConventionsTest, WhatTheTouchpadReportsComesOnTheReaderThread) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     agent_.SetVelaButtonPressCallback([](std::uint32_t, std::uint32_t) { NoteThread(); });
     agent_.SetVelaStatusChangeCallback([](std::uint32_t) { NoteThread(); });
-    for (const int usage : {0x41, 0x42, 0x43, 0x44, 0x45, 0x40, 0x47, 0x46}) {
+    for (const std::uint16_t usage : {kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton, kGesture, kSync, kDisabled, kEnabled}) {
         Touchpad().SendEvent(static_cast<std::uint16_t>(usage));
     }
     Touchpad().SendFirmwareState(0x80);
-    ASSERT_TRUE(WaitFor([] { return threadsNoted == 9; }));
+    ASSERT_TRUE(WaitUntil([] { return threadsNoted == 9; }));
     EXPECT_EQ(std::set<DWORD>(threads.begin(), threads.end()).size(), 1U);
     EXPECT_NE(threads[0], GetCurrentThreadId());
 }
@@ -58,8 +58,8 @@ TEST_F(CallbackConventionsTest, WhatACallbackSetsHolds) {
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE), 1);
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE_HOST_SETS_LIGHTS), 1);
     EXPECT_THAT(later, ElementsAre(VELA_ACTIVE_HOST_SETS_LIGHTS));
-    Touchpad().Press(0x42);
-    EXPECT_TRUE(WaitFor([] { return pressed == VELA_BUTTON_SHARE_SCREEN; }));
+    Touchpad().Press(kShareScreenButton);
+    EXPECT_TRUE(WaitUntil([] { return pressed == VELA_BUTTON_SHARE_SCREEN; }));
     EXPECT_TRUE(WaitForLights([](const Lights& lights) {
         return lights.Brightness(0x26) == 9 && lights.Brightness(0x21) == 9;
     }));

@@ -3,7 +3,7 @@
 #include <thread>
 
 #include "testing/acceptance/ExportCalls.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
 namespace acceptance {
@@ -32,9 +32,7 @@ void CallNext() {
 }
 
 bool WaitForMore(const std::atomic<int>& counter, int before) {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    while (counter == before && std::chrono::steady_clock::now() < deadline) Sleep(1);
-    return counter == before + 1;
+    return WaitUntil([&] { return counter != before; }) && counter == before + 1;
 }
 
 // What makes the library call back, and on whose thread.
@@ -45,8 +43,8 @@ struct Occasion {
 };
 
 const Occasion kOccasions[] = {
-    {"Press", false, [](AgentDll&, TouchpadControl& touchpad) { touchpad.Press(0x41); }},
-    {"Sync", true, [](AgentDll&, TouchpadControl& touchpad) { touchpad.SendEvent(0x40); }},
+    {"Press", false, [](AgentDll&, TouchpadControl& touchpad) { touchpad.Press(kCameraButton); }},
+    {"Sync", true, [](AgentDll&, TouchpadControl& touchpad) { touchpad.SendEvent(kSync); }},
     {"FirmwareState", false,
      [](AgentDll&, TouchpadControl& touchpad) { touchpad.SendFirmwareState(0); }},
     {"Activate", false, [](AgentDll& agent, TouchpadControl&) { agent.Activate(2); }},
@@ -61,7 +59,7 @@ class CallbacksTest : public TouchpadAcceptanceTest,
     void MakeTheGesture() {
         const int before = gestures;
         agent_.SetVelaStatusChangeCallback([](std::uint32_t) { ++gestures; });
-        Touchpad().SendEvent(0x45);
+        Touchpad().SendEvent(kGesture);
         ASSERT_TRUE(WaitForMore(gestures, before));
     }
 };
@@ -112,7 +110,7 @@ TEST_F(CallbackTest, APressComesOnTheReaderThreadBeforeItsLight) {
         wasDark = AllFourLit(touchpad->CurrentLights());
         pressThread = GetCurrentThreadId();
     });
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x20) == 3; }));
     EXPECT_TRUE(wasDark);
     EXPECT_NE(pressThread, GetCurrentThreadId());
@@ -142,16 +140,16 @@ TEST_F(CallbackTest, PressesDuringASlowCallbackComeAfterItInTheirOrder) {
         WaitForSingleObject(mayLeave, INFINITE);
         pressed.push_back(button);
     });
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     ASSERT_EQ(WaitForSingleObject(entered, 10000), WAIT_OBJECT_0);
-    for (const int usage : {0x44, 0x43, 0x42, 0x44}) {
+    for (const std::uint16_t usage : {kMicrophoneButton, kChatButton, kShareScreenButton, kMicrophoneButton}) {
         Touchpad().Press(static_cast<std::uint16_t>(usage));
     }
     // The end of the queue; the host is told on the same thread.
-    Touchpad().SendEvent(0x40);
+    Touchpad().SendEvent(kSync);
     SetEvent(mayLeave);
-    ASSERT_TRUE(WaitForCallbackCalls(2));
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "status 0"));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "status 0"));
     EXPECT_THAT(pressed, ElementsAre(0, 1, 2, 3, 1));
 }
 
@@ -166,8 +164,8 @@ TEST_F(CallbackTest, ACallbackMayBeTakenBackByItself) {
         ++presses;
         agent->SetVelaButtonPressCallback(nullptr);
     });
-    Touchpad().Press(0x41);
-    Touchpad().Press(0x44);
+    Touchpad().Press(kCameraButton);
+    Touchpad().Press(kMicrophoneButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x26) == 3; }));
     EXPECT_EQ(presses, 1);
 }

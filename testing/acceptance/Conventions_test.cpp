@@ -4,10 +4,9 @@
 #include <limits>
 #include <thread>
 
-#include "testing/acceptance/LightsText.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LightsText.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -138,8 +137,8 @@ TEST_F(ConventionsTest, TheCallingOrderMayBeRepeated) {
         EXPECT_TRUE(AllDark(Touchpad().CurrentLights()));
         if (isFull) agent_.UnInitLogger();
     }
-    EXPECT_EQ(CountLogLine(log_, "{INFO @ Activate} Activate HID (0)"), 2U);
-    EXPECT_EQ(CountLogLine(log_, "{INFO @ UnInitialize} Logger::UnInitialize"), 3U);
+    EXPECT_EQ(log_.CountLines("{INFO @ Activate} Activate HID (0)"), 2U);
+    EXPECT_EQ(log_.CountLines("{INFO @ UnInitialize} Logger::UnInitialize"), 3U);
 }
 
 // Convention 6: of most calls without a session the false result is the whole report.

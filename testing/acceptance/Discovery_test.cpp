@@ -1,7 +1,7 @@
 // Which of several HID devices is taken for the touchpad. Wine has two of its own at all times.
 #include "testing/acceptance/FurtherDevice.h"
 #include "testing/acceptance/HidPaths.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 #include "testing/virtual-touchpad/control/AwaitedCreate.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"

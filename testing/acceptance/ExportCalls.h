@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "testing/acceptance/AgentDll.h"
+#include "testing/kit/windows/AgentDll.h"
 
 namespace acceptance {
+
+using namespace kit;
 
 struct ExportCall {
     const char* name;

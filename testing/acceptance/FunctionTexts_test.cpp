@@ -3,8 +3,8 @@
 #include <thread>
 
 #include "testing/acceptance/DetachableTouchpad.h"
-#include "testing/acceptance/LightsText.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LightsText.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
 namespace acceptance {
@@ -36,9 +36,9 @@ TEST_F(FunctionTextsTest, InitBesideAnotherThreadsUnInitFindsTheSessionOpenOrOpe
     EXPECT_EQ(Touchpad().Device().Opens(), 1U);
     LightAll();
     ExpectLights(kAllLit);
-    Touchpad().Press(0x43);
-    EXPECT_TRUE(WaitForCallbackCalls(2));
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "press 2 1"));
+    Touchpad().Press(kChatButton);
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(2));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "press 2 1"));
     EXPECT_EQ(agent_.UnInit(), 1);
     EXPECT_TRUE(AllDark(Touchpad().CurrentLights()));
 }
@@ -62,11 +62,11 @@ TEST_F(FunctionTextsTest, ANullCallbackClears) {
     agent_.SetVelaStatusChangeCallback(nullptr);
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE_HOST_SETS_LIGHTS), 1);
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE), 1);
-    Touchpad().SendEvent(0x45);
-    Touchpad().SendEvent(0x40);
-    Touchpad().Press(0x41);
+    Touchpad().SendEvent(kGesture);
+    Touchpad().SendEvent(kSync);
+    Touchpad().Press(kCameraButton);
     ExpectLights("camera 0/3 microphone 3/0 chat 3 share screen 3, active 1234, breathing 0");
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0"));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0"));
 }
 
 TEST_F(FunctionTextsTest, SwitchingTheFeatureOffEndsTheBreathing) {
@@ -82,10 +82,10 @@ TEST_F(FunctionTextsTest, SwitchingTheFeatureOffEndsTheBreathing) {
 
 TEST_F(FunctionTextsTest, SwitchingTheFeatureOffEndsATemporaryDisable) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
-    Touchpad().SendEvent(0x45);
-    ASSERT_TRUE(WaitForCallbackCalls(2));
+    Touchpad().SendEvent(kGesture);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
     EXPECT_EQ(agent_.EnableFeature(0), 1);
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "status 2", "status 0"));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "status 2", "status 0"));
     ExpectLights(kAllDark);
     EXPECT_EQ(agent_.EnableFeature(1), 1);
     ExpectLights(kAllLit);
@@ -94,14 +94,14 @@ TEST_F(FunctionTextsTest, SwitchingTheFeatureOffEndsATemporaryDisable) {
 // The disable ends only together with its report to the host.
 TEST_F(FunctionTextsTest, WithoutAStatusCallbackATemporaryDisableOutlastsTheFeature) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
-    Touchpad().SendEvent(0x45);
-    ASSERT_TRUE(WaitForCallbackCalls(2));
+    Touchpad().SendEvent(kGesture);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
     agent_.SetVelaStatusChangeCallback(nullptr);
     const std::uint64_t before = Touchpad().Device().LastSequence();
     EXPECT_EQ(agent_.EnableFeature(0), 1);
     EXPECT_EQ(agent_.EnableFeature(1), 1);
     agent_.SetVelaBrightness(9);
-    Touchpad().SendEvent(0x40);
+    Touchpad().SendEvent(kSync);
     const auto report =
         Touchpad().Device().WaitForOutput(virtual_touchpad::IsLightReport, kPatience, before);
     ASSERT_TRUE(report);
@@ -114,7 +114,7 @@ TEST_F(FunctionTextsTest, ActivateReportsEveryValueButTheCurrentOneAndDeactivate
     for (const std::uint32_t activation : {4U, 0U, 0U, 1U, 7U, 7U, 5U, 0xFFFFFFFFU, 4U, 4U}) {
         EXPECT_EQ(agent_.Activate(activation), 1) << activation;
     }
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "status 1", "status 7", "status 5",
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "status 1", "status 7", "status 5",
                                              "status 4294967295", "status 4", "status 4"));
 }
 
@@ -128,15 +128,15 @@ TEST_F(FunctionTextsTest, ChangesThatTheTouchpadMakesAreReportedWhileActiveOnly)
     for (const std::uint32_t activation : {4U, 5U, 2U}) {
         EXPECT_EQ(agent_.Activate(activation), 1);
         if (activation != 4) calls.push_back("status " + std::to_string(activation));
-        for (const int usage : {0x45, 0x40, 0x47, 0x46}) {
+        for (const std::uint16_t usage : {kGesture, kSync, kDisabled, kEnabled}) {
             Touchpad().SendEvent(static_cast<std::uint16_t>(usage));
         }
         Touchpad().SendFirmwareState(0x20);
         Touchpad().SendFirmwareState(0);
-        Touchpad().Press(0x43);
+        Touchpad().Press(kChatButton);
         calls.emplace_back("press 2 1");
-        ASSERT_TRUE(WaitForCallbackCalls(calls.size()));
-        EXPECT_EQ(CallbackCalls(), calls);
+        ASSERT_TRUE(HostCallbacks::WaitForCalls(calls.size()));
+        EXPECT_EQ(HostCallbacks::Calls(), calls);
     }
 }
 

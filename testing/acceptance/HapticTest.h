@@ -6,12 +6,14 @@
 
 #include <memory>
 
-#include "testing/acceptance/AgentDll.h"
-#include "testing/acceptance/AgentLogFile.h"
+#include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/virtual-touchpad/control/VirtualDevice.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace acceptance {
+
+using namespace kit;
 
 using virtual_touchpad::HapticFields;
 using virtual_touchpad::HapticLayout;

@@ -1,8 +1,7 @@
 // The heartbeat of a detachable touchpad, which may have lost its state while it was off.
 #include "testing/acceptance/DetachableTouchpad.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -19,11 +18,11 @@ TEST_F(HeartbeatTest, BeginsWithTheActivationAndEndsWithTheSession) {
     Plug(DetachableTouchpad());
     ASSERT_NO_FATAL_FAILURE(Open());
     EXPECT_EQ(agent_.EnableFeature(1), 1);
-    EXPECT_EQ(CountLogLine(log_, kCreated), 0U);
+    EXPECT_EQ(log_.CountLines(kCreated), 0U);
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE), 1);
-    EXPECT_TRUE(WaitForLogLine(log_, kCreated));
+    EXPECT_TRUE(log_.WaitForLine(kCreated));
     EXPECT_EQ(agent_.UnInit(), 1);
-    EXPECT_TRUE(WaitForLogLine(log_, kLeaved));
+    EXPECT_TRUE(log_.WaitForLine(kLeaved));
 }
 
 TEST_F(HeartbeatTest, ATouchpadThatStaysHasNone) {
@@ -43,13 +42,13 @@ TEST_F(HeartbeatTest, EveryActivationBeginsItAnew) {
     ASSERT_NO_FATAL_FAILURE(Open());
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE), 1);
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE_HOST_SETS_LIGHTS), 1);
-    EXPECT_TRUE(WaitForLogLine(log_, kCreated, 2));
-    EXPECT_EQ(CountLogLine(log_, kLeaved), 1U);
+    EXPECT_TRUE(log_.WaitForLine(kCreated, 2));
+    EXPECT_EQ(log_.CountLines(kLeaved), 1U);
     // The same again does nothing.
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE_HOST_SETS_LIGHTS), 1);
     EXPECT_EQ(agent_.UnInit(), 1);
-    EXPECT_TRUE(WaitForLogLine(log_, kLeaved, 2));
-    EXPECT_EQ(CountLogLine(log_, kCreated), 2U);
+    EXPECT_TRUE(log_.WaitForLine(kLeaved, 2));
+    EXPECT_EQ(log_.CountLines(kCreated), 2U);
 }
 
 class HeartbeatStopTest : public TouchpadAcceptanceTest,
@@ -63,9 +62,9 @@ TEST_P(HeartbeatStopTest, EndsAndAnActivationBeginsItAgain) {
     ASSERT_NO_FATAL_FAILURE(Open());
     for (std::size_t round = 1; round <= 3; ++round) {
         EXPECT_EQ(agent_.Activate(VELA_ACTIVE), 1);
-        EXPECT_TRUE(WaitForLogLine(log_, kCreated, round));
+        EXPECT_TRUE(log_.WaitForLine(kCreated, round));
         EXPECT_EQ(agent_.Activate(GetParam()), 1);
-        EXPECT_TRUE(WaitForLogLine(log_, kLeaved, round));
+        EXPECT_TRUE(log_.WaitForLine(kLeaved, round));
     }
 }
 
@@ -76,7 +75,7 @@ TEST_F(HeartbeatTest, OtherActivationsLeaveItRunning) {
     EXPECT_EQ(agent_.Activate(2), 1);
     EXPECT_EQ(agent_.Activate(3), 1);
     EXPECT_EQ(agent_.Activate(VELA_DEACTIVATED), 1);
-    EXPECT_TRUE(WaitForLogLine(log_, kLeaved));
+    EXPECT_TRUE(log_.WaitForLine(kLeaved));
     EXPECT_EQ(agent_.UnInit(), 1);
     agent_.UnInitLogger();
     const std::vector<std::string> lines = log_.Lines();
@@ -125,9 +124,9 @@ TEST_F(SlowHeartbeatTest, TellsABreathingLightToGoOnAndAStoppedOneNothing) {
 // The touchpad's firmware drives the lights then; its state is what may have been lost.
 TEST_F(SlowHeartbeatTest, AsksForTheStateWhileTemporarilyDisabled) {
     ASSERT_NO_FATAL_FAILURE(OpenLit(DetachableTouchpad()));
-    Touchpad().SendEvent(0x45);
-    ASSERT_TRUE(WaitForCallbackCalls(2));
-    ASSERT_EQ(CallbackCalls().back(), "status 2");
+    Touchpad().SendEvent(kGesture);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
+    ASSERT_EQ(HostCallbacks::Calls().back(), "status 2");
     const auto beat = NextBeat();
     ASSERT_EQ(beat.size(), 1U);
     EXPECT_TRUE(virtual_touchpad::IsStateRequest(beat[0]));

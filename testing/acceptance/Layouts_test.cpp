@@ -1,5 +1,5 @@
 // The touchpads of the field, each opened, lit, pressed and closed.
-#include "testing/acceptance/LightsText.h"
+#include "testing/kit/windows/LightsText.h"
 #include "testing/acceptance/VendorFileTest.h"
 
 namespace acceptance {
@@ -118,12 +118,12 @@ INSTANTIATE_TEST_SUITE_P(, TouchpadsTest, testing::ValuesIn(kTouchpads),
                          [](const auto& test) { return test.param.name; });
 
 TEST_P(TouchpadsTest, ShowLightsAndReportPresses) {
-    for (const int usage : {0x41, 0x44, 0x43, 0x42}) {
+    for (const std::uint16_t usage : {kCameraButton, kMicrophoneButton, kChatButton, kShareScreenButton}) {
         Touchpad().Press(static_cast<std::uint16_t>(usage));
     }
     std::vector<std::string> calls = {"status 0", "press 0 1", "press 1 1", "press 2 1",
                                       "press 3 1"};
-    EXPECT_TRUE(WaitForCallbackCalls(calls.size()));
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(calls.size()));
     ExpectLights("camera 0/3 microphone 0/3 chat 3 share screen 3, active 1234, breathing 0");
 
     EXPECT_EQ(agent_.EnableChatBreathing(1), 1);
@@ -133,47 +133,47 @@ TEST_P(TouchpadsTest, ShowLightsAndReportPresses) {
     ExpectLights(
         "camera 0/200 microphone 0/200 chat 200 share screen 200, active 1234, breathing 15");
 
-    Touchpad().SendEvents({0x41, 0x42, 0x43, 0x44});
+    Touchpad().SendEvents({kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton});
     calls.insert(calls.end(), {"press 0 0", "press 3 1", "press 2 1", "press 1 0"});
-    EXPECT_TRUE(WaitForCallbackCalls(calls.size()));
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(calls.size()));
     ExpectLights(
         "camera 200/0 microphone 200/0 chat 200 share screen 200, active 1234, breathing 15");
-    EXPECT_EQ(CallbackCalls(), calls);
+    EXPECT_EQ(HostCallbacks::Calls(), calls);
 }
 
 TEST_P(TouchpadsTest, TellTheirStatus) {
     std::vector<std::string> calls = {"status 0", "status 2"};
-    Touchpad().SendEvent(0x45);
-    EXPECT_TRUE(WaitForCallbackCalls(calls.size()));
+    Touchpad().SendEvent(kGesture);
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(calls.size()));
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);  // waits for the end of the gesture
 
-    Touchpad().SendEvent(0x46);
+    Touchpad().SendEvent(kEnabled);
     calls.push_back(GetParam().sendsFirmwareState ? "status 2" : "status 0");
-    EXPECT_TRUE(WaitForCallbackCalls(calls.size()));
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(calls.size()));
     ExpectLights(GetParam().sendsFirmwareState
                      ? kAllLit
                      : "camera 0/3 microphone 3/0 chat 3 share screen 3, active 1234, breathing 0");
 
-    Touchpad().SendEvent(0x40);
+    Touchpad().SendEvent(kSync);
     Touchpad().SendFirmwareState(0xA0);
     Touchpad().SendFirmwareState(0x20);
-    Touchpad().SendEvent(0x47);
+    Touchpad().SendEvent(kDisabled);
     Touchpad().SendFirmwareState(0x00);
-    Touchpad().SendEvent(0x46);
+    Touchpad().SendEvent(kEnabled);
     calls.push_back("status 0");
     if (GetParam().sendsFirmwareState) calls.insert(calls.end(), {"status 3", "status 2"});
     calls.push_back("status 3");
     if (GetParam().sendsFirmwareState) calls.push_back("status 0");
     calls.push_back("status 0");
-    EXPECT_TRUE(WaitForCallbackCalls(calls.size()));
-    EXPECT_EQ(CallbackCalls(), calls);
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(calls.size()));
+    EXPECT_EQ(HostCallbacks::Calls(), calls);
     ExpectLights("camera 0/3 microphone 3/0 chat 3 share screen 3, active 1234, breathing 0");
 
     // The last event's own report is queued behind its callback; one still on its way would be
     // written after the session's last words. The press is told when it is queued, and other lights
     // show when it is written.
-    Touchpad().Press(0x42);
-    EXPECT_TRUE(WaitForCallbackCalls(calls.size() + 1));
+    Touchpad().Press(kShareScreenButton);
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(calls.size() + 1));
     agent_.SetVelaBrightness(4);
     ExpectLights("camera 0/4 microphone 4/0 chat 4 share screen 4, active 1234, breathing 0");
 }
@@ -268,11 +268,11 @@ TEST_P(MissingLightTest, LeavesTheOthersAndThePressesAlone) {
     EXPECT_EQ(agent_.EnableChatBreathing(1), 1);
     EXPECT_EQ(agent_.SetButtonBreathing(VELA_BUTTON_CHAT, 1), 1);
     ExpectLights(GetParam().off);
-    for (const int usage : {0x41, 0x42, 0x43, 0x44}) {
+    for (const std::uint16_t usage : {kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton}) {
         Touchpad().Press(static_cast<std::uint16_t>(usage));
     }
-    EXPECT_TRUE(WaitForCallbackCalls(5));
-    EXPECT_THAT(CallbackCalls(), testing::ElementsAre("status 0", "press 0 1", "press 3 1",
+    EXPECT_TRUE(HostCallbacks::WaitForCalls(5));
+    EXPECT_THAT(HostCallbacks::Calls(), testing::ElementsAre("status 0", "press 0 1", "press 3 1",
                                                       "press 2 1", "press 1 1"));
     ExpectLights(GetParam().on);
     EXPECT_EQ(agent_.UnInit(), 1);

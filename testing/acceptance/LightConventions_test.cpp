@@ -3,10 +3,9 @@
 #include <atomic>
 #include <thread>
 
-#include "testing/acceptance/LightsText.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LightsText.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -51,9 +50,9 @@ TEST_F(LightConventionsTest, AfterUnInitTheLightsAreDarkWhateverWasStillQueued) 
         }
         const std::string closing =
             "{INFO @ Uninitialize} ================= Uninitialize starts. =================";
-        const std::size_t before = CountLogLine(log_, closing);
+        const std::size_t before = log_.CountLines(closing);
         std::thread closer([this] { EXPECT_EQ(agent_.UnInit(), 1); });
-        EXPECT_TRUE(WaitForLogLine(log_, closing, before + 1));
+        EXPECT_TRUE(log_.WaitForLine(closing, before + 1));
         Touchpad().Device().HoldWrites(false);
         closer.join();
         EXPECT_TRUE(AllDark(Touchpad().CurrentLights()));
@@ -75,10 +74,10 @@ class DisabledTouchpadTest : public LightConventionsTest,
                              public testing::WithParamInterface<Disable> {};
 
 const Disable kDisables[] = {
-    {"Temporarily", [](TouchpadControl& pad) { pad.SendEvent(0x45); }, "status 2",
-     [](TouchpadControl& pad) { pad.SendEvent(0x40); }, true},
-    {"ByItsSwitch", [](TouchpadControl& pad) { pad.SendEvent(0x47); }, "status 3",
-     [](TouchpadControl& pad) { pad.SendEvent(0x46); }, true},
+    {"Temporarily", [](TouchpadControl& pad) { pad.SendEvent(kGesture); }, "status 2",
+     [](TouchpadControl& pad) { pad.SendEvent(kSync); }, true},
+    {"ByItsSwitch", [](TouchpadControl& pad) { pad.SendEvent(kDisabled); }, "status 3",
+     [](TouchpadControl& pad) { pad.SendEvent(kEnabled); }, true},
     {"ByItsFirmware", [](TouchpadControl& pad) { pad.SendFirmwareState(0x80); }, "status 3",
      [](TouchpadControl& pad) { pad.SendFirmwareState(0); }, false},
 };
@@ -89,16 +88,16 @@ INSTANTIATE_TEST_SUITE_P(, DisabledTouchpadTest, testing::ValuesIn(kDisables),
 TEST_P(DisabledTouchpadTest, ChangesReturn1AndAreShownByTheFirstLightReportAfterwards) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     GetParam().begin(Touchpad());
-    ASSERT_TRUE(WaitForCallbackCalls(2));
-    EXPECT_EQ(CallbackCalls().back(), GetParam().status);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
+    EXPECT_EQ(HostCallbacks::Calls().back(), GetParam().status);
     const std::uint64_t before = Touchpad().Device().LastSequence();
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
     EXPECT_EQ(agent_.SetButtonVisible(VELA_BUTTON_CHAT, 0), 1);
     EXPECT_EQ(agent_.EnableSingleButton(VELA_BUTTON_SHARE_SCREEN, 0), 1);
     agent_.SetVelaBrightness(9);
     GetParam().end(Touchpad());
-    ASSERT_TRUE(WaitForCallbackCalls(3));
-    EXPECT_EQ(CallbackCalls().back(), "status 0");
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(3));
+    EXPECT_EQ(HostCallbacks::Calls().back(), "status 0");
     if (!GetParam().endQueuesAReport) {
         EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
     }
@@ -113,11 +112,11 @@ TEST_P(DisabledTouchpadTest, ChangesReturn1AndAreShownByTheFirstLightReportAfter
 TEST_P(DisabledTouchpadTest, BreathingThatIsStartedMeanwhileIsStoppedByAnEventThatEndsIt) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     GetParam().begin(Touchpad());
-    ASSERT_TRUE(WaitForCallbackCalls(2));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
     EXPECT_EQ(agent_.EnableChatBreathing(1), 1);
     EXPECT_EQ(agent_.SetButtonBreathing(VELA_BUTTON_CHAT, 1), 1);
     GetParam().end(Touchpad());
-    ASSERT_TRUE(WaitForCallbackCalls(3));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(3));
     agent_.SetVelaBrightness(9);
     // The event may still be handled: its callback comes before its own light report.
     EXPECT_TRUE(WaitForLights([](const Lights& lights) {

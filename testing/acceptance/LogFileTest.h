@@ -7,10 +7,12 @@
 #include <fstream>
 #include <sstream>
 
-#include "testing/acceptance/AgentDll.h"
-#include "testing/acceptance/AgentLogFile.h"
+#include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/LogFolder.h"
 
 namespace acceptance {
+
+using namespace kit;
 
 constexpr std::uintmax_t kLogSizeLimit = 5 * 1024 * 1024;
 // What UnInit logs without a session: the shortest way to one line.

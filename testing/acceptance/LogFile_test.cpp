@@ -4,7 +4,6 @@
 #include <iomanip>
 
 #include "testing/acceptance/LogFileTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -41,7 +40,7 @@ TEST_F(LogFileTest, EveryLineLoggedBeforeIsInTheFileAtTheEnd) {
     agent_.InitLogger(folder_.Path().c_str());
     for (int i = 0; i < 1000; ++i) agent_.UnInit();
     agent_.UnInitLogger();
-    EXPECT_EQ(CountLogLine(folder_, kLine), 1000U);
+    EXPECT_EQ(folder_.CountLines(kLine), 1000U);
     EXPECT_EQ(folder_.Lines().back(), kLastLine);
 }
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <thread>
 
-#include "testing/acceptance/ChildProcess.h"
+#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/LogFileTest.h"
 
 namespace acceptance {

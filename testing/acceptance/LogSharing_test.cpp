@@ -1,7 +1,6 @@
 // The agent's log file while other programs have it open.
-#include "testing/acceptance/ChildProcess.h"
+#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/LogFileTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -48,7 +47,7 @@ TEST_F(LogSharingTest, AReaderMayHoldItOpenAndSeesTheLinesCome) {
     agent_.InitLogger(folder_.Path().c_str());
     for (std::size_t i = 0; i < 3; ++i) {
         agent_.UnInit();
-        ASSERT_TRUE(WaitForLogLine(folder_, kLine, 2 + i));
+        ASSERT_TRUE(folder_.WaitForLine(kLine, 2 + i));
         EXPECT_THAT(reader.Rest(), EndsWith(std::string(kLine) + "\r\n"));
     }
     agent_.UnInitLogger();
@@ -106,7 +105,7 @@ TEST_F(TwoProcessesLog, ToOneDirectoryWithEveryLineOfBoth) {
     SetEvent(start_);
     agent_.InitLogger(folder_.Path().c_str());
     agent_.UnInit();
-    ASSERT_TRUE(WaitForLogLine(folder_, kLine));
+    ASSERT_TRUE(folder_.WaitForLine(kLine));
     ChildProcess other("LogsManyLines", folder_.Path());
     EXPECT_EQ(other.Wait(), 0U);
     agent_.UnInit();
@@ -124,7 +123,7 @@ TEST_F(TwoProcessesLog, AtOnceWithoutHoldingEachOtherUp) {
     SetEvent(start_);
     EXPECT_EQ(one.Wait(), 0U);
     EXPECT_EQ(other.Wait(), 0U);
-    EXPECT_GE(CountLogLine(folder_, kLine), kLinesOfAProcess / 2);
+    EXPECT_GE(folder_.CountLines(kLine), kLinesOfAProcess / 2);
     LogOneLine();
     EXPECT_THAT(folder_.Text(), EndsWith(std::string(kLastLine) + "\r\n"));
 }

@@ -1,5 +1,5 @@
 // A whole meeting on the real HID stack: everything that a host and a person do with one touchpad.
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
 namespace acceptance {
@@ -18,18 +18,18 @@ TEST_F(MeetingTest, LightsPressesBreathingGestureClickModeAndLeaving) {
     EXPECT_TRUE(WaitForLights(AllFourLit));
 
     // The camera's and the microphone's light follow their presses; the others' do not.
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) {
         return lights.Brightness(0x20) == 3 && lights.Brightness(0x21) == 0;
     }));
-    Touchpad().Press(0x44);
+    Touchpad().Press(kMicrophoneButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) {
         return lights.Brightness(0x26) == 3 && lights.Brightness(0x27) == 0;
     }));
-    Touchpad().Press(0x43);
-    Touchpad().Press(0x42);
-    ASSERT_TRUE(WaitForCallbackCalls(5));
-    EXPECT_THAT(CallbackCalls(),
+    Touchpad().Press(kChatButton);
+    Touchpad().Press(kShareScreenButton);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(5));
+    EXPECT_THAT(HostCallbacks::Calls(),
                 ElementsAre("status 0", "press 0 1", "press 1 1", "press 2 1", "press 3 1"));
 
     EXPECT_EQ(agent_.EnableChatBreathing(1), 1);
@@ -41,12 +41,12 @@ TEST_F(MeetingTest, LightsPressesBreathingGestureClickModeAndLeaving) {
     EXPECT_EQ(agent_.SetButtonBreathing(VELA_BUTTON_CHAT, 0), 1);
     EXPECT_TRUE(WaitForLights(AllFourLit));
 
-    Touchpad().SendEvent(0x45);
-    ASSERT_TRUE(WaitForCallbackCalls(6));
-    EXPECT_EQ(CallbackCalls().back(), "status 2");
-    Touchpad().SendEvent(0x40);
-    ASSERT_TRUE(WaitForCallbackCalls(7));
-    EXPECT_EQ(CallbackCalls().back(), "status 0");
+    Touchpad().SendEvent(kGesture);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(6));
+    EXPECT_EQ(HostCallbacks::Calls().back(), "status 2");
+    Touchpad().SendEvent(kSync);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(7));
+    EXPECT_EQ(HostCallbacks::Calls().back(), "status 0");
 
     EXPECT_EQ(agent_.SetClickMode(1, 300), 1);
     EXPECT_EQ(agent_.GetClickMode(), 1U);
@@ -67,7 +67,7 @@ TEST_F(MeetingTest, LeavesItsStoryInTheLog) {
     EXPECT_EQ(agent_.EnableSingleButton(VELA_BUTTON_CAMERA, 1), 1);
     EXPECT_EQ(agent_.SetButtonVisible(VELA_BUTTON_CAMERA, 1), 1);
     agent_.SetVelaBrightness(9);
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x20) == 9; }));
     EXPECT_EQ(agent_.SetClickMode(1, 300), 1);
     EXPECT_EQ(agent_.GetClickMode(), 1U);
@@ -130,7 +130,7 @@ TEST_F(MeetingTest, CallbacksMayCallBackIntoTheLibrary) {
     agent_.SetVelaButtonPressCallback([](std::uint32_t button, std::uint32_t newLight) {
         agent->SetButtonLight(button, static_cast<VELA_BOOL>(newLight));
     });
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x20) == 3; }));
 }
 
@@ -147,7 +147,7 @@ TEST_F(MeetingTest, StrayArgumentsDoNoHarm) {
     agent_.SetVelaBrightness(300);
     EXPECT_EQ(agent_.GetVelaBrightness(), 44U);
     EXPECT_EQ(agent_.SetClickMode(7, 5), 1);
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     EXPECT_EQ(agent_.UnInit(), 1);
 }
 

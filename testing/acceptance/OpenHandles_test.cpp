@@ -1,5 +1,5 @@
 // What a host process has open after many sessions, and after the library was unloaded.
-#include "testing/acceptance/OpenHandles.h"
+#include "testing/kit/windows/OpenHandles.h"
 
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"

@@ -1,9 +1,8 @@
 // The touchpad and its mutex while other processes have them. The others are child processes.
-#include "testing/acceptance/ChildProcess.h"
+#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/FurtherDevice.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 #include "testing/virtual-touchpad/control/AwaitedCreate.h"
 
 namespace acceptance {
@@ -103,9 +102,7 @@ class OtherProcessTest : public TouchpadAcceptanceTest {
         return ERROR_SUCCESS;
     }
     static bool WaitForMutexError(DWORD error) {
-        const auto deadline = std::chrono::steady_clock::now() + kPatience;
-        while (MutexError() != error && std::chrono::steady_clock::now() < deadline) Sleep(5);
-        return MutexError() == error;
+        return WaitUntil([error] { return MutexError() == error; });
     }
     static bool WaitForOpens(const virtual_touchpad::VirtualDevice& device, std::uint32_t count) {
         return device.WaitForState(
@@ -134,7 +131,7 @@ TEST_P(HeldTouchpadTest, IsPresentButNotOpenedUntilItIsReleased) {
     ChildProcess other(GetParam(), othersLog_.Path());
     ASSERT_TRUE(WaitForOpens(1));
     EXPECT_EQ(agent_.Init(), VELA_INIT_HELD_BY_OTHER);
-    EXPECT_TRUE(WaitForLogLine(log_, kRefusedLine));
+    EXPECT_TRUE(log_.WaitForLine(kRefusedLine));
     EXPECT_EQ(agent_.IsVelaPresent(), 1);
     EXPECT_EQ(agent_.UnInit(), 0);
 
@@ -162,7 +159,7 @@ TEST_F(OtherProcessTest, AnotherHostsSessionIsNotDisturbed) {
     EXPECT_EQ(agent_.EnableFeature(1), 0);
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_MICROPHONE, 1), 0);
     EXPECT_EQ(agent_.UnInit(), 0);
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) {
         return lights.Brightness(0x20) == 3 && lights.Brightness(0x26) == 0;
     }));
@@ -179,7 +176,7 @@ TEST_F(OtherProcessTest, AnotherHostFindsThisOnesTouchpadHeld) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     ChildProcess other("FindsItHeld", othersLog_.Path());
     EXPECT_EQ(other.Wait(), 0U);
-    EXPECT_EQ(CountLogLine(othersLog_, kRefusedLine), 1U);
+    EXPECT_EQ(othersLog_.CountLines(kRefusedLine), 1U);
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x20) == 3; }));
 }
@@ -199,13 +196,13 @@ TEST_F(OtherProcessTest, TwoHostsMayHaveATouchpadEach) {
     LightAll();
     EXPECT_TRUE(ownLights(AllFourLit));
 
-    Touchpad().Press(0x44);
+    Touchpad().Press(kMicrophoneButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x26) == 3; }));
     EXPECT_TRUE(AllFourLit(ownControl.CurrentLights()));
-    ownControl.Press(0x41);
+    ownControl.Press(kCameraButton);
     EXPECT_TRUE(ownLights([](const Lights& lights) { return lights.Brightness(0x20) == 3; }));
     EXPECT_EQ(Touchpad().CurrentLights().Brightness(0x20), 0);
-    EXPECT_THAT(CallbackCalls(), testing::ElementsAre("status 0", "press 0 1"));
+    EXPECT_THAT(HostCallbacks::Calls(), testing::ElementsAre("status 0", "press 0 1"));
 
     SetEvent(release_);
     EXPECT_EQ(other.Wait(), 0U);

@@ -4,7 +4,6 @@
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/FurtherDevice.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -152,8 +151,7 @@ TEST_F(DetachableTest, TheNameIsReadOnceAndKeptForLaterTouchpads) {
     EXPECT_EQ(agent_.IsDetachable(), 0);
     EXPECT_EQ(agent_.UnInit(), 1);
     agent_.UnInitLogger();
-    EXPECT_EQ(CountLogLine(log_, "{INFO @ IsDetachable} Product string: vela virtual touchpad"),
-              1U);
+    EXPECT_EQ(log_.CountLines("{INFO @ IsDetachable} Product string: vela virtual touchpad"), 1U);
     EXPECT_THAT(log_.Lines(), testing::Not(Contains("{INFO @ IsDetachable} Product string: vela "
                                                     "detachable touchpad")));
 }

@@ -2,12 +2,11 @@
 #include <atomic>
 #include <thread>
 
-#include "testing/acceptance/ChildProcess.h"
+#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/HapticTest.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -174,7 +173,7 @@ TEST_F(HostProcessTest, KilledFromOutsideItLeavesLinesAndLightsAsTheyWere) {
     Plug();
     ChildProcess host("WaitsOpen", hostsLog.Path());
     ASSERT_TRUE(
-        WaitForLogLine(hostsLog, "{INFO @ SetButtonVisible} SetButtonVisible for BUTTON_ID 0 (1)"));
+        hostsLog.WaitForLine("{INFO @ SetButtonVisible} SetButtonVisible for BUTTON_ID 0 (1)"));
     const auto cameraIsLit = [](const Lights& lights) { return lights.Brightness(0x21) == 3; };
     ASSERT_TRUE(WaitForLights(cameraIsLit));
     host.Terminate(7);

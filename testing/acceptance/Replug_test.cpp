@@ -1,8 +1,7 @@
 // A touchpad that was pulled out while the host had it open, and is back.
 #include "testing/acceptance/DetachableTouchpad.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -17,9 +16,9 @@ TEST_F(ReplugTest, OneThatCameBackIsReachedOnlyByANewSession) {
     Unplug();
     Plug();
     EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);
-    EXPECT_TRUE(WaitForLogLine(log_,
-                               "{INFO @ Initialize} Initialize re-initialize, return true "
-                               "immediately."));
+    EXPECT_TRUE(
+        log_.WaitForLine("{INFO @ Initialize} Initialize re-initialize, return true "
+                         "immediately."));
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
     EXPECT_EQ(agent_.UnInit(), 1);
     EXPECT_EQ(Touchpad().Device().LastSequence(), 0U);
@@ -33,22 +32,22 @@ TEST_F(ReplugTest, PressesReachTheHostOnlyOnceItsCallbacksAreSetAgain) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(Open());
     LightAll();
-    Touchpad().Press(0x44);
-    ASSERT_TRUE(WaitForCallbackCalls(2));
+    Touchpad().Press(kMicrophoneButton);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
     Unplug();
     EXPECT_EQ(agent_.UnInit(), 1);
     Plug();
     ASSERT_EQ(agent_.Init(), VELA_INIT_OPEN);
     LightAll();
     // Without callbacks the light still follows the press.
-    Touchpad().Press(0x44);
+    Touchpad().Press(kMicrophoneButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x26) == 3; }));
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "press 1 1"));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "press 1 1"));
 
     ASSERT_NO_FATAL_FAILURE(Open());
-    Touchpad().Press(0x44);
-    ASSERT_TRUE(WaitForCallbackCalls(3));
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "press 1 1", "press 1 0"));
+    Touchpad().Press(kMicrophoneButton);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(3));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "press 1 1", "press 1 0"));
 }
 
 TEST_F(ReplugTest, ItMayComeAndGoManyTimes) {

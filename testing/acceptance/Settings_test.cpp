@@ -108,8 +108,8 @@ TEST_F(SettingsTest, TheStateRequestIsAReportOfItsOwnAndTheAnswerComesAsStatus) 
     expected[virtual_touchpad::kRequestByteOffset] = 1;
     EXPECT_EQ(request->bytes, expected);
     Touchpad().SendFirmwareState(0x20);
-    ASSERT_TRUE(WaitForCallbackCalls(2));
-    EXPECT_THAT(CallbackCalls(), ElementsAre("status 0", "status 2"));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "status 2"));
 }
 
 TEST_F(SettingsTest, WithoutASessionEveryExportAnswersAndReachesNoTouchpad) {

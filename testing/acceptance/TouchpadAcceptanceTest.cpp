@@ -1,41 +1,8 @@
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
-#include <condition_variable>
-#include <mutex>
-#include <stdexcept>
-
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 
 namespace acceptance {
-namespace {
-
-std::mutex mutex;  // guards: calls
-std::condition_variable called;
-std::vector<std::string> calls;
-
-void Note(std::string call) {
-    const std::lock_guard<std::mutex> lock(mutex);
-    calls.push_back(std::move(call));
-    called.notify_all();
-}
-
-void OnButtonPress(std::uint32_t button, std::uint32_t newLight) {
-    Note("press " + std::to_string(button) + " " + std::to_string(newLight));
-}
-
-void OnStatusChange(std::uint32_t status) { Note("status " + std::to_string(status)); }
-
-}  // namespace
-
-std::vector<std::string> CallbackCalls() {
-    const std::lock_guard<std::mutex> lock(mutex);
-    return calls;
-}
-
-bool WaitForCallbackCalls(std::size_t count) {
-    std::unique_lock<std::mutex> lock(mutex);
-    return called.wait_for(lock, kPatience, [count] { return calls.size() >= count; });
-}
 
 TouchpadAcceptanceTest::TouchpadAcceptanceTest() {
     virtual_touchpad::UnplugAll();
@@ -81,12 +48,7 @@ void TouchpadAcceptanceTest::OpenLit(const TouchpadLayout& layout) {
 }
 
 bool TouchpadAcceptanceTest::WaitForLights(const std::function<bool(const Lights&)>& wanted) {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    do {
-        if (wanted(touchpad_->CurrentLights())) return true;
-        Sleep(10);
-    } while (std::chrono::steady_clock::now() < deadline);
-    return false;
+    return WaitUntil([&] { return wanted(touchpad_->CurrentLights()); });
 }
 
 }  // namespace acceptance

@@ -4,29 +4,24 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "testing/acceptance/AgentDll.h"
-#include "testing/acceptance/AgentLogFile.h"
+#include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/HostCallbacks.h"
+#include "testing/kit/LogFolder.h"
+#include "testing/kit/Reports.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace acceptance {
 
+using namespace kit;
 using virtual_touchpad::Lights;
 using virtual_touchpad::TouchpadControl;
 using virtual_touchpad::TouchpadLayout;
-
-constexpr std::chrono::seconds kPatience{10};
-
-// What the host's callbacks were told: "press 0 1", "status 3".
-std::vector<std::string> CallbackCalls();
-// True once there were `count` of them in all.
-bool WaitForCallbackCalls(std::size_t count);
 
 class TouchpadAcceptanceTest : public testing::Test {
  protected:

@@ -3,10 +3,9 @@
 #include <thread>
 
 #include "testing/acceptance/CallbackConventionsTest.h"
-#include "testing/acceptance/ChildProcess.h"
+#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/ExportCalls.h"
-#include "testing/acceptance/LitLights.h"
-#include "testing/acceptance/WaitForLogLine.h"
+#include "testing/kit/windows/LitLights.h"
 
 namespace acceptance {
 namespace {
@@ -70,7 +69,7 @@ TEST_F(UnInitConventionsTest, UnInitOnAnotherThreadWaitsForTheOneUnderWay) {
             otherResult = theAgent->UnInit();
             otherWaited = hasLeft;
         });
-        EXPECT_TRUE(WaitForLogLine(*log, starts, 2));
+        EXPECT_TRUE(log->WaitForLine(starts, 2));
         hasLeft = true;
     }));
     EXPECT_EQ(agent_.UnInit(), 1);
@@ -89,15 +88,15 @@ TEST_F(UnInitConventionsTest, UnInitWaitsForTheCallback) {
         WaitForSingleObject(mayLeave, INFINITE);
         hasLeft = true;
     });
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     ASSERT_EQ(WaitForSingleObject(entered, 10000), WAIT_OBJECT_0);
     bool hadLeft = false;
     std::thread closer([&] {
         EXPECT_EQ(agent_.UnInit(), 1);
         hadLeft = hasLeft;
     });
-    EXPECT_TRUE(WaitForLogLine(
-        log_, "{INFO @ Uninitialize} Uninitialize, wait for read input report thread finish."));
+    EXPECT_TRUE(log_.WaitForLine(
+        "{INFO @ Uninitialize} Uninitialize, wait for read input report thread finish."));
     SetEvent(mayLeave);
     closer.join();
     EXPECT_TRUE(hadLeft);
@@ -125,9 +124,8 @@ TEST_F(UnInitConventionsTest, OnTheReaderThreadUnInitIsRaised) {
     const LogFolder hostsLog;
     Plug();
     ChildProcess host("ClosesInAPress", hostsLog.Path());
-    ASSERT_TRUE(
-        WaitForLogLine(hostsLog, "{INFO @ EnableButton} EnableButton button(0), enable(1)"));
-    Touchpad().Press(0x41);
+    ASSERT_TRUE(hostsLog.WaitForLine("{INFO @ EnableButton} EnableButton button(0), enable(1)"));
+    Touchpad().Press(kCameraButton);
     EXPECT_EQ(host.Wait(), kEndedByTerminate);
 }
 

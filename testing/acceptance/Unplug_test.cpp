@@ -1,7 +1,7 @@
 // A touchpad that is pulled out while the host has it open, and comes back.
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/ExportCalls.h"
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
 namespace acceptance {
@@ -98,10 +98,10 @@ TEST_P(UnplugTest, TheTouchpadWorksAgainAfterUnInitAndInit) {
     ASSERT_NO_FATAL_FAILURE(Open());
     LightAll();
     EXPECT_TRUE(WaitForLights(AllFourLit));
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x20) == 3; }));
     EXPECT_EQ(agent_.IsVelaPresent(), 1);
-    EXPECT_EQ(CallbackCalls().back(), "press 0 1");
+    EXPECT_EQ(HostCallbacks::Calls().back(), "press 0 1");
     EXPECT_EQ(agent_.UnInit(), 1);
     EXPECT_TRUE(WaitForLights(AllDark));
 }
@@ -166,7 +166,7 @@ TEST_F(UnpluggedTest, ACallbackMayBeRunningMeanwhile) {
         SetEvent(entered);
         WaitForSingleObject(mayLeave, INFINITE);
     });
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     ASSERT_EQ(WaitForSingleObject(entered, 10000), WAIT_OBJECT_0);
     Unplug();
     SetEvent(mayLeave);

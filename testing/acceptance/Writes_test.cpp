@@ -2,9 +2,8 @@
 #include <atomic>
 #include <thread>
 
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/acceptance/WaitForLogLine.h"
 
 namespace acceptance {
 namespace {
@@ -57,15 +56,14 @@ TEST_F(WritesTest, CallsThatQueueAReportWaitForTheOneInFlight) {
     std::atomic<int> returned{0};
     std::vector<std::thread> hosts;
     for (const QueueingCall& queueing : calls) {
-        const std::size_t before = queueing.lineBeforeItWaits == nullptr
-                                       ? 0
-                                       : CountLogLine(log_, queueing.lineBeforeItWaits);
+        const std::size_t before =
+            queueing.lineBeforeItWaits == nullptr ? 0 : log_.CountLines(queueing.lineBeforeItWaits);
         hosts.emplace_back([&] {
             queueing.call(agent_);
             ++returned;
         });
         if (queueing.lineBeforeItWaits != nullptr) {
-            EXPECT_TRUE(WaitForLogLine(log_, queueing.lineBeforeItWaits, before + 1));
+            EXPECT_TRUE(log_.WaitForLine(queueing.lineBeforeItWaits, before + 1));
         }
     }
     // Calls that queue nothing go on.
@@ -88,7 +86,7 @@ TEST_F(WritesTest, HeldReportsArriveInTheOrderOfTheCalls) {
     const std::uint64_t before = Touchpad().Device().LastSequence();
     ASSERT_NO_FATAL_FAILURE(HoldAWrite());
     std::thread host([this] { agent_.SetButtonLight(VELA_BUTTON_MICROPHONE, 1); });
-    EXPECT_TRUE(WaitForLogLine(log_, "{INFO @ SetButtonLight} SetButtonLight for BUTTON_ID 1 (1)"));
+    EXPECT_TRUE(log_.WaitForLine("{INFO @ SetButtonLight} SetButtonLight for BUTTON_ID 1 (1)"));
     Touchpad().Device().HoldWrites(false);
     host.join();
     const auto outputs = Touchpad().Device().WaitForOutputs(2, kPatience, before);
@@ -105,7 +103,7 @@ TEST_F(WritesTest, UnInitWaitsForAWriteInFlight) {
     std::atomic<VELA_BOOL> result{-1};
     std::thread host([&] { result = agent_.UnInit(); });
     EXPECT_TRUE(
-        WaitForLogLine(log_, "{INFO @ SetButtonBreathing} SetButtonBreathing for BUTTON_ID 2 (0)"));
+        log_.WaitForLine("{INFO @ SetButtonBreathing} SetButtonBreathing for BUTTON_ID 2 (0)"));
     EXPECT_EQ(agent_.GetClickMode(), 0U);
     EXPECT_EQ(result, -1);
     Touchpad().Device().HoldWrites(false);
@@ -127,10 +125,10 @@ TEST_F(WritesTest, AFailedWriteIsLoggedAndTheSameReportIsWrittenWhenAskedForAgai
         const std::uint64_t before = Touchpad().Device().LastSequence();
         Touchpad().Device().FailNextWrite(static_cast<std::int32_t>(failure.status));
         EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, on), 1);
-        EXPECT_TRUE(WaitForLogLine(log_,
-                                   "{ERROR @ WriteOutputReportInternal} Write File failed with "
-                                   "last error (" +
-                                       std::to_string(failure.error) + ")"));
+        EXPECT_TRUE(
+            log_.WaitForLine("{ERROR @ WriteOutputReportInternal} Write File failed with "
+                             "last error (" +
+                             std::to_string(failure.error) + ")"));
         EXPECT_EQ(Touchpad().Device().LastSequence(), before);
 
         EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, on), 1);
@@ -149,7 +147,7 @@ TEST_F(SlowWritesTest, AWriteIsGivenUpAfterThirtySecondsAndAskedForAgainItIsNotS
     // Waits for the first one to be given up; its own report is like it.
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
     ASSERT_TRUE(WaitForHeldWrites(2));
-    ASSERT_TRUE(WaitForLogLine(log_, kTimeoutLine));
+    ASSERT_TRUE(log_.WaitForLine(kTimeoutLine));
 
     Touchpad().Device().HoldWrites(false);
     const auto outputs = Touchpad().Device().WaitForOutputs(2, kPatience, before);
@@ -175,7 +173,7 @@ TEST_F(SlowWritesTest, UnInitLeavesASilentTouchpadBehindAndLateAnswersDoNoHarm) 
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     Touchpad().Device().HoldWrites(true);
     EXPECT_EQ(agent_.UnInit(), 1);
-    EXPECT_TRUE(WaitForLogLine(log_, kTimeoutLine, 2));
+    EXPECT_TRUE(log_.WaitForLine(kTimeoutLine, 2));
     Touchpad().Device().HoldWrites(false);
     EXPECT_TRUE(Touchpad().Device().WaitForState(
         [](const VirtualHidState& state) { return state.heldWrites == 0; }, kPatience));
@@ -183,7 +181,7 @@ TEST_F(SlowWritesTest, UnInitLeavesASilentTouchpadBehindAndLateAnswersDoNoHarm) 
     ASSERT_NO_FATAL_FAILURE(Open());
     LightAll();
     EXPECT_TRUE(WaitForLights(AllFourLit));
-    Touchpad().Press(0x41);
+    Touchpad().Press(kCameraButton);
     EXPECT_TRUE(WaitForLights(CameraOn));
 }
 

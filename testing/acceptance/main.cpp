@@ -3,13 +3,13 @@
 
 #include <cstdio>
 
-#include "testing/acceptance/ChildProcess.h"
+#include "testing/kit/windows/ChildProcess.h"
 
 // Leaves without unloading the DLL: after a detachable touchpad was active, unloading ends the
 // process abnormally by design, and would take the test's verdict with it. A child process leaves
 // as hosts do.
 int main(int argc, char** argv) {
-    if (acceptance::IsChildProcess(argc, argv)) return acceptance::PlayChildRole(argv);
+    if (kit::IsChildProcess(argc, argv)) return kit::PlayChildRole(argv);
     testing::InitGoogleMock(&argc, argv);
     const int result = RUN_ALL_TESTS();
     std::fflush(nullptr);

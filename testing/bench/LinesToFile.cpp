@@ -7,7 +7,7 @@
 
 #include "log/ILog.h"
 #include "testing/bench/BareLines.h"
-#include "testing/bench/LogFolder.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Stopwatch.h"
 

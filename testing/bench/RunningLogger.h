@@ -2,7 +2,7 @@
 #pragma once
 
 #include "log/ILog.h"
-#include "testing/bench/LogFolder.h"
+#include "testing/kit/LogFolder.h"
 
 namespace bench {
 

@@ -6,10 +6,12 @@
 #include "include/VelaAgent.h"
 #include "testing/faults/HostLog.h"
 #include "testing/faults/IdleThreads.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace faults {
 namespace {
 
+using namespace virtual_touchpad::events;
 using simulator::Machine;
 
 // Beside the run's own.
@@ -72,9 +74,9 @@ void FreeTouchpads(Stage& stage) {
 std::string LightTouchpad(simulator::Device& touchpad) {
     touchpad.ForgetOutputs();
     std::string problems = Unless(Init() == VELA_INIT_OPEN, "Init does not open the touchpad");
-    SetVelaButtonPressCallback(test_support::OnButtonPress);
+    SetVelaButtonPressCallback(kit::OnButtonPress);
     // A user's gesture outlives the session that it disabled; the touchpad tells when it is over.
-    touchpad.SendInput(test_support::InputReport({}, 0));
+    touchpad.SendInput(kit::InputReport({}, 0));
     WaitUntilOthersSleep();
     EnableFeature(1);
     Activate(VELA_ACTIVE);
@@ -85,17 +87,17 @@ std::string LightTouchpad(simulator::Device& touchpad) {
     SetVelaBrightness(200);
     WaitUntilOthersSleep();
     constexpr std::uint8_t kLit = 200;
-    const auto lights = test_support::LightReport({0, kLit, kLit, kLit, 0, kLit}, 0x0F);
+    const auto lights = kit::AllLit(kLit);
     const auto outputs = touchpad.Outputs();
     return problems + Unless(!outputs.empty() && outputs.back() == lights, "the lights stay dark");
 }
 
 std::string PressCamera(simulator::Device& touchpad) {
-    test_support::HostCallbacks::Reset();
-    touchpad.SendInput(test_support::InputReport({0x41}));
+    kit::HostCallbacks::Reset();
+    touchpad.SendInput(kit::InputReport({kCameraButton}));
     WaitUntilOthersSleep();
     const std::vector<std::string> expected{"press 0 1"};
-    return Unless(test_support::HostCallbacks::Calls() == expected, "a press is not reported");
+    return Unless(kit::HostCallbacks::Calls() == expected, "a press is not reported");
 }
 
 std::string UseTouchpad(Stage& stage) {

@@ -12,7 +12,7 @@
 #include "testing/faults/Effort.h"
 #include "testing/faults/Outcome.h"
 #include "testing/faults/PlausibleFaults.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 
 namespace faults {
 namespace {
@@ -54,9 +54,6 @@ std::vector<Fault> FaultsToTry(const WatchedCall& call, std::size_t number) {
 
 class FaultAtEveryCall : public testing::TestWithParam<Part> {
  protected:
-    FaultAtEveryCall() : folder_(test_support::MakeTemporaryFolder()) {}
-    ~FaultAtEveryCall() override { std::filesystem::remove_all(folder_.parent_path()); }
-
     static const Script& TheScript() { return *GetParam().script; }
 
     CleanRun RunClean() const {
@@ -114,7 +111,8 @@ class FaultAtEveryCall : public testing::TestWithParam<Part> {
         return indices;
     }
 
-    const std::filesystem::path folder_;
+    const kit::TemporaryFolder temporary_;
+    const std::filesystem::path& folder_ = temporary_.Path();
 };
 
 TEST_P(FaultAtEveryCall, IsLoggedLeavesNothingBehindAndIsOverWithTheSession) {

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 
 namespace faults {
 namespace {
@@ -34,14 +34,14 @@ std::filesystem::path MakeLogDirectory(const std::filesystem::path& folder) {
 }
 
 void OverfillLog(const std::filesystem::path& directory) {
-    const std::filesystem::path file = test_support::LogFileIn(directory);
+    const std::filesystem::path file = kit::LogFileIn(directory);
     std::ofstream(file, std::ios::binary).close();
     std::filesystem::resize_file(file, kOverfullLogSize);
 }
 
 std::vector<std::string> LoggedLines(const std::filesystem::path& directory) {
     std::vector<std::string> lines;
-    const std::filesystem::path file = test_support::LogFileIn(directory);
+    const std::filesystem::path file = kit::LogFileIn(directory);
     AppendLines(file.string() + ".old", lines);
     AppendLines(file, lines);
     return lines;

@@ -13,7 +13,7 @@
 #include "testing/faults/HostLog.h"
 #include "testing/faults/PlausibleFaults.h"
 #include "testing/faults/RandomScript.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 
 namespace faults {
 namespace {
@@ -112,13 +112,10 @@ void PlaySession(std::uint64_t seed, const virtual_touchpad::TouchpadLayout& lay
 
 class RandomFaults : public testing::TestWithParam<std::uint64_t> {
  protected:
-    RandomFaults() : folder_(test_support::MakeTemporaryFolder()) {}
-    ~RandomFaults() override { std::filesystem::remove_all(folder_.parent_path()); }
-
     // Sessions of one host, one after the other.
     void RunProcess(std::uint64_t firstSeed, Tally& all) const {
         virtual_touchpad::TouchpadLayout layout;
-        if (firstSeed / kSessionsOfProcess % 2 != 0) layout = test_support::DetachableLayout();
+        if (firstSeed / kSessionsOfProcess % 2 != 0) layout = kit::DetachableLayout();
         const ChildEnd end = RunInChild([&] {
             Tally tally;
             for (std::uint64_t i = 0; i < kSessionsOfProcess; ++i) {
@@ -138,7 +135,8 @@ class RandomFaults : public testing::TestWithParam<std::uint64_t> {
             << "in the process of the sessions from " << firstSeed;
     }
 
-    const std::filesystem::path folder_;
+    const kit::TemporaryFolder temporary_;
+    const std::filesystem::path& folder_ = temporary_.Path();
 };
 
 TEST_P(RandomFaults, NeverHangLeaveNothingBehindAndAreOverWithTheSession) {

@@ -15,8 +15,8 @@ void AppendOpening(std::vector<Step>& steps) {
         {"Init()", [](Stage&) { return Init(); }},
         {"set callbacks",
          [](Stage&) {
-             SetVelaButtonPressCallback(test_support::OnButtonPress);
-             SetVelaStatusChangeCallback(test_support::OnStatusChange);
+             SetVelaButtonPressCallback(kit::OnButtonPress);
+             SetVelaStatusChangeCallback(kit::OnStatusChange);
              return 0;
          }},
         {"Activate(0)", [](Stage&) { return Activate(VELA_ACTIVE); }},

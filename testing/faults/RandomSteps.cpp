@@ -28,8 +28,8 @@ Step SwitchButton(const char* name, Dice& dice) {
 Step SetCallbacks(Dice& dice) {
     const bool set = dice.Below(4) != 0;
     return {NameOf("set callbacks", {set}), [set](Stage&) {
-                SetVelaButtonPressCallback(set ? test_support::OnButtonPress : nullptr);
-                SetVelaStatusChangeCallback(set ? test_support::OnStatusChange : nullptr);
+                SetVelaButtonPressCallback(set ? kit::OnButtonPress : nullptr);
+                SetVelaStatusChangeCallback(set ? kit::OnStatusChange : nullptr);
                 return 0;
             }};
 }
@@ -82,7 +82,7 @@ Step SendAnyInput(Dice& dice) {
         usages.push_back(static_cast<std::uint16_t>(0x40 + dice.Below(8)));
     }
     const auto state = static_cast<std::uint8_t>(dice.OneOf({0, 0, 0, 0x20, 0x80, 0xA0, 0xFF}));
-    const simulator::Bytes report = test_support::InputReport(usages, state);
+    const simulator::Bytes report = kit::InputReport(usages, state);
     return {NameOf("input", {report[1], report[2]}), [report](Stage& stage) {
                 stage.Touchpad().SendInput(report);
                 return 0;

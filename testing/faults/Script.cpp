@@ -2,24 +2,20 @@
 
 #include "include/VelaAgent.h"
 #include "testing/faults/Stage.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace faults {
 namespace {
 
+using namespace virtual_touchpad::events;
+
 constexpr const wchar_t* kDetachable = L"Vela Detachable Touchpad";
 
-constexpr std::uint16_t kSync = 0x40;
-constexpr std::uint16_t kCamera = 0x41;
-constexpr std::uint16_t kChat = 0x43;
-constexpr std::uint16_t kMicrophone = 0x44;
-constexpr std::uint16_t kGesture = 0x45;
-constexpr std::uint16_t kEnabled = 0x46;
-constexpr std::uint16_t kDisabled = 0x47;
 
 Step Input(const std::string& name, const std::vector<std::uint16_t>& usages,
            std::uint8_t firmwareState = 0) {
     return {name, [usages, firmwareState](Stage& stage) {
-                stage.Touchpad().SendInput(test_support::InputReport(usages, firmwareState));
+                stage.Touchpad().SendInput(kit::InputReport(usages, firmwareState));
                 return 0;
             }};
 }
@@ -46,8 +42,8 @@ const Step kUnInitLogger{"UnInitLogger", [](Stage&) {
                              return 0;
                          }};
 const Step kSetCallbacks{"set callbacks", [](Stage&) {
-                             SetVelaButtonPressCallback(test_support::OnButtonPress);
-                             SetVelaStatusChangeCallback(test_support::OnStatusChange);
+                             SetVelaButtonPressCallback(kit::OnButtonPress);
+                             SetVelaStatusChangeCallback(kit::OnStatusChange);
                              return 0;
                          }};
 const Step kIsVelaPresent{"IsVelaPresent", [](Stage&) { return IsVelaPresent(); }};
@@ -82,8 +78,8 @@ Script Meeting() {
         ShowButton("show share screen", 3),
         kSetButtonLight,
         {"SetButtonLight(7, 1)", [](Stage&) { return SetButtonLight(7, 1); }},
-        Input("camera pressed", {kCamera}),
-        Input("chat pressed", {kChat}),
+        Input("camera pressed", {kCameraButton}),
+        Input("chat pressed", {kChatButton}),
         {"EnableChatBreathing(1)", [](Stage&) { return EnableChatBreathing(1); }},
         {"SetButtonBreathing(2, 1)", [](Stage&) { return SetButtonBreathing(2, 1); }},
         Brightness("SetVelaBrightness(9)", 9),
@@ -109,7 +105,7 @@ Script Meeting() {
         kIsVelaPresentWhileOpen,
         {"Activate(5)", [](Stage&) { return Activate(5); }},
         {"Activate(1)", [](Stage&) { return Activate(1); }},
-        Input("microphone pressed", {kMicrophone}),
+        Input("microphone pressed", {kMicrophoneButton}),
         {"Activate(4)", [](Stage&) { return Activate(4); }},
         {"EnableFeature(0)", [](Stage&) { return EnableFeature(0); }},
         kUnInit,

@@ -31,13 +31,13 @@ Stage::Stage(const virtual_touchpad::TouchpadLayout& layout, Script::Subject sub
     OverfillLog(logDirectory_);
     simulator::Machine& machine = simulator::Machine::Get();
     machine.Reset();
-    test_support::HostCallbacks::Reset();
+    kit::HostCallbacks::Reset();
     oldPreparsedData_ = machine.PreparsedDataInUse();
     oldGlobalMemory_ = machine.GlobalMemoryInUse();
     library_.emplace();
     library_->PutVelaIni("[0488]\r\n");
     if (subject == Script::Subject::Touchpad) hapticTouchpad_ = PlugHapticTouchpad();
-    touchpad_ = machine.Plug(test_support::Describe(layout));
+    touchpad_ = machine.Plug(kit::Describe(layout));
     if (subject == Script::Subject::HapticTouchpad) hapticTouchpad_ = PlugHapticTouchpad();
     watch_ = std::make_unique<CallWatch>(std::move(chooser));
 }
@@ -68,7 +68,7 @@ std::vector<std::string> Stage::Events() const {
     const auto append = [&events](const std::vector<std::string>& more) {
         events.insert(events.end(), more.begin(), more.end());
     };
-    append(test_support::HostCallbacks::Calls());
+    append(kit::HostCallbacks::Calls());
     append(LoggedLines(logDirectory_));
     std::sort(events.begin(), events.end());
     return events;

@@ -10,8 +10,8 @@
 
 #include "testing/faults/CallWatch.h"
 #include "testing/faults/Script.h"
-#include "testing/kit/LibraryFolder.h"
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/LibraryFolder.h"
+#include "testing/kit/native/TouchpadTest.h"
 
 namespace faults {
 
@@ -42,7 +42,7 @@ class Stage {
     std::filesystem::path logDirectory_;
     std::size_t oldPreparsedData_ = 0;
     std::size_t oldGlobalMemory_ = 0;
-    std::optional<test_support::LibraryFolder> library_;
+    std::optional<kit::LibraryFolder> library_;
     std::shared_ptr<simulator::Device> touchpad_;
     std::shared_ptr<simulator::Device> hapticTouchpad_;
     std::unique_ptr<CallWatch> watch_;

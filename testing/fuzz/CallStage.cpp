@@ -6,13 +6,13 @@
 #include "include/VelaAgent.h"
 #include "testing/fuzz/FuzzDevice.h"
 #include "testing/fuzz/FuzzSessions.h"
-#include "testing/fuzz/LogFolder.h"
+#include "testing/fuzz/HostLog.h"
 #include "testing/kit/HostCallbacks.h"
 
 namespace fuzz {
 namespace {
 
-using test_support::HostCallbacks;
+using kit::HostCallbacks;
 
 const wchar_t* const kDeviceMutex = L"Global\\VelaDeviceMutex";
 
@@ -175,15 +175,15 @@ void CallStage::PlugHaptic(bool plugged) {
 }
 
 void CallStage::InitLogger() {
-    if (loggers_ == 0) LogFolder::Get().Clear();
+    if (loggers_ == 0) std::filesystem::remove(HostLog().File());
     ++loggers_;
-    ::InitLogger(LogFolder::Get().Directory().c_str());
+    ::InitLogger(HostLog().Path().wstring().c_str());
 }
 
 void CallStage::UnInitLogger() {
     ::UnInitLogger();
     if (loggers_ == 0 || --loggers_ > 0) return;
-    const std::string last = LastLine(LogFolder::Get().File());
+    const std::string last = LastLine(HostLog().File());
     Check(Contains(last, "{INFO @ UnInitialize} Logger::UnInitialize"),
           "the log ends with " + last);
 }

@@ -5,10 +5,14 @@
 
 #include "testing/fuzz/Check.h"
 #include "testing/fuzz/FuzzInput.h"
-#include "testing/fuzz/SessionModel.h"
+#include "testing/kit/SessionModel.h"
 #include "testing/simulator/Machine.h"
 
 namespace fuzz {
+
+using kit::Bytes;
+using kit::SessionModel;
+using kit::TouchpadLayout;
 
 // The haptic touchpad's session, as it has to be.
 struct HapticModel {

@@ -46,13 +46,13 @@ void Activate(CallStage& stage, FuzzInput& input) {
 
 void SetPressCallback(CallStage& stage, FuzzInput& input) {
     const bool set = input.Flag();
-    ::SetVelaButtonPressCallback(set ? test_support::OnButtonPress : nullptr);
+    ::SetVelaButtonPressCallback(set ? kit::OnButtonPress : nullptr);
     stage.model.SetButtonPressCallback(set);
 }
 
 void SetStatusCallback(CallStage& stage, FuzzInput& input) {
     const bool set = input.Flag();
-    ::SetVelaStatusChangeCallback(set ? test_support::OnStatusChange : nullptr);
+    ::SetVelaStatusChangeCallback(set ? kit::OnStatusChange : nullptr);
     stage.model.SetStatusChangeCallback(set);
 }
 

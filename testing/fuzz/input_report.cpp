@@ -4,7 +4,7 @@
 #include "testing/fuzz/Check.h"
 #include "testing/fuzz/FuzzInput.h"
 #include "testing/fuzz/InputLayouts.h"
-#include "testing/fuzz/SessionModel.h"
+#include "testing/kit/SessionModel.h"
 #include "testing/kit/HostCallbacks.h"
 
 namespace {
@@ -13,10 +13,10 @@ using fuzz::Check;
 using fuzz::CheckSame;
 using fuzz::FuzzInput;
 using fuzz::InputLayout;
-using fuzz::SessionModel;
+using kit::HostCallbacks;
+using kit::SessionModel;
 using simulator::Bytes;
 using simulator::Device;
-using test_support::HostCallbacks;
 
 // Fewer than what the platform keeps for a reader that is late.
 constexpr int kMaximumReports = 24;
@@ -25,9 +25,9 @@ constexpr std::uint32_t kDeactivated = 4;
 
 void OpenSession(std::uint32_t activation, SessionModel& model) {
     CheckSame(Init(), model.Init(), "Init");
-    SetVelaButtonPressCallback(test_support::OnButtonPress);
+    SetVelaButtonPressCallback(kit::OnButtonPress);
     model.SetButtonPressCallback(true);
-    SetVelaStatusChangeCallback(test_support::OnStatusChange);
+    SetVelaStatusChangeCallback(kit::OnStatusChange);
     model.SetStatusChangeCallback(true);
     EnableFeature(1);
     model.EnableFeature(true);
@@ -78,9 +78,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzInput input(data, size);
     const InputLayout layout = input.OneOf(fuzz::InputLayouts());
     constexpr std::uint32_t kActivations[] = {0, 1, 2, 4, 5};
-    simulator::Machine& machine = fuzz::EmptyMachine();
+    simulator::Machine& machine = kit::EmptyMachine();
     const auto device = machine.Plug(layout.description);
-    SessionModel model{fuzz::TouchpadLayout{}};
+    SessionModel model{kit::TouchpadLayout{}};
     OpenSession(input.OneOf(kActivations), model);
     SendAll(input, layout, *device, model);
     CheckTold("by the reports", *device, model);

@@ -30,7 +30,7 @@ Input Take(FuzzInput& input) {
 }
 
 std::vector<std::shared_ptr<Device>> PlugAll(Machine& machine, const Input& input) {
-    simulator::DeviceDescription description = fuzz::Describe(virtual_touchpad::TouchpadLayout{});
+    simulator::DeviceDescription description = kit::Describe(virtual_touchpad::TouchpadLayout{});
     description.versionNumber = input.version;
     description.reportDescriptor = input.descriptor;
     try {
@@ -47,8 +47,8 @@ Device* OpenDevice(const std::vector<std::shared_ptr<Device>>& devices) {
 }
 
 void UseSession() {
-    SetVelaButtonPressCallback(test_support::OnButtonPress);
-    SetVelaStatusChangeCallback(test_support::OnStatusChange);
+    SetVelaButtonPressCallback(kit::OnButtonPress);
+    SetVelaStatusChangeCallback(kit::OnStatusChange);
     EnableFeature(1);
     Activate(0);
     EnableChatBreathing(1);
@@ -114,7 +114,7 @@ void CheckNothingIsLeft(const Machine& machine,
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzInput bytes(data, size);
     const Input input = Take(bytes);
-    Machine& machine = fuzz::EmptyMachine();
+    Machine& machine = kit::EmptyMachine();
     const auto devices = PlugAll(machine, input);
     TryTouchpad(devices, input.report);
     TryHapticTouchpad();

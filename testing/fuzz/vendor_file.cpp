@@ -11,9 +11,9 @@
 #include "testing/fuzz/Check.h"
 #include "testing/fuzz/FuzzDevice.h"
 #include "testing/fuzz/FuzzInput.h"
-#include "testing/fuzz/LogFolder.h"
+#include "testing/fuzz/HostLog.h"
 #include "testing/fuzz/VendorFileModel.h"
-#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/native/LibraryFolder.h"
 
 namespace {
 
@@ -35,7 +35,7 @@ std::vector<std::wstring> SectionNames() {
 
 std::vector<std::string> LoggedLines() {
     std::vector<std::string> lines;
-    std::ifstream stream(fuzz::LogFolder::Get().File(), std::ios::binary);
+    std::ifstream stream(fuzz::HostLog().File(), std::ios::binary);
     for (std::string line; std::getline(stream, line);) {
         // "[2024-05-06 17:42:10] " stands before it, and a carriage return behind it.
         if (!line.empty() && line.back() == '\r') line.pop_back();
@@ -56,8 +56,8 @@ std::vector<unsigned> OfferedVendors() {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    simulator::Machine& machine = fuzz::EmptyMachine();
-    const test_support::LibraryFolder folder;
+    simulator::Machine& machine = kit::EmptyMachine();
+    const kit::LibraryFolder folder;
     folder.PutVelaIni({data, data + size});
 
     std::vector<unsigned> vendors;
@@ -73,8 +73,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (vendors.empty()) vendors.push_back(0x0488);
     lines.emplace_back("{INFO @ UnInitialize} Logger::UnInitialize");
 
-    fuzz::LogFolder::Get().Clear();
-    InitLogger(fuzz::LogFolder::Get().Directory().c_str());
+    std::filesystem::remove(fuzz::HostLog().File());
+    InitLogger(fuzz::HostLog().Path().wstring().c_str());
     const std::vector<unsigned> offered = OfferedVendors();
     UnInitLogger();
     CheckSame(offered, vendors, "the vendors offered");

@@ -4,7 +4,7 @@
 #include <condition_variable>
 #include <mutex>
 
-namespace test_support {
+namespace kit {
 namespace {
 
 std::mutex mutex;  // guards: everything below
@@ -67,4 +67,4 @@ void HostCallbacks::DuringStatusChange(std::function<void()> hook) {
     statusHook = std::move(hook);
 }
 
-}  // namespace test_support
+}  // namespace kit

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-namespace test_support {
+namespace kit {
 
 // Plain functions, as a host registers them. Each notes its call and then runs the matching hook.
 void OnButtonPress(std::uint32_t buttonId, std::uint32_t newLightState);
@@ -30,4 +30,4 @@ class HostCallbacks {
     static void DuringStatusChange(std::function<void()> hook);
 };
 
-}  // namespace test_support
+}  // namespace kit

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <fstream>
-#include <random>
 #include <thread>
 
 namespace soak {
@@ -15,34 +14,16 @@ constexpr std::int64_t kThings = 4000;
 // Not yet too long, but after some dozen lines more, which a busy machine gets to as well.
 constexpr std::uintmax_t kLongFile = 0x500000 - 0x1000;
 
-std::filesystem::path FreshFolder() {
-    const auto folder = std::filesystem::temp_directory_path() /
-                        ("vela-soak-" + std::to_string(std::random_device{}()));
-    std::filesystem::create_directories(folder);
-    return folder;
-}
-
 }  // namespace
 
 LogSegments::LogSegments(const Agent& agent)
-    : agent_(agent),
-      folder_(FreshFolder()),
-      // Natively, too, as the agent makes it: there the backslash is part of a name.
-      file_(folder_.string() + "\\VelaAgent.log"),
-      backup_(folder_.string() + "\\VelaAgent.log.old") {}
-
-LogSegments::~LogSegments() {
-    std::error_code ignored;
-    std::filesystem::remove(file_, ignored);
-    std::filesystem::remove(backup_, ignored);
-    std::filesystem::remove_all(folder_, ignored);
-}
+    : agent_(agent), file_(folder_.File()), backup_(folder_.Backup()) {}
 
 void LogSegments::Run(const HostThreads& host, Allowance& allowance) {
     const std::uintmax_t filling = figures_.segments % 2 == 0 ? 0 : kLongFile;
     PrepareFile(filling);
     allowance.Grant(kThings);
-    agent_.InitLogger(folder_.wstring().c_str());
+    agent_.InitLogger(folder_.Path().wstring().c_str());
     const MarkCounts from = host.Marks();
     while (allowance.Left() > kThings / 4 && !allowance.IsOver()) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "testing/kit/LogFolder.h"
 #include "testing/soak/HostThreads.h"
 
 namespace soak {
@@ -22,9 +23,6 @@ struct LogFigures {
 class LogSegments {
  public:
     explicit LogSegments(const Agent& agent);
-    ~LogSegments();
-    LogSegments(const LogSegments&) = delete;
-    LogSegments& operator=(const LogSegments&) = delete;
 
     // One start, one stop and the reading.
     void Run(const HostThreads& host, Allowance& allowance);
@@ -38,7 +36,7 @@ class LogSegments {
     void Wrong(const std::string& what);
 
     const Agent& agent_;
-    std::filesystem::path folder_;
+    kit::LogFolder folder_;
     std::filesystem::path file_;
     std::filesystem::path backup_;
     LogFigures figures_;

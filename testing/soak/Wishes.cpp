@@ -2,20 +2,17 @@
 
 #include <cstdio>
 
-#include "testing/fuzz/SessionModel.h"
+#include "testing/kit/SessionModel.h"
 #include "testing/soak/HostCallbacks.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace soak {
 namespace {
 
-using fuzz::SessionModel;
+using namespace virtual_touchpad::events;
+using kit::SessionModel;
 
 // Usages of the touchpad's input reports.
-constexpr std::uint16_t kResynchronise = 0x40;
-constexpr std::uint16_t kCameraPressed = 0x41;
-constexpr std::uint16_t kShareScreenPressed = 0x42;
-constexpr std::uint16_t kMicrophonePressed = 0x44;
-constexpr std::uint16_t kEnabled = 0x46;
 
 // What differs in the bytes behind those that a light report uses is padding.
 constexpr std::size_t kLightBytes = virtual_touchpad::kActiveBitsOffset + 1;
@@ -39,14 +36,14 @@ class Twins {
     }
 
     void Send(std::uint16_t usage) {
-        touchpad_.Send(static_cast<std::uint8_t>(1U << (usage - kResynchronise)), 0);
+        touchpad_.Send(static_cast<std::uint8_t>(1U << (usage - kSync)), 0);
         model_.Receive(virtual_touchpad::kButtonReportId, {usage}, 0);
     }
     // Until it was handled, as a press behind it tells. False when that one is not told.
     bool SendAndWait(std::uint16_t usage) {
         const std::int64_t told = PressesTold(VELA_BUTTON_SHARE_SCREEN);
         Send(usage);
-        Send(kShareScreenPressed);
+        Send(kShareScreenButton);
         return WaitForPresses(VELA_BUTTON_SHARE_SCREEN, told + 1);
     }
     void Enable(std::uint32_t button, bool enable) {
@@ -156,7 +153,7 @@ bool WishAtRandom(Twins& twins, Random& random) {
             twins.Activate(Below(random, 4) == 0 ? VELA_SUSPENDED : VELA_ACTIVE);
             return true;
         default:
-            return twins.SendAndWait(flag ? kCameraPressed : kMicrophonePressed);
+            return twins.SendAndWait(flag ? kCameraButton : kMicrophoneButton);
     }
 }
 
@@ -176,7 +173,7 @@ std::string CompareLights(const Agent& agent, SoakTouchpad& touchpad, const Touc
     Twins twins(agent, touchpad, layout);
     twins.Enable(VELA_BUTTON_SHARE_SCREEN, true);
     twins.Send(kEnabled);
-    if (!twins.SendAndWait(kResynchronise)) return "presses are told no more";
+    if (!twins.SendAndWait(kSync)) return "presses are told no more";
     MakeKnown(twins, random);
     for (int wish = 0; wish < 30; ++wish) {
         if (!WishAtRandom(twins, random)) return "a press was not told";

@@ -15,6 +15,7 @@
 #include <string>
 #include <thread>
 
+#include "testing/kit/LogFolder.h"
 #include "testing/soak/Agent.h"
 #include "testing/soak/Figures.h"
 #include "testing/soak/LogLines.h"
@@ -107,10 +108,9 @@ class Kills {
     std::int64_t KillOne(int rate, bool behindALine) {
         const std::wstring name = L"VelaKills" + std::to_wstring(GetCurrentProcessId()) + L"-" +
                                   std::to_wstring(++hosts_);
-        const std::filesystem::path folder = std::filesystem::temp_directory_path() / name;
-        std::filesystem::create_directories(folder);
+        const kit::LogFolder folder;
         Shared& shared = MapShared(name);
-        const HANDLE host = StartHost(rate, folder, name);
+        const HANDLE host = StartHost(rate, folder.Path(), name);
         while (shared.logged == 0) Sleep(1);
         Sleep(std::uniform_int_distribution<DWORD>(200, 1200)(random_));
         if (behindALine) {
@@ -121,9 +121,8 @@ class Kills {
         WaitForSingleObject(host, INFINITE);
         CloseHandle(host);
         LogLines lines;
-        lines.Read(folder / "VelaAgent.log", 0);
+        lines.Read(folder.File(), 0);
         if (!lines.torn.empty()) ++torn_;
-        std::filesystem::remove_all(folder);
         // A kill between a call and its count leaves a line more than were counted.
         return std::max<std::int64_t>(shared.logged - static_cast<std::int64_t>(lines.count), 0);
     }

@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "testing/kit/LogFolder.h"
 #include "testing/soak/Figures.h"
 #include "testing/soak/LogLines.h"
 #include "testing/soak/ProcessFigures.h"
@@ -41,18 +42,7 @@ void LoadBareLibrary() {
 class Reloading {
  public:
     explicit Reloading(std::int64_t cycles)
-        : cycles_(cycles),
-          folder_(std::filesystem::temp_directory_path() /
-                  ("vela-reload-" + std::to_string(GetCurrentProcessId()))),
-          touchpad_(SoakTouchpad::Make(TouchpadLayout{})) {
-        std::filesystem::create_directories(folder_);
-    }
-    ~Reloading() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    Reloading(const Reloading&) = delete;
-    Reloading& operator=(const Reloading&) = delete;
+        : cycles_(cycles), touchpad_(SoakTouchpad::Make(TouchpadLayout{})) {}
 
     int Run() {
         constexpr std::int64_t kBareCycles = 60;
@@ -73,7 +63,7 @@ class Reloading {
         bool isRight = true;
         {
             const Agent agent;
-            agent.InitLogger(folder_.wstring().c_str());
+            agent.InitLogger(log_.Path().wstring().c_str());
             SessionOwner owner(agent, *touchpad_);
             owner.Open(false);
             isRight = owner.Reaches() && LightUp(agent);
@@ -100,7 +90,7 @@ class Reloading {
 
     // A file for each cycle: it begins with the first line and ends with the last.
     bool LogIsWhole() {
-        const std::filesystem::path file = folder_ / "VelaAgent.log";
+        const std::filesystem::path file = log_.File();
         LogLines lines;
         lines.Read(file, 0);
         std::string last;
@@ -140,7 +130,7 @@ class Reloading {
     }
 
     const std::int64_t cycles_;
-    const std::filesystem::path folder_;
+    const kit::LogFolder log_;
     const std::unique_ptr<SoakTouchpad> touchpad_;
     Figures figures_{"reload"};
     std::int64_t wrong_ = 0;

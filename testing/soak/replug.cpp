@@ -31,7 +31,7 @@ class Replugging {
     Replugging(const Situation& situation, std::int64_t cycles)
         : situation_(situation),
           cycles_(cycles),
-          touchpad_(fuzz::EmptyMachine().Plug(fuzz::Describe(TouchpadLayout{}))) {}
+          touchpad_(kit::EmptyMachine().Plug(kit::Describe(TouchpadLayout{}))) {}
 
     void Run() {
         // Tables grow by leaps; those of the first cycles are not counted.
@@ -111,7 +111,7 @@ void JudgeStuckWrites(Figures& figures, std::int64_t cycles) {
 // The name that the touchpad tells holds for the life of the process; one that cannot be asked for
 // it just then would pass for a detachable one.
 void LearnProductString() {
-    const auto touchpad = fuzz::EmptyMachine().Plug(fuzz::Describe(TouchpadLayout{}));
+    const auto touchpad = kit::EmptyMachine().Plug(kit::Describe(TouchpadLayout{}));
     Init();
     IsDetachable();
     UnInit();

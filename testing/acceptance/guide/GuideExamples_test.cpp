@@ -5,22 +5,20 @@
 
 #include <filesystem>
 
+#include "testing/kit/Reports.h"
+#include "testing/kit/windows/AgentDll.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {
 
+using namespace virtual_touchpad::events;
 using testing::HasSubstr;
 using virtual_touchpad::Lights;
 
 constexpr std::chrono::seconds kPatience{20};
-
-std::filesystem::path ProgramFolder() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::filesystem::path(path).parent_path();
-}
 
 // A program with pipes for its input and output.
 class Program {
@@ -38,7 +36,7 @@ class Program {
         startup.dwFlags = STARTF_USESTDHANDLES;
         startup.hStdInput = childInput;
         startup.hStdOutput = childOutput;
-        const std::filesystem::path program = ProgramFolder() / name;
+        const std::filesystem::path program = kit::ProgramFolder() / name;
         const std::filesystem::path folder = std::filesystem::temp_directory_path();
         PROCESS_INFORMATION started{};
         EXPECT_TRUE(CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, TRUE, 0, nullptr,
@@ -104,7 +102,7 @@ TEST_F(GuideExamples, TheFirstHostLightsTheButtonsTellsAPressAndLeaves) {
         return lights.Brightness(0x21) == 3 && lights.Brightness(0x27) == 3 &&
                lights.Brightness(0x24) == 3 && lights.Brightness(0x22) == 3;
     }));
-    touchpad.Press(0x41);
+    touchpad.Press(kCameraButton);
     EXPECT_THAT(host.Output("goes on\n"), HasSubstr("button 0 pressed, its light goes on\n"));
     EXPECT_TRUE(
         WaitForLights(touchpad, [](const Lights& lights) { return lights.Brightness(0x20) == 3; }));

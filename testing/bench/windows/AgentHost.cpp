@@ -12,7 +12,7 @@ void OnPress(std::uint32_t, std::uint32_t) { seen = Nanoseconds(); }
 
 }  // namespace
 
-AgentHost::AgentHost(const acceptance::AgentDll& agent) : agent_(agent) {
+AgentHost::AgentHost(const kit::AgentDll& agent) : agent_(agent) {
     if (agent_.Init() != VELA_INIT_OPEN) throw std::runtime_error("the session does not open");
     agent_.SetVelaButtonPressCallback(OnPress);
     agent_.EnableFeature(1);

@@ -9,7 +9,7 @@
 #include <windows.h>
 
 #include "platform/SlimMutex.h"
-#include "testing/acceptance/AgentDll.h"
+#include "testing/kit/windows/AgentDll.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 
 namespace bench {
@@ -26,13 +26,13 @@ class Host {
 // a light report.
 class AgentHost final : public Host {
  public:
-    explicit AgentHost(const acceptance::AgentDll& agent);
+    explicit AgentHost(const kit::AgentDll& agent);
     ~AgentHost() override;
     double PressSeen() const override;
     void Forget() override;
 
  private:
-    const acceptance::AgentDll& agent_;
+    const kit::AgentDll& agent_;
 };
 
 enum class WritesOn { TheReader, AThreadOfItsOwn };

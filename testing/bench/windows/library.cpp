@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "testing/acceptance/AgentDll.h"
+#include "testing/kit/windows/AgentDll.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
@@ -15,8 +15,8 @@ using namespace bench;
 
 constexpr char kPeer[] = "30 empty exports";
 
-std::filesystem::path Agent() { return acceptance::ProgramFolder() / "VelaAgent.dll"; }
-std::filesystem::path Empty() { return acceptance::ProgramFolder() / "bench_empty.dll"; }
+std::filesystem::path Agent() { return kit::ProgramFolder() / "VelaAgent.dll"; }
+std::filesystem::path Empty() { return kit::ProgramFolder() / "bench_empty.dll"; }
 
 void Weigh(benchmark::State& state, const Row& row) {
     double agent = 0;

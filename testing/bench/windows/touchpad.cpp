@@ -5,21 +5,22 @@
 #include <stdexcept>
 #include <string>
 
-#include "testing/bench/LogFolder.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
 #include "testing/bench/windows/Host.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {
 
+using namespace virtual_touchpad::events;
 using namespace bench;
 
 constexpr int kTurns = 20;
 constexpr int kWarmUp = 10;
 constexpr int kPresses = 100;
-constexpr std::uint16_t kCameraButton = 0x41;
 constexpr double kPatience = 5e9;
 
 struct Latencies {
@@ -55,8 +56,7 @@ Latencies Presses(virtual_touchpad::TouchpadControl& touchpad, Host& host) {
     return latencies;
 }
 
-Latencies PressesOnAgent(const acceptance::AgentDll& agent,
-                         virtual_touchpad::TouchpadControl& touchpad) {
+Latencies PressesOnAgent(const kit::AgentDll& agent, virtual_touchpad::TouchpadControl& touchpad) {
     AgentHost host(agent);
     return Presses(touchpad, host);
 }
@@ -70,7 +70,7 @@ Latencies PressesOnBareHost(const std::wstring& path, WritesOn thread,
 // The DLL's own logger.
 class Logging {
  public:
-    Logging(const acceptance::AgentDll& agent, bool wanted) : agent_(wanted ? &agent : nullptr) {
+    Logging(const kit::AgentDll& agent, bool wanted) : agent_(wanted ? &agent : nullptr) {
         if (agent_ != nullptr) agent_->InitLogger(folder_.ForAgent().c_str());
     }
     ~Logging() {
@@ -81,7 +81,7 @@ class Logging {
 
  private:
     LogFolder folder_;
-    const acceptance::AgentDll* agent_;
+    const kit::AgentDll* agent_;
 };
 
 struct LatencyRow {
@@ -114,7 +114,7 @@ void PressInTurns(benchmark::State& state, const Row& row, const LatencyRow& wan
     virtual_touchpad::UnplugAll();
     const std::wstring path = virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
     virtual_touchpad::TouchpadControl touchpad;
-    const acceptance::AgentDll agent;
+    const kit::AgentDll agent;
     const Logging logging(agent, wanted.logged);
     TakeTurns(
         state, row, [&] { return PressesOnAgent(agent, touchpad).*wanted.latency; },

@@ -13,13 +13,6 @@ namespace {
 constexpr int kOpeningThreads = 2;
 constexpr int kCallingThreads = 4;
 
-std::filesystem::path FreshFolder() {
-    const auto folder = std::filesystem::temp_directory_path() /
-                        ("vela-rounds-" + std::to_string(std::random_device{}()));
-    std::filesystem::create_directories(folder);
-    return folder;
-}
-
 void Join(std::vector<std::thread>& threads) {
     for (std::thread& thread : threads) thread.join();
 }
@@ -27,12 +20,7 @@ void Join(std::vector<std::thread>& threads) {
 }  // namespace
 
 Rounds::Rounds(const Agent& agent, SoakTouchpad& touchpad)
-    : agent_(agent), touchpad_(touchpad), logFolder_(FreshFolder()) {}
-
-Rounds::~Rounds() {
-    std::error_code ignored;
-    std::filesystem::remove_all(logFolder_, ignored);
-}
+    : agent_(agent), touchpad_(touchpad) {}
 
 void Rounds::Run(std::int64_t count) {
     roundsLeft_ = count;
@@ -91,7 +79,7 @@ void Rounds::MakeCall(Random& random) {
 
 // Some calls, of this thread and the others, with the log started.
 void Rounds::Log(Random& random) {
-    agent_.InitLogger(logFolder_.wstring().c_str());
+    agent_.InitLogger(logFolder_.Path().wstring().c_str());
     for (int i = 0; i < 8; ++i) MakeRandomCall(agent_, random);
     agent_.UnInitLogger();
 }

@@ -8,6 +8,7 @@
 
 #include "testing/soak/Agent.h"
 #include "testing/soak/RandomCalls.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/soak/SoakTouchpad.h"
 
 namespace soak {
@@ -15,9 +16,6 @@ namespace soak {
 class Rounds {
  public:
     Rounds(const Agent& agent, SoakTouchpad& touchpad);
-    ~Rounds();
-    Rounds(const Rounds&) = delete;
-    Rounds& operator=(const Rounds&) = delete;
 
     // A query for the touchpad between two sessions leaves a handle of the name that tells of a
     // session, when it meets one.
@@ -41,7 +39,7 @@ class Rounds {
 
     const Agent& agent_;
     SoakTouchpad& touchpad_;
-    const std::filesystem::path logFolder_;
+    const kit::LogFolder logFolder_;
     bool queriesPresence_ = false;
     std::atomic<std::int64_t> roundsLeft_{0};
     std::atomic<bool> over_{false};

@@ -15,10 +15,10 @@ using virtual_touchpad::kRequestReportId;
 class SimulatedTouchpad : public SoakTouchpad {
  public:
     explicit SimulatedTouchpad(const TouchpadLayout& layout) {
-        simulator::Machine& machine = fuzz::EmptyMachine();
+        simulator::Machine& machine = kit::EmptyMachine();
         // First, as it stays: one that is plugged in again comes last.
-        hapticTouchpad_ = machine.Plug(fuzz::Describe(virtual_touchpad::HapticLayout{}));
-        device_ = machine.Plug(fuzz::Describe(layout));
+        hapticTouchpad_ = machine.Plug(kit::Describe(virtual_touchpad::HapticLayout{}));
+        device_ = machine.Plug(kit::Describe(layout));
     }
 
     void Unplug() override {

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "include/VelaAgent.h"
+#include "testing/kit/WaitUntil.h"
 #include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace soak {
@@ -19,7 +20,6 @@ using simulator::Fault;
 using simulator::Machine;
 using simulator::WriteBehaviour;
 
-constexpr std::chrono::seconds kPatience{10};
 
 std::int64_t sessionsOpened = 0;
 
@@ -104,9 +104,7 @@ bool InsideACallback(Device& touchpad, Random& random) {
     if (!Light() || !touchpad.WaitForPendingReads()) return false;
     pulledInCallback = &touchpad;
     touchpad.SendInput({virtual_touchpad::kButtonReportId, 0x08, 0});
-    const auto giveUp = std::chrono::steady_clock::now() + kPatience;
-    while (!calledBack && std::chrono::steady_clock::now() < giveUp) std::this_thread::yield();
-    return calledBack;
+    return kit::WaitUntil([] { return calledBack.load(); });
 }
 
 }  // namespace

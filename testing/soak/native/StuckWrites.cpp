@@ -70,7 +70,7 @@ bool CloseAndExpire(Random& random) {
 
 StuckClosings CloseWithStuckWrites(Stuck stuck, std::int64_t cycles) {
     const auto touchpad =
-        fuzz::EmptyMachine().Plug(fuzz::Describe(virtual_touchpad::TouchpadLayout{}));
+        kit::EmptyMachine().Plug(kit::Describe(virtual_touchpad::TouchpadLayout{}));
     Random random(std::random_device{}());
     StuckClosings closings;
     for (; closings.cycles < cycles; ++closings.cycles) {

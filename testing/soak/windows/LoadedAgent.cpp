@@ -1,10 +1,10 @@
-#include "testing/acceptance/AgentDll.h"
+#include "testing/kit/windows/AgentDll.h"
 #include "testing/soak/Agent.h"
 
 namespace soak {
 
 Agent::Agent() {
-    const acceptance::AgentDll library;
+    const kit::AgentDll library;
 #define VELA_SOAK_TAKE(name) this->name = library.name;
     VELA_SOAK_FOR_EACH_EXPORT(VELA_SOAK_TAKE)
 #undef VELA_SOAK_TAKE

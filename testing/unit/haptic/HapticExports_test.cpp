@@ -1,7 +1,7 @@
 #include "include/VelaAgent.h"
 #include "testing/unit/haptic/HapticTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::IsEmpty;
@@ -60,4 +60,4 @@ TEST_F(HapticExportsTest, LeavesTheTouchpadSessionAlone) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -8,11 +8,11 @@
 
 #include "haptic/HapticTouchpadHID.h"
 #include "hid/HIDDiscovery.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 #include "testing/simulator/Machine.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 
-namespace test_support {
+namespace kit {
 
 using simulator::Fault;
 using virtual_touchpad::HapticFields;
@@ -50,4 +50,4 @@ class HapticTest : public testing::Test {
     vela::CHapticTouchpadHID session_;
 };
 
-}  // namespace test_support
+}  // namespace kit

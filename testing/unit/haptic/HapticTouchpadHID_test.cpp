@@ -1,6 +1,6 @@
 #include "testing/unit/haptic/HapticTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::ElementsAre;
@@ -138,4 +138,4 @@ TEST_F(HapticUninitializeTest, IsTheOnlyWayToCloseTheHandle) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -1,6 +1,6 @@
 #include "testing/unit/haptic/HapticTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::ElementsAre;
@@ -113,4 +113,4 @@ TEST_F(IntensityTest, IsUnknownInARecordWithoutIt) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -3,7 +3,6 @@
 
 #include <cstring>
 
-#include "testing/kit/WaitForLogLine.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace hid_test {
@@ -114,7 +113,7 @@ TEST_F(HIDDiscoveryTest, IsLoggedWhileTheDeviceIsStillOpen) {
     bool logged = false;
     machine_.SetFaultPolicy([&](const simulator::Call& call) -> std::optional<Fault> {
         if (call.function == "CloseHandle") {
-            logged = test_support::WaitForLogLine(log_, "GetHIDInformation PID");
+            logged = log_.WaitForLine("GetHIDInformation PID");
         }
         return std::nullopt;
     });

@@ -5,7 +5,6 @@
 #include <limits>
 #include <type_traits>
 
-#include "testing/kit/WaitForLogLine.h"
 #include "testing/unit/hid/HidTest.h"
 
 namespace hid_test {
@@ -107,7 +106,7 @@ TEST_F(HIDInformationTest, IsLoggedBeforeItsParsedDescriptorIsFreed) {
     bool logged = false;
     machine_.SetFaultPolicy([&](const simulator::Call& call) -> std::optional<Fault> {
         if (call.function == "HidD_FreePreparsedData") {
-            logged = test_support::WaitForLogLine(log_, "CHIDInformation clear device");
+            logged = log_.WaitForLine("CHIDInformation clear device");
         }
         return std::nullopt;
     });

@@ -10,22 +10,22 @@
 #include <vector>
 
 #include "hid/HIDDiscovery.h"
-#include "testing/kit/AgentLog.h"
-#include "testing/kit/ScriptedQuery.h"
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/AgentLog.h"
+#include "testing/kit/native/ScriptedQuery.h"
+#include "testing/kit/native/TouchpadTest.h"
 #include "testing/simulator/Machine.h"
 
 namespace hid_test {
 
+using kit::AgentLog;
+using kit::Describe;
+using kit::ScriptedQuery;
+using kit::TouchpadLayout;
 using simulator::Bytes;
 using simulator::Device;
 using simulator::DeviceDescription;
 using simulator::Fault;
 using simulator::Machine;
-using test_support::AgentLog;
-using test_support::Describe;
-using test_support::ScriptedQuery;
-using test_support::TouchpadLayout;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -1,12 +1,12 @@
 // What the sessions find: the button touchpad of the vendors in "Vela.ini", and any haptic
 // touchpad.
-#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/native/LibraryFolder.h"
 #include "testing/unit/hid/HidTest.h"
 
 namespace hid_test {
 namespace {
 
-using test_support::LibraryFolder;
+using namespace kit;
 using testing::UnorderedElementsAreArray;
 
 class TouchpadDiscovery : public HidTest {

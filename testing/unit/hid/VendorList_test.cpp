@@ -1,14 +1,14 @@
 // The vendor ids of "Vela.ini", and the filters that follow from them.
 #include "hid/VendorList.h"
 
-#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/native/LibraryFolder.h"
 #include "testing/unit/hid/HidTest.h"
 #include "touchpad/TouchpadDiscovery.h"
 
 namespace hid_test {
 namespace {
 
-using test_support::LibraryFolder;
+using namespace kit;
 using vela::GetVidsFromFile;
 
 std::string Skipped(const std::string& name) {

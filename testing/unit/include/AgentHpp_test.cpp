@@ -9,12 +9,17 @@
 #include <vector>
 
 #include "VelaAgentVersion.h"
-#include "testing/acceptance/ChildProcess.h"
+#include "testing/kit/Reports.h"
+#include "testing/kit/TemporaryFolder.h"
+#include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/windows/ChildProcess.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {
 
+using namespace virtual_touchpad::events;
 using std::chrono_literals::operator""s;
 using testing::AllOf;
 using testing::ElementsAre;
@@ -26,13 +31,7 @@ using vela_agent::Session;
 using virtual_touchpad::TouchpadControl;
 using virtual_touchpad::TouchpadLayout;
 
-std::filesystem::path ProgramFolder() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::filesystem::path(path).parent_path();
-}
-
-const std::filesystem::path kDll = ProgramFolder() / "VelaAgent.dll";
+const std::filesystem::path kDll = kit::ProgramFolder() / "VelaAgent.dll";
 
 // --- Library -------------------------------------------------------------------------------------
 
@@ -76,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
         // Found on the search path, were it searched.
         Unloadable{"ABareName", L"VelaAgent.dll", "", ERROR_BAD_PATHNAME},
         Unloadable{"ARelativePath", L".\\VelaAgent.dll", "", ERROR_BAD_PATHNAME},
-        Unloadable{"AMissingFile", ProgramFolder() / "Missing.dll", "", ERROR_MOD_NOT_FOUND},
+        Unloadable{"AMissingFile", kit::ProgramFolder() / "Missing.dll", "", ERROR_MOD_NOT_FOUND},
         Unloadable{"ALibraryWithoutTheExports", SystemFile(L"hid.dll"), "Activate",
                    ERROR_PROC_NOT_FOUND}),
     [](const auto& test) { return test.param.name; });
@@ -98,27 +97,22 @@ TEST_P(UnloadableTest, IsToldWithPathExportAndSystemError) {
 // --- Logger --------------------------------------------------------------------------------------
 
 TEST(LoggerTest, WritesTheLogWhileItLives) {
-    const auto folder = std::filesystem::temp_directory_path() /
-                        ("vela-header-" + std::to_string(GetCurrentProcessId()));
-    std::filesystem::create_directories(folder);
+    const kit::TemporaryFolder folder;
     const Library library(kDll);
-    { const vela_agent::Logger logger(library, folder); }
-    EXPECT_TRUE(std::filesystem::exists(folder / "VelaAgent.log"));
-    std::filesystem::remove_all(folder);
+    { const vela_agent::Logger logger(library, folder.Path()); }
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() / "VelaAgent.log"));
 }
 
 TEST(LoggerTest, StaysInTheDirectoryThatARelativePathNamedWhenItBegan) {
     const auto before = std::filesystem::current_path();
-    const auto folder = std::filesystem::temp_directory_path() /
-                        ("vela-relative-" + std::to_string(GetCurrentProcessId()));
-    std::filesystem::create_directories(folder / "logs");
-    std::filesystem::current_path(folder);
+    const kit::TemporaryFolder folder;
+    std::filesystem::create_directory(folder.Path() / "logs");
+    std::filesystem::current_path(folder.Path());
     {
         const vela_agent::Logger logger(Library(kDll), "logs");
         std::filesystem::current_path(before);
     }
-    EXPECT_TRUE(std::filesystem::exists(folder / "logs" / "VelaAgent.log"));
-    std::filesystem::remove_all(folder);
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() / "logs" / "VelaAgent.log"));
 }
 
 TEST(LoggerTest, RefusesADirectoryThatDoesNotExist) {
@@ -200,7 +194,7 @@ TEST_F(SessionTest, LightsTheButtonsAndHearsTheirPresses) {
         session.SetBrightness(200);
         EXPECT_EQ(session.Brightness(), 200);
         EXPECT_TRUE(brightness(0x21, 200));
-        touchpad.Press(0x41);
+        touchpad.Press(kCameraButton);
         EXPECT_THAT(calls_.WaitFor(2), ElementsAre("status 0", "press 0 on"));
         EXPECT_TRUE(brightness(0x20, 200));
     }
@@ -256,7 +250,7 @@ TEST(VersionTest, TextAndNumbersAgree) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (acceptance::IsChildProcess(argc, argv)) return acceptance::PlayChildRole(argv);
+    if (kit::IsChildProcess(argc, argv)) return kit::PlayChildRole(argv);
     testing::InitGoogleMock(&argc, argv);
     vela_agent::LeaveProcess(RUN_ALL_TESTS());
 }

@@ -6,16 +6,16 @@
 #include <optional>
 
 #include "include/VelaAgent.hpp"
-#include "testing/acceptance/AgentLogFile.h"
-#include "testing/acceptance/ChildProcess.h"
+#include "testing/kit/LogFolder.h"
+#include "testing/kit/windows/ChildProcess.h"
 #include "testing/unit/include/PlugIn.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace {
 
-using acceptance::ChildProcess;
-using acceptance::LogFolder;
+using kit::ChildProcess;
+using kit::LogFolder;
 using testing::Contains;
 
 // No other way out gives this.
@@ -106,7 +106,7 @@ int LeavesWithItsOwn(const std::filesystem::path& folder) {
     return kLeftInPeace;
 }
 
-const acceptance::RegisteredRole kRoles[] = {
+const kit::RegisteredRole kRoles[] = {
     {"FreesOneThatLogs", FreesOneThatLogs},
     {"FreesOneWithASession", FreesOneWithASession},
     {"FreesOneWithAHapticSession", FreesOneWithAHapticSession},

@@ -1,19 +1,13 @@
 // Arguments that no button, level or mode stands behind, and a touchpad that is gone.
-#include "testing/kit/ExportsTest.h"
-#include "testing/kit/WrittenReports.h"
+#include "testing/kit/native/ExportsTest.h"
+#include "testing/kit/native/WrittenReports.h"
 
 namespace {
 
-using test_support::Bytes;
-using test_support::DetachableLayout;
-using test_support::ExportsTest;
-using test_support::LightReport;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-Bytes AllLit() { return LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F); }
 
 // --- button ids ----------------------------------------------------------------------------------
 
@@ -59,7 +53,8 @@ TEST_F(UnknownButtons, ByTheThousandDoNotDisturbTheKnownOnes) {
     }
     SetButtonLight(0, 1);
     EXPECT_THAT(WrittenReports(session_, *device_),
-                ElementsAre(LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F)));
+                ElementsAre(LightReport(
+                    "camera on 3, microphone off 3, chat 3, share screen 3; all active")));
 }
 
 // --- a touchpad that is gone ---------------------------------------------------------------------
@@ -68,8 +63,7 @@ class VanishedTouchpad : public ExportsTest, public testing::WithParamInterface<
  protected:
     // A fixed touchpad, whose absence only its failing calls tell, or one that is probed.
     void OpenAndUnplug() {
-        ASSERT_NO_FATAL_FAILURE(
-            Open(GetParam() ? DetachableLayout() : test_support::TouchpadLayout{}));
+        ASSERT_NO_FATAL_FAILURE(Open(GetParam() ? DetachableLayout() : kit::TouchpadLayout{}));
         ASSERT_EQ(IsDetachable(), GetParam() ? 1 : 0);
         ASSERT_TRUE(device_->WaitForPendingReads());
         device_->Unplug();

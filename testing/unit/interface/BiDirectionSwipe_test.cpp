@@ -1,14 +1,11 @@
 // Which touchpads know the gesture in both directions.
-#include "testing/kit/ExportsTest.h"
-#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/native/ExportsTest.h"
+#include "testing/kit/native/LibraryFolder.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace {
 
-using test_support::Describe;
-using test_support::ExportsTest;
-using test_support::LibraryFolder;
-using test_support::TouchpadLayout;
+using namespace kit;
 using testing::IsEmpty;
 using virtual_touchpad::CollectionKind;
 using virtual_touchpad::MainItem;

@@ -1,20 +1,12 @@
 // The buttons' flags, as the host sets and asks for them.
-#include "testing/kit/ExportsTest.h"
-#include "testing/kit/WrittenReports.h"
+#include "testing/kit/native/ExportsTest.h"
+#include "testing/kit/native/WrittenReports.h"
 
 namespace {
 
-using test_support::Bytes;
-using test_support::ExportsTest;
-using test_support::LightReport;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-// All four buttons shown, no light toggled; the chat light's breathing value.
-Bytes AllLit(std::uint8_t breathing = 0) {
-    return LightReport({0, 3, 3, 3, 0, 3, breathing}, 0x0F);
-}
 
 class ButtonExportsTest : public ExportsTest {
  protected:
@@ -76,12 +68,23 @@ TEST_P(EachButton, HasItsLightSet) {
 INSTANTIATE_TEST_SUITE_P(
     Buttons, EachButton,
     testing::Values(
-        ButtonCase{VELA_BUTTON_CAMERA, LightReport({0, 0, 3, 3, 0, 3, 0}, 0x0E),
-                   LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F)},
-        ButtonCase{VELA_BUTTON_MICROPHONE, LightReport({0, 3, 3, 3, 0, 0, 0}, 0x07),
-                   LightReport({0, 3, 3, 3, 3, 0, 0}, 0x0F)},
-        ButtonCase{VELA_BUTTON_CHAT, LightReport({0, 3, 3, 0, 0, 3, 0}, 0x0B), AllLit()},
-        ButtonCase{VELA_BUTTON_SHARE_SCREEN, LightReport({0, 3, 0, 3, 0, 3, 0}, 0x0D), AllLit()}));
+        ButtonCase{
+            VELA_BUTTON_CAMERA,
+            LightReport(
+                "microphone off 3, chat 3, share screen 3; microphone, chat, share screen active"),
+            LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active")},
+        ButtonCase{
+            VELA_BUTTON_MICROPHONE,
+            LightReport("camera off 3, chat 3, share screen 3; camera, chat, share screen active"),
+            LightReport("camera off 3, microphone on 3, chat 3, share screen 3; all active")},
+        ButtonCase{VELA_BUTTON_CHAT,
+                   LightReport("camera off 3, microphone off 3, share screen 3; camera, "
+                               "microphone, share screen active"),
+                   AllLit()},
+        ButtonCase{
+            VELA_BUTTON_SHARE_SCREEN,
+            LightReport("camera off 3, microphone off 3, chat 3; camera, microphone, chat active"),
+            AllLit()}));
 
 TEST_F(ButtonExportsTest, AreDisabledAtFirst) {
     Open();
@@ -161,7 +164,9 @@ TEST_P(TrueArgument, IsAnyOtherNumberThanZero) {
     SetButtonVisible(2, 1);
     SetButtonBreathing(2, GetParam());
     EnableSingleButton(2, 1);
-    EXPECT_THAT(Written(), testing::Contains(LightReport({3, 0, 0, 3, 0, 0, 8}, 0x05)));
+    EXPECT_THAT(
+        Written(),
+        testing::Contains(LightReport("camera on 3, chat 3, breathing 8; camera, chat active")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Numbers, TrueArgument,

@@ -1,19 +1,12 @@
 // The host's two callbacks, as it registers and loses them.
-#include "testing/kit/ExportsTest.h"
+#include "testing/kit/native/ExportsTest.h"
 
 namespace {
 
-using test_support::ExportsTest;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::OnButtonPress;
-using test_support::OnStatusChange;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::uint16_t kCameraButton = 0x41;
-constexpr std::uint16_t kGesture = 0x45;
-constexpr std::uint16_t kChatButton = 0x43;
 
 class CallbackExportsTest : public ExportsTest {
  protected:

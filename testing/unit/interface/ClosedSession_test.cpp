@@ -1,12 +1,9 @@
 // What every export answers while no session is open.
-#include "testing/kit/ExportsTest.h"
+#include "testing/kit/native/ExportsTest.h"
 
 namespace {
 
-using test_support::ExportsTest;
-using test_support::HostCallbacks;
-using test_support::OnButtonPress;
-using test_support::OnStatusChange;
+using namespace kit;
 using testing::Each;
 using testing::IsEmpty;
 

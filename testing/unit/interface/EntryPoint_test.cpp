@@ -1,7 +1,7 @@
 // The library's entry point, which the platform calls under the loader's lock.
 #include "platform/ModuleHandle.h"
-#include "testing/kit/AgentLog.h"
-#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/native/AgentLog.h"
+#include "testing/kit/native/LibraryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,11 +19,11 @@ class EntryPointTest : public testing::TestWithParam<DWORD> {
     }
     ~EntryPointTest() override { DllMain(nullptr, DLL_PROCESS_ATTACH, nullptr); }
 
-    const HINSTANCE module_ = test_support::LibraryFolder::Module();
+    const HINSTANCE module_ = kit::LibraryFolder::Module();
 };
 
 TEST_P(EntryPointTest, AgreesToEveryReasonAndDoesNothingElse) {
-    test_support::AgentLog log;
+    kit::AgentLog log;
     EXPECT_EQ(DllMain(module_, GetParam(), nullptr), TRUE);
     // A detaching because the process ends is for good: ProcessExit_test.cpp.
     const bool endsProcess = GetParam() == DLL_PROCESS_DETACH;

@@ -1,14 +1,12 @@
 // Opening and closing the touchpad.
 #include <thread>
 
-#include "testing/kit/ExportsTest.h"
+#include "testing/kit/native/ExportsTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::BlankReport;
-using test_support::Describe;
-using test_support::ExportsTest;
+using namespace kit;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -51,8 +49,8 @@ TEST_F(InitTest, LeavesTheLightsAndTheHostAlone) {
     Init();
     ASSERT_TRUE(UpdateVelaState());
     ASSERT_TRUE(device_->WaitForOutputs(1));
-    EXPECT_THAT(device_->Outputs(), ElementsAre(test_support::RequestReport()));
-    EXPECT_THAT(test_support::HostCallbacks::Calls(), IsEmpty());
+    EXPECT_THAT(device_->Outputs(), ElementsAre(kit::RequestReport()));
+    EXPECT_THAT(kit::HostCallbacks::Calls(), IsEmpty());
 }
 
 TEST_F(InitTest, ATouchpadThatAnotherProcessHoldsIsToldApart) {

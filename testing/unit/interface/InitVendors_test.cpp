@@ -1,13 +1,12 @@
 // Which touchpads Init opens because of the vendor ids in "Vela.ini".
-#include "testing/kit/ExportsTest.h"
-#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/native/ExportsTest.h"
+#include "testing/kit/native/LibraryFolder.h"
 
 namespace {
 
-using test_support::LibraryFolder;
-using test_support::TouchpadLayout;
+using namespace kit;
 
-using InitVendorsTest = test_support::ExportsTest;
+using InitVendorsTest = kit::ExportsTest;
 
 TEST_F(InitVendorsTest, InitOpensATouchpadOfAListedVendorOnly) {
     const LibraryFolder folder;

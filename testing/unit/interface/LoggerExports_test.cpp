@@ -5,13 +5,12 @@
 #include <filesystem>
 
 #include "include/VelaAgent.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 #include "testing/simulator/Machine.h"
 
 namespace {
 
-using test_support::LogFileIn;
-using test_support::MakeTemporaryFolder;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -23,24 +22,21 @@ const std::string kLastLine = "INFO UnInitialize: Logger::UnInitialize";
 class LoggerExportsTest : public testing::Test {
  protected:
     LoggerExportsTest() { simulator::Machine::Get().Reset(); }
-    ~LoggerExportsTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_.parent_path(), ignored);
-    }
 
     // Without a session UnInit does no more than log a line.
     static void LogALine() { UnInit(); }
 
     static std::vector<std::string> Texts(const std::filesystem::path& folder) {
         std::vector<std::string> texts;
-        for (const auto& line : test_support::ReadLogLines(LogFileIn(folder))) {
+        for (const auto& line : kit::ReadLogLines(LogFileIn(folder))) {
             texts.push_back(line.Text());
         }
         return texts;
     }
     std::vector<std::string> Texts() const { return Texts(folder_); }
 
-    std::filesystem::path folder_ = MakeTemporaryFolder();
+    const LogFolder logFolder_;
+    std::filesystem::path folder_ = logFolder_.Path();
 };
 
 TEST_F(LoggerExportsTest, WriteTheFileBetweenThem) {
@@ -62,19 +58,20 @@ TEST_F(LoggerExportsTest, CopyTheDirectory) {
 }
 
 TEST_F(LoggerExportsTest, Nest) {
-    const std::filesystem::path other = MakeTemporaryFolder();
+    const LogFolder otherLog;
+    const std::filesystem::path other = otherLog.Path();
     InitLogger(folder_.wstring().c_str());
     InitLogger(other.wstring().c_str());
     UnInitLogger();
     LogALine();
     UnInitLogger();
     EXPECT_THAT(Texts(), ElementsAre(kUnInitLine, kLastLine));
-    EXPECT_FALSE(std::filesystem::exists(LogFileIn(other)));
-    std::filesystem::remove_all(other.parent_path());
+    EXPECT_FALSE(std::filesystem::exists(otherLog.File()));
 }
 
 TEST_F(LoggerExportsTest, MayBeUsedAgainWithAnotherDirectory) {
-    const std::filesystem::path other = MakeTemporaryFolder();
+    const LogFolder otherLog;
+    const std::filesystem::path other = otherLog.Path();
     InitLogger(folder_.wstring().c_str());
     UnInitLogger();
     InitLogger(other.wstring().c_str());
@@ -82,7 +79,6 @@ TEST_F(LoggerExportsTest, MayBeUsedAgainWithAnotherDirectory) {
     UnInitLogger();
     EXPECT_THAT(Texts(), ElementsAre(kLastLine));
     EXPECT_THAT(Texts(other), ElementsAre(kUnInitLine, kLastLine));
-    std::filesystem::remove_all(other.parent_path());
 }
 
 TEST_F(LoggerExportsTest, StoppingALoggerThatWasNotStartedDoesNothing) {

@@ -1,15 +1,11 @@
 // Whether a touchpad is there: the open session, the mark of another process, or a scan.
-#include "testing/kit/ExportsTest.h"
-#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/native/ExportsTest.h"
+#include "testing/kit/native/LibraryFolder.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::Describe;
-using test_support::DetachableLayout;
-using test_support::ExportsTest;
-using test_support::LibraryFolder;
-using test_support::TouchpadLayout;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -5,19 +5,18 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <thread>
 
 #include "log/ILog.h"
-#include "testing/kit/AgentLog.h"
-#include "testing/kit/ExportsTest.h"
-#include "testing/kit/LibraryFolder.h"
+#include "testing/kit/native/AgentLog.h"
+#include "testing/kit/native/ExportsTest.h"
+#include "testing/kit/native/LibraryFolder.h"
 
 namespace {
 
 using simulator::Machine;
-using test_support::Describe;
-using test_support::DetachableLayout;
-using test_support::TouchpadLayout;
+using namespace kit;
 using testing::ExitedWithCode;
 using testing::KilledBySignal;
 
@@ -110,7 +109,7 @@ void Detach(void* reserved) { DllMain(nullptr, DLL_PROCESS_DETACH, reserved); }
 // through, and a thread that stops the logger waits for that with the logger's lock held.
 void StopLoggerForEver(const std::filesystem::path& folder) {
     alarm(20);
-    mkfifo(test_support::LogFileIn(folder).c_str(), 0600);
+    mkfifo(kit::LogFileIn(folder).c_str(), 0600);
     InitLogger(folder.wstring().c_str());
     std::thread([] { UnInitLogger(); }).detach();
     // The last line is queued under the lock.
@@ -120,7 +119,7 @@ void StopLoggerForEver(const std::filesystem::path& folder) {
 TEST_F(ProcessExitDeathTest, DropsLinesUnformattedOnceTheProcessEnds) {
     EXPECT_EXIT(
         {
-            const test_support::AgentLog log;
+            const kit::AgentLog log;
             int process = 0;
             Detach(&process);
             vela::GetLogger()->Log(vela::kLogInfo, "f", "%s", reinterpret_cast<const char*>(1));
@@ -132,7 +131,7 @@ TEST_F(ProcessExitDeathTest, DropsLinesUnformattedOnceTheProcessEnds) {
 TEST_F(ProcessExitDeathTest, LogsOnWhereTheLibraryAloneIsUnloaded) {
     EXPECT_EXIT(
         {
-            test_support::AgentLog log;
+            kit::AgentLog log;
             Detach(nullptr);
             UnInit();
             std::_Exit(log.Texts().size() == 1 ? kHostsExitCode : EXIT_FAILURE);
@@ -143,13 +142,13 @@ TEST_F(ProcessExitDeathTest, LogsOnWhereTheLibraryAloneIsUnloaded) {
 TEST_F(ProcessExitDeathTest, WaitsForNobodyWhoStopsTheLogger) {
     EXPECT_EXIT(
         {
-            const std::filesystem::path folder = test_support::MakeTemporaryFolder();
+            std::optional<kit::LogFolder> log(std::in_place);
             Machine::Get().RecordFileCalls(true);
-            StopLoggerForEver(folder);
+            StopLoggerForEver(log->Path());
             int process = 0;
             Detach(&process);
             UnInitLogger();
-            std::filesystem::remove_all(folder.parent_path());
+            log.reset();
             std::_Exit(kHostsExitCode);
         },
         ExitedWithCode(kHostsExitCode), "");

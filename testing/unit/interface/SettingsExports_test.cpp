@@ -1,18 +1,10 @@
 // Feature switch, activation, brightness, click mode, state request and the detachable query.
-#include "testing/kit/ExportsTest.h"
-#include "testing/kit/WrittenReports.h"
+#include "testing/kit/native/ExportsTest.h"
+#include "testing/kit/native/WrittenReports.h"
 
 namespace {
 
-using test_support::BlankReport;
-using test_support::Bytes;
-using test_support::DetachableLayout;
-using test_support::ExportsTest;
-using test_support::HostCallbacks;
-using test_support::LightReport;
-using test_support::RequestReport;
-using test_support::TouchpadLayout;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -70,8 +62,7 @@ TEST_P(BrightnessTest, IsTheLowByteInEveryLitLight) {
     const std::uint8_t stored = GetParam().stored;
     SetVelaBrightness(GetParam().level);
     EXPECT_EQ(GetVelaBrightness(), stored);
-    EXPECT_THAT(Written(),
-                ElementsAre(LightReport({0, stored, stored, stored, 0, stored, 0}, 0x0F)));
+    EXPECT_THAT(Written(), ElementsAre(AllLitAt(stored)));
     EXPECT_THAT(LogOf("SetBrightness"),
                 ElementsAre("INFO SetBrightness: SetBrightness (" + std::to_string(stored) + ")"));
 }

@@ -12,16 +12,13 @@
 #include <vector>
 
 #include "log/ILog.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 #include "testing/simulator/Machine.h"
 
 namespace {
 
 using simulator::Machine;
-using test_support::LogFileIn;
-using test_support::LogLine;
-using test_support::MakeTemporaryFolder;
-using test_support::ReadLogLines;
+using namespace kit;
 using testing::IsEmpty;
 using testing::SizeIs;
 using vela::kLogInfo;
@@ -109,10 +106,6 @@ void ExpectAllBetween(const std::array<int, kThreads>& from, const std::array<in
 class LoggerConcurrency : public testing::Test {
  protected:
     LoggerConcurrency() { Machine::Get().Reset(); }
-    ~LoggerConcurrency() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_.parent_path(), ignored);
-    }
 
     std::filesystem::path Backup() const { return file_.string() + ".old"; }
     // Without what FillFile put there.
@@ -135,8 +128,9 @@ class LoggerConcurrency : public testing::Test {
         std::filesystem::resize_file(file_, kLimit);
     }
 
-    std::filesystem::path folder_ = MakeTemporaryFolder();
-    std::filesystem::path file_ = LogFileIn(folder_);
+    const LogFolder logFolder_;
+    std::filesystem::path folder_ = logFolder_.Path();
+    std::filesystem::path file_ = logFolder_.File();
     vela::ILog& logger_ = *vela::GetLogger();
 };
 

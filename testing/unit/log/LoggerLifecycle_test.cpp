@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "log/ILog.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 #include "testing/simulator/Machine.h"
 
 namespace {
@@ -33,11 +33,7 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
 namespace {
 
 using simulator::Machine;
-using test_support::AgentLog;
-using test_support::LogFileIn;
-using test_support::LogLine;
-using test_support::MakeTemporaryFolder;
-using test_support::ReadLogLines;
+using namespace kit;
 using testing::ElementsAre;
 using vela::kLogInfo;
 
@@ -52,7 +48,6 @@ std::vector<std::string> Texts(const std::filesystem::path& file) {
 class LoggerLifecycle : public testing::Test {
  protected:
     LoggerLifecycle() { Machine::Get().Reset(); }
-    ~LoggerLifecycle() override { std::filesystem::remove_all(folder_.parent_path()); }
 
     void WriteALineTo(const std::wstring& directory) {
         logger_.Initialize(directory);
@@ -60,8 +55,9 @@ class LoggerLifecycle : public testing::Test {
         logger_.UnInitialize();
     }
 
-    std::filesystem::path folder_ = MakeTemporaryFolder();
-    std::filesystem::path file_ = LogFileIn(folder_);
+    const LogFolder logFolder_;
+    std::filesystem::path folder_ = logFolder_.Path();
+    std::filesystem::path file_ = logFolder_.File();
     vela::ILog& logger_ = *vela::GetLogger();
 };
 
@@ -168,8 +164,7 @@ TEST_F(LoggerLifecycle, WritesAMessageThatEndsBeforeItsBytesDo) {
     AgentLog log;
     logger_.Info(std::string("a\0b", 3), "f");
     log.Finish();
-    EXPECT_THAT(test_support::FileText(log.File()),
-                testing::HasSubstr(std::string("} a\0b\r\n", 7)));
+    EXPECT_THAT(kit::FileText(log.File()), testing::HasSubstr(std::string("} a\0b\r\n", 7)));
 }
 
 }  // namespace

@@ -6,15 +6,14 @@
 #include <fstream>
 
 #include "log/ILog.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 #include "testing/simulator/Machine.h"
 
 namespace {
 
 using simulator::Fault;
 using simulator::Machine;
-using test_support::LogFileIn;
-using test_support::MakeTemporaryFolder;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using vela::kLogInfo;
@@ -25,7 +24,6 @@ const std::string kLastLine = "Logger::UnInitialize";
 class LoggerRotation : public testing::Test {
  protected:
     LoggerRotation() { Machine::Get().Reset(); }
-    ~LoggerRotation() override { std::filesystem::remove_all(folder_.parent_path()); }
 
     std::filesystem::path Backup() const { return file_.string() + ".old"; }
 
@@ -53,8 +51,9 @@ class LoggerRotation : public testing::Test {
         logger_.UnInitialize();
     }
 
-    std::filesystem::path folder_ = MakeTemporaryFolder();
-    std::filesystem::path file_ = LogFileIn(folder_);
+    const LogFolder logFolder_;
+    std::filesystem::path folder_ = logFolder_.Path();
+    std::filesystem::path file_ = logFolder_.File();
     vela::ILog& logger_ = *vela::GetLogger();
 };
 

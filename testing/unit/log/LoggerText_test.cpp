@@ -6,12 +6,11 @@
 #include <vector>
 
 #include "log/ILog.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 
 namespace {
 
-using test_support::AgentLog;
-using test_support::FileText;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using vela::kLogInfo;

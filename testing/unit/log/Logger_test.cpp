@@ -14,18 +14,14 @@
 
 #include "log/ILog.h"
 #include "log/Logger.h"
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 #include "testing/simulator/Machine.h"
 
 namespace {
 
 using simulator::Fault;
 using simulator::Machine;
-using test_support::AgentLog;
-using test_support::FileText;
-using test_support::LogFileIn;
-using test_support::MakeTemporaryFolder;
-using test_support::ReadLogLines;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -62,15 +58,12 @@ std::filesystem::path MakeFile(const std::filesystem::path& file, std::uintmax_t
 class LoggerTest : public testing::Test {
  protected:
     LoggerTest() { Machine::Get().Reset(); }
-    ~LoggerTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_.parent_path(), ignored);
-    }
 
     std::filesystem::path Backup() const { return file_.string() + ".old"; }
 
-    std::filesystem::path folder_ = MakeTemporaryFolder();
-    std::filesystem::path file_ = LogFileIn(folder_);
+    const LogFolder logFolder_;
+    std::filesystem::path folder_ = logFolder_.Path();
+    std::filesystem::path file_ = logFolder_.File();
     vela::ILog& logger_ = *GetLogger();
 };
 
@@ -163,7 +156,8 @@ TEST_F(LoggerTest, KeepsAnEmptyMessageOfANamedOperation) {
 }
 
 TEST_F(LoggerTest, SecondInitializeOnlyCounts) {
-    const std::filesystem::path other = MakeTemporaryFolder();
+    const LogFolder otherLog;
+    const std::filesystem::path other = otherLog.Path();
     logger_.Initialize(folder_.wstring());
     logger_.Initialize(other.wstring());
     logger_.Log(kLogInfo, "f", "one");
@@ -171,8 +165,7 @@ TEST_F(LoggerTest, SecondInitializeOnlyCounts) {
     logger_.Log(kLogInfo, "f", "two");
     logger_.UnInitialize();
     EXPECT_THAT(ReadLogLines(file_), SizeIs(3));
-    EXPECT_FALSE(std::filesystem::exists(LogFileIn(other)));
-    std::filesystem::remove_all(other.parent_path());
+    EXPECT_FALSE(std::filesystem::exists(otherLog.File()));
 }
 
 TEST_F(LoggerTest, LaterInitializeTakesANewDirectory) {

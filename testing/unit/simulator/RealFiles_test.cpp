@@ -1,6 +1,6 @@
+#include "testing/kit/TemporaryFolder.h"
 #include "testing/unit/simulator/SimulatorTest.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -9,13 +9,6 @@ namespace {
 
 class RealFiles : public SimulatorTest {
  protected:
-    RealFiles() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "simulator-test-XXXXXX").string();
-        folder_ = mkdtemp(pattern.data());
-    }
-    ~RealFiles() override { std::filesystem::remove_all(folder_); }
-
     std::wstring Put(const std::string& name) const {
         std::ofstream(folder_ / name) << name;
         return (folder_ / name).wstring();
@@ -26,7 +19,8 @@ class RealFiles : public SimulatorTest {
     }
     bool Exists(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
 
-    std::filesystem::path folder_;
+    const kit::TemporaryFolder temporary_;
+    const std::filesystem::path& folder_ = temporary_.Path();
 };
 
 TEST_F(RealFiles, AreDeleted) {

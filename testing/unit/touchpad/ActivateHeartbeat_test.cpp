@@ -1,13 +1,10 @@
 // The heartbeat of a detachable touchpad follows the activation state.
-#include "testing/kit/TouchpadTest.h"
-#include "testing/kit/WaitForLogLine.h"
+#include "testing/kit/native/TouchpadTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::DetachableLayout;
-using test_support::TouchpadTest;
-using test_support::WaitForLogLine;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -20,7 +17,7 @@ class ActivateHeartbeatTest : public TouchpadTest {
     void OpenAndActivate(std::uint32_t value) {
         ASSERT_NO_FATAL_FAILURE(Open(DetachableLayout()));
         ASSERT_TRUE(session_.Activate(value));
-        ASSERT_TRUE(WaitForLogLine(log_, "HeartbeatThread created."));
+        ASSERT_TRUE(log_.WaitForLine("HeartbeatThread created."));
     }
 };
 
@@ -35,7 +32,7 @@ TEST_P(ActiveValue, StartsTheHeartbeat) {
 TEST_P(ActiveValue, ReplacesARunningHeartbeat) {
     OpenAndActivate(GetParam());
     session_.Activate(1 - GetParam());
-    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread created.", 2));
+    EXPECT_TRUE(log_.WaitForLine("HeartbeatThread created.", 2));
     EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft, kCreated));
 }
 
@@ -47,7 +44,7 @@ class EndingValue : public ActivateHeartbeatTest,
 TEST_P(EndingValue, StopsTheHeartbeat) {
     OpenAndActivate(0);
     session_.Activate(GetParam());
-    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread leaved."));
+    EXPECT_TRUE(log_.WaitForLine("HeartbeatThread leaved."));
     EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft));
 }
 
@@ -55,7 +52,7 @@ TEST_P(EndingValue, IsFollowedByANewHeartbeatOnTheNextActivation) {
     OpenAndActivate(0);
     session_.Activate(GetParam());
     session_.Activate(0);
-    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread created.", 2));
+    EXPECT_TRUE(log_.WaitForLine("HeartbeatThread created.", 2));
     EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft, kCreated));
 }
 
@@ -67,7 +64,7 @@ TEST_F(ActivateHeartbeatTest, OtherValuesLeaveTheHeartbeatRunning) {
     // Time for a heartbeat that was told to stop: its line would come before the one of Settle.
     ASSERT_NO_FATAL_FAILURE(Settle());
     session_.Activate(4);
-    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread leaved."));
+    EXPECT_TRUE(log_.WaitForLine("HeartbeatThread leaved."));
     std::vector<std::string> order;
     for (const std::string& text : log_.Texts()) {
         if (text == kLeft || text == kStateRequested) order.push_back(text);
@@ -87,7 +84,7 @@ TEST_F(ActivateHeartbeatTest, ATouchpadWithoutANameHasOne) {
     machine_.FailAlways("HidD_GetProductString", Fault::Error(31));
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
     session_.Activate(0);
-    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread created."));
+    EXPECT_TRUE(log_.WaitForLine("HeartbeatThread created."));
 }
 
 }  // namespace

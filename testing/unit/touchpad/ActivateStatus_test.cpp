@@ -1,19 +1,13 @@
 // What the host is told when the activation state changes.
 #include <thread>
 
-#include "testing/kit/TouchpadTest.h"
-#include "testing/kit/WaitForLogLine.h"
-#include "testing/kit/WrittenReports.h"
+#include "testing/kit/native/TouchpadTest.h"
+#include "testing/kit/native/WrittenReports.h"
 
 namespace {
 
 using simulator::WriteBehaviour;
-using test_support::BlankReport;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::TouchpadTest;
-using test_support::WaitForLogLine;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -148,7 +142,7 @@ TEST_F(ActivateStatusTest, TheFirmwaresStateWaitsForAnActivationUnderWay) {
     std::thread activation([this] { session_.Activate(1); });
     EXPECT_TRUE(machine_.WaitForCalls("HidP_SetUsages", 1));
     device_->SendInput(InputReport({}, kFirmwareSwipeOff));
-    EXPECT_TRUE(WaitForLogLine(log_, "Vela FW state: "));
+    EXPECT_TRUE(log_.WaitForLine("Vela FW state: "));
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
 
     device_->SetWriteBehaviour(WriteBehaviour::Pend);

@@ -1,22 +1,12 @@
 // The activation state and what a change of it does to the buttons and lights.
-#include "testing/kit/TouchpadTest.h"
-#include "testing/kit/WrittenReports.h"
+#include "testing/kit/native/TouchpadTest.h"
+#include "testing/kit/native/WrittenReports.h"
 
 namespace {
 
-using test_support::BlankReport;
-using test_support::Bytes;
-using test_support::HostCallbacks;
-using test_support::LightReport;
-using test_support::TouchpadTest;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-// All four buttons shown, no light toggled; the chat light's breathing value.
-Bytes AllLit(std::uint8_t breathing = 0) {
-    return LightReport({0, 3, 3, 3, 0, 3, breathing}, 0x0F);
-}
 
 class ActivateTest : public TouchpadTest {
  protected:
@@ -117,7 +107,7 @@ TEST_F(ActivateTest, AfterDeactivatingTheButtonsAreEnabledButNoLongerVisible) {
         EXPECT_TRUE(session_.IsButtonEnabled(button));
     }
     session_.SetButtonVisible(0, true);
-    EXPECT_THAT(Written(), ElementsAre(LightReport({0, 3, 0, 0, 0, 0, 0}, 0x01)));
+    EXPECT_THAT(Written(), ElementsAre(LightReport("camera off 3; camera active")));
 }
 
 TEST_F(ActivateTest, DeactivatingIsWrittenEvenWhereNothingChanges) {
@@ -172,7 +162,11 @@ TEST_F(ActivateTest, EverySuspensionSavesTheButtonsAnew) {
     Written();
     session_.Activate(5);
     session_.Activate(0);
-    EXPECT_THAT(Written(), ElementsAre(BlankReport(), LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F)));
+    EXPECT_THAT(
+        Written(),
+        ElementsAre(
+            BlankReport(),
+            LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active")));
 }
 
 TEST_F(ActivateTest, FromSuspendedToDeactivatedNothingComesBack) {

@@ -1,12 +1,9 @@
 // Touchpads whose active usages are an array: each slot names one shown button.
-#include "testing/kit/CompositionTest.h"
+#include "testing/kit/native/CompositionTest.h"
 
 namespace {
 
-using test_support::BlankReport;
-using test_support::Bytes;
-using test_support::CompositionTest;
-using test_support::TouchpadLayout;
+using namespace kit;
 using testing::IsEmpty;
 
 struct ArrayCase {

@@ -1,12 +1,10 @@
 // Touchpads that report their pressed usages in an array: in any order, some of them unknown.
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace {
 
-using test_support::Bytes;
-using test_support::HostCallbacks;
-using test_support::InputTest;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using virtual_touchpad::CollectionKind;
@@ -19,8 +17,8 @@ using virtual_touchpad::ReportDescriptorBuilder;
 class ArrayInputTest : public InputTest {
  protected:
     void OpenAndLightArray(std::uint8_t reportId) {
-        simulator::DeviceDescription description = test_support::Describe({});
-        test_support::TouchpadLayout outputs;
+        simulator::DeviceDescription description = kit::Describe({});
+        kit::TouchpadLayout outputs;
         outputs.inputReportIds = {};
         const Bytes usual = virtual_touchpad::BuildReportDescriptor(outputs);
         ReportDescriptorBuilder builder;

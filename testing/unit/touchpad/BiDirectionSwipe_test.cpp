@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "testing/kit/AgentLog.h"
+#include "testing/kit/native/AgentLog.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ struct SwipeCase {
 class SwipeOfRecord : public testing::TestWithParam<SwipeCase> {};
 
 TEST_P(SwipeOfRecord, DependsOnFamilyAndFirmware) {
-    const test_support::AgentLog log;
+    const kit::AgentLog log;
     Touchpad touchpad;
     GetParam().change(touchpad);
     vela::CHIDInformation record;

@@ -1,19 +1,12 @@
 // The chat light's breathing: requested, started, kept going, stopped.
 #include <thread>
 
-#include "testing/kit/CompositionTest.h"
-#include "testing/kit/WaitForLogLine.h"
+#include "testing/kit/native/CompositionTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::BlankReport;
-using test_support::Bytes;
-using test_support::CompositionTest;
-using test_support::LightReport;
-using test_support::SetValueCall;
-using test_support::WaitForLogLine;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -24,10 +17,8 @@ constexpr std::uint8_t kNone = 0;
 constexpr std::uint8_t kStart = 8;
 constexpr std::uint8_t kKeep = 15;
 
-// All four buttons shown, no light toggled; the chat light's breathing value.
-Bytes AllLit(std::uint8_t breathing) { return LightReport({0, 3, 3, 3, 0, 3, breathing}, 0x0F); }
-
-const Bytes kChatHidden = LightReport({0, 3, 3, 0, 0, 3, 0}, 0x0B);
+const Bytes kChatHidden = LightReport(
+    "camera off 3, microphone off 3, share screen 3; camera, microphone, share screen active");
 
 class BreathingTest : public CompositionTest {
  protected:
@@ -87,7 +78,7 @@ TEST_F(BreathingTest, DoesNotDependOnTheChatButtonsLight) {
     session_.SetButtonLight(kChat, true);
     EXPECT_THAT(Written(), ElementsAre(AllLit(kKeep)));
     session_.SetBrightness(0);
-    EXPECT_THAT(Written(), ElementsAre(LightReport({0, 0, 0, 0, 0, 0, kKeep}, 0x0F)));
+    EXPECT_THAT(Written(), ElementsAre(LightReport("breathing 15; all active")));
 }
 
 TEST_F(BreathingTest, IsShownByTheChatButtonOnly) {
@@ -211,7 +202,9 @@ TEST_F(BreathingTest, IsStillToBeStartedWhenTheChatLightCouldNotBeSet) {
     machine_.FailNext("HidP_SetUsageValue", Fault::Status(static_cast<std::int32_t>(0xC0110004)),
                       4);
     session_.SetButtonBreathing(kChat, true);
-    EXPECT_THAT(Written(), ElementsAre(LightReport({0, 3, 3, 0, 0, 3, 0}, 0x0F)));
+    EXPECT_THAT(
+        Written(),
+        ElementsAre(LightReport("camera off 3, microphone off 3, share screen 3; all active")));
     EXPECT_EQ(Compose(), AllLit(kStart));
 }
 
@@ -222,7 +215,7 @@ TEST_F(BreathingTest, AStopThatComesWhileItIsBeingStartedStays) {
     machine_.SetFaultPolicy([&](const simulator::Call& call) -> std::optional<Fault> {
         if (call.Text() == SetValueCall(0xa2, kStart) && !stopping.joinable()) {
             stopping = std::thread([this] { session_.SetButtonBreathing(kChat, false); });
-            EXPECT_TRUE(WaitForLogLine(log_, "SetButtonBreathing for BUTTON_ID 2 (0)"));
+            EXPECT_TRUE(log_.WaitForLine("SetButtonBreathing for BUTTON_ID 2 (0)"));
         }
         return std::nullopt;
     });

@@ -1,22 +1,15 @@
 // The setters of the buttons' flags: what each answers, logs and queues.
 #include <thread>
 
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::Bytes;
-using test_support::CannotUpdate;
-using test_support::DetachableLayout;
-using test_support::InputTest;
-using test_support::LightReport;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using vela::CTandrelHID;
-
-// All four buttons shown, no light toggled.
-const Bytes kAllLit = LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F);
 
 struct Setter {
     const char* name;
@@ -84,7 +77,7 @@ TEST_P(EachSetter, WritesAnUnchangedReportOnlyWhenForced) {
     OpenAndLight();
     EXPECT_TRUE(Set(9, false));
     if (GetParam().force) {
-        EXPECT_THAT(Written(), ElementsAre(kAllLit));
+        EXPECT_THAT(Written(), ElementsAre(AllLit()));
     } else {
         EXPECT_THAT(Written(), IsEmpty());
     }
@@ -103,7 +96,7 @@ TEST_P(EachSetter, ComposesAReportOnTheCallersThread) {
 
 TEST_P(EachSetter, KeepsTheFlagWhileTheTouchpadIsDisabledAndQueuesNothing) {
     OpenAndLight();
-    ReceiveFirmwareState(test_support::kFwSwipeOff);
+    ReceiveFirmwareState(kit::kFwSwipeOff);
     machine_.ForgetCalls();
     EXPECT_TRUE(Set(9, false));
     EXPECT_EQ(machine_.CountCalls("HidP_SetUsageValue"), 0U);

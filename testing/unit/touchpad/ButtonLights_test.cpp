@@ -1,16 +1,11 @@
 // The buttons' flags: what a change of one is answered with, logs and queues.
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
-using test_support::Bytes;
-using test_support::CannotUpdate;
-using test_support::InputTest;
-using test_support::LightReport;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-Bytes AllLit() { return LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F); }
 
 class ButtonLightsTest : public InputTest {};
 
@@ -25,8 +20,8 @@ TEST_F(ButtonLightsTest, TheCamerasLightIsExchangedForTheOther) {
     Written();
     EXPECT_TRUE(session_.SetButtonLight(0, true));
     EXPECT_TRUE(session_.SetButtonLight(0, false));
-    EXPECT_THAT(Written(), ElementsAre(LightReport({3, 0, 0, 0, 0, 0, 0}, 0x01),
-                                       LightReport({0, 3, 0, 0, 0, 0, 0}, 0x01)));
+    EXPECT_THAT(Written(), ElementsAre(LightReport("camera on 3; camera active"),
+                                       LightReport("camera off 3; camera active")));
 }
 
 TEST_F(ButtonLightsTest, TheShareScreensOnlyLightStaysAsItIs) {
@@ -39,14 +34,16 @@ TEST_F(ButtonLightsTest, TheShareScreensOnlyLightStaysAsItIs) {
 
 TEST_F(ButtonLightsTest, FlagsSetWhileTheTouchpadIsDisabledShowAfterwards) {
     OpenAndLight();
-    ReceiveFirmwareState(test_support::kFwTouchpadDisable);
+    ReceiveFirmwareState(kit::kFwTouchpadDisable);
     session_.SetButtonLight(0, true);
     session_.SetButtonVisible(3, false);
     session_.SetBrightness(9);
     ReceiveFirmwareState(0);
     EXPECT_THAT(Written(), IsEmpty());
     TryUpdate();
-    EXPECT_THAT(Written(), ElementsAre(LightReport({9, 0, 0, 9, 0, 9, 0}, 0x0D)));
+    EXPECT_THAT(Written(),
+                ElementsAre(LightReport(
+                    "camera on 9, microphone off 9, chat 9; camera, microphone, chat active")));
     EXPECT_THAT(LogOf("Update"), ElementsAre(CannotUpdate(false, true), CannotUpdate(false, true),
                                              CannotUpdate(false, true)));
 }

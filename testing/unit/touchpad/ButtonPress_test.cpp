@@ -1,16 +1,11 @@
 // Presses of the four buttons: what the host is told, and which lights follow.
 #include <tuple>
 
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
-using test_support::Bytes;
-using test_support::CannotUpdate;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::InputTest;
-using test_support::LightReport;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -33,14 +28,13 @@ struct Button {
 
 void PrintTo(const Button& button, std::ostream* stream) { *stream << "button " << button.id; }
 
-// All four buttons shown, no light toggled.
-const Bytes kAllLit = LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F);
-
 const Button kButtons[] = {
-    {0x41, 0, "camera", "CAMERA", true, LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F)},
-    {0x42, 3, "share screen", "SHARE_SCREEN", false, kAllLit},
-    {0x43, 2, "chat", "CHAT", false, kAllLit},
-    {0x44, 1, "mic", "AUDIO", true, LightReport({0, 3, 3, 3, 3, 0, 0}, 0x0F)},
+    {kCameraButton, 0, "camera", "CAMERA", true,
+     LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active")},
+    {kShareScreenButton, 3, "share screen", "SHARE_SCREEN", false, AllLit()},
+    {kChatButton, 2, "chat", "CHAT", false, AllLit()},
+    {kMicrophoneButton, 1, "mic", "AUDIO", true,
+     LightReport("camera off 3, microphone on 3, chat 3, share screen 3; all active")},
 };
 
 std::string PressLine(const Button& button) {
@@ -95,7 +89,7 @@ TEST_P(EachPress, TellsTheOtherStateOnceTheLightIsOn) {
     Press();
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre(ItsButton().Press(false)));
     if (LightFollows() && Activation() == 0) {
-        EXPECT_THAT(Written(), ElementsAre(kAllLit));
+        EXPECT_THAT(Written(), ElementsAre(AllLit()));
     } else {
         EXPECT_THAT(Written(), IsEmpty());
     }
@@ -132,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(Presses, EachPress,
 
 class ButtonPressTest : public InputTest {
  protected:
-    void PressCamera() { ASSERT_NO_FATAL_FAILURE(Receive(InputReport({0x41}))); }
+    void PressCamera() { ASSERT_NO_FATAL_FAILURE(Receive(InputReport({kCameraButton}))); }
 };
 
 TEST_F(ButtonPressTest, OfAHiddenButtonCountsAllTheSame) {
@@ -158,7 +152,7 @@ TEST_F(ButtonPressTest, CountsWhileTheFeatureIsDisabled) {
 
 TEST_F(ButtonPressTest, CountsWhileTheTouchpadIsDisabled) {
     OpenAndLight();
-    ReceiveFirmwareState(test_support::kFwSwipeOff);
+    ReceiveFirmwareState(kit::kFwSwipeOff);
     PressCamera();
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1"));
     EXPECT_THAT(Written(), IsEmpty());

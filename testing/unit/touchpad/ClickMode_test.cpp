@@ -1,17 +1,14 @@
 // The click mode, a value of the touchpad's feature report.
 #include <hidsdi.h>
 
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/TouchpadTest.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace {
 
 using simulator::Fault;
 using simulator::WriteBehaviour;
-using test_support::Bytes;
-using test_support::Describe;
-using test_support::TouchpadLayout;
-using test_support::TouchpadTest;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using virtual_touchpad::CollectionKind;

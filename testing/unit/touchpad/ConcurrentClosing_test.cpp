@@ -5,10 +5,9 @@
 #include <optional>
 #include <thread>
 
-#include "testing/kit/TouchpadTest.h"
-#include "testing/kit/WaitForLogLine.h"
+#include "testing/kit/native/TouchpadTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::Contains;
@@ -18,7 +17,7 @@ class ConcurrentClosingTest : public TouchpadTest {
  protected:
     // So that closing, which ends a temporary disable, notifies the host of it.
     void DisableTemporarily() {
-        device_->SendInput(InputReport({0x45}));
+        device_->SendInput(InputReport({kGesture}));
         ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     }
     // The name can be read again afterwards, and is not a detachable touchpad's.
@@ -27,7 +26,7 @@ class ConcurrentClosingTest : public TouchpadTest {
         machine_.FailAlways("HidD_GetProductString", Fault::Error(31));
         ASSERT_EQ(OpenSession(), vela::kHidOpen);
         session_.Activate(0);
-        ASSERT_TRUE(WaitForLogLine(log_, "HeartbeatThread created."));
+        ASSERT_TRUE(log_.WaitForLine("HeartbeatThread created."));
         machine_.StopFailing("HidD_GetProductString");
     }
 };
@@ -202,7 +201,7 @@ TEST_F(ConcurrentClosingTest, WaitsForACallOfAnotherThreadOnTheDevice) {
 TEST_F(ConcurrentClosingTest, StopsAHeartbeatThatAnUnreadableNameStarted) {
     ASSERT_NO_FATAL_FAILURE(StartHeartbeatWhileTheNameIsUnreadable());
     EXPECT_TRUE(session_.Uninitialize());
-    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread leaved."));
+    EXPECT_TRUE(log_.WaitForLine("HeartbeatThread leaved."));
 }
 
 class DeactivatingValue : public ConcurrentClosingTest,
@@ -211,7 +210,7 @@ class DeactivatingValue : public ConcurrentClosingTest,
 TEST_P(DeactivatingValue, StopsAHeartbeatThatAnUnreadableNameStarted) {
     ASSERT_NO_FATAL_FAILURE(StartHeartbeatWhileTheNameIsUnreadable());
     session_.Activate(GetParam());
-    EXPECT_TRUE(WaitForLogLine(log_, "HeartbeatThread leaved."));
+    EXPECT_TRUE(log_.WaitForLine("HeartbeatThread leaved."));
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, DeactivatingValue, testing::Values(1U, 4U, 5U));
@@ -236,4 +235,4 @@ TEST_F(ConcurrentClosingTest, AReportForAClosedTouchpadIsNotWrittenToTheNextOne)
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -2,15 +2,13 @@
 
 #include <thread>
 
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/TouchpadTest.h"
 
 namespace {
 
 using simulator::Call;
 using simulator::Fault;
-using test_support::DetachableLayout;
-using test_support::RequestReport;
-using test_support::TouchpadTest;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

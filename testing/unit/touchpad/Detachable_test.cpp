@@ -1,12 +1,10 @@
 // Whether the touchpad can be taken off the machine, which only its product string tells.
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/TouchpadTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::DetachableLayout;
-using test_support::TouchpadLayout;
-using test_support::TouchpadTest;
+using namespace kit;
 using testing::ElementsAre;
 
 TouchpadLayout Named(const std::wstring& productString) {

@@ -1,20 +1,13 @@
 // The switch for the feature as a whole.
-#include "testing/kit/TouchpadTest.h"
-#include "testing/kit/WrittenReports.h"
+#include "testing/kit/native/TouchpadTest.h"
+#include "testing/kit/native/WrittenReports.h"
 
 namespace {
 
-using test_support::BlankReport;
-using test_support::Bytes;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::LightReport;
-using test_support::TouchpadTest;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::uint16_t kGesture = 0x45;
 constexpr std::uint8_t kFirmwareSwipeOff = 0x20;
 constexpr std::uint8_t kFirmwareTouchpadDisable = 0x80;
 
@@ -22,8 +15,6 @@ const std::string kCannotUpdate =
     "INFO Update: Can't update Vela state because TemporaryDisable (1) or TabletModeDisable (0)";
 
 // All four buttons shown, no light toggled, chat not breathing.
-Bytes AllLit() { return LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F); }
-
 class EnableTest : public TouchpadTest {
  protected:
     std::vector<Bytes> Written() { return WrittenReports(session_, *device_); }
@@ -127,7 +118,8 @@ TEST_F(EnableTest, TheHostIsToldWhileTheFeatureIsStillOnAndLightsCanBeSet) {
     });
     session_.Enable(false);
     EXPECT_TRUE(enabledMeanwhile);
-    const Bytes cameraToggled = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
+    const Bytes cameraToggled =
+        LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active");
     EXPECT_THAT(Written(), ElementsAre(cameraToggled, cameraToggled, BlankReport()));
 }
 

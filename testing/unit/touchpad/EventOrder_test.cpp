@@ -1,25 +1,13 @@
 // When the host is told of the touchpad's own events, what it may do then, and what becomes of a
 // breathing light.
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
-using test_support::Bytes;
-using test_support::CannotUpdate;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::InputTest;
-using test_support::LightReport;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::uint16_t kSync = 0x40;
-constexpr std::uint16_t kGesture = 0x45;
-constexpr std::uint16_t kEnabled = 0x46;
-constexpr std::uint16_t kDisabled = 0x47;
-
-// All four buttons shown, no light toggled.
-const Bytes kAllLit = LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F);
 
 // --- order ---------------------------------------------------------------------------------------
 
@@ -31,13 +19,14 @@ class EventOrderTest : public InputTest {
     }
 };
 
-const Bytes kCameraOn = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
+const Bytes kCameraOn =
+    LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active");
 
 TEST_F(EventOrderTest, SyncTellsTheHostBehindBothReports) {
     OpenAndLight();
     LightTheCameraWhenTold();
     Receive(InputReport({kSync}));
-    EXPECT_THAT(Written(), ElementsAre(kAllLit, kAllLit, kCameraOn));
+    EXPECT_THAT(Written(), ElementsAre(AllLit(), AllLit(), kCameraOn));
 }
 
 TEST_F(EventOrderTest, EnabledTellsTheHostBeforeItsReports) {
@@ -69,7 +58,7 @@ class BreathingEvent : public InputTest,
         OpenAndLight();
         session_.EnableButtonBreathing(2, true);
         session_.SetButtonBreathing(2, true);
-        ASSERT_THAT(Written(), ElementsAre(LightReport({0, 3, 3, 3, 0, 3, 8}, 0x0F)));
+        ASSERT_THAT(Written(), ElementsAre(AllLit(8)));
     }
 };
 
@@ -78,7 +67,7 @@ TEST_P(BreathingEvent, EndsTheBreathing) {
     for (const std::uint16_t usage : GetParam()) Receive(InputReport({usage}));
     const std::vector<Bytes> written = Written();
     ASSERT_THAT(written, testing::Not(IsEmpty()));
-    EXPECT_THAT(written, testing::Each(kAllLit));
+    EXPECT_THAT(written, testing::Each(AllLit()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Events, BreathingEvent,
@@ -93,7 +82,10 @@ TEST_F(BreathingEvent, AGestureOnlyPausesTheReports) {
     EXPECT_THAT(Written(), IsEmpty());
     ReceiveFirmwareState(0);
     session_.SetButtonLight(0, true);
-    EXPECT_THAT(Written(), ElementsAre(LightReport({3, 0, 3, 3, 0, 3, 15}, 0x0F)));
+    EXPECT_THAT(
+        Written(),
+        ElementsAre(LightReport(
+            "camera on 3, microphone off 3, chat 3, share screen 3, breathing 15; all active")));
 }
 
 // --- hosts ---------------------------------------------------------------------------------------

@@ -1,15 +1,12 @@
 // Reports without a pressed usage carry the firmware's state.
 #include <tuple>
 
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::CannotUpdate;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::InputTest;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -88,7 +85,7 @@ TEST_F(FirmwareStateTest, IsReadFromTheWholeCollection) {
 
 TEST_F(FirmwareStateTest, IsNotReadFromAReportWithAPressedUsage) {
     OpenAndLight();
-    Receive(InputReport({0x41}, 0xA0));
+    Receive(InputReport({kCameraButton}, 0xA0));
     EXPECT_EQ(machine_.CountCalls("HidP_GetUsageValue"), 0U);
     TryUpdate();
     EXPECT_THAT(LogOf("Update"), IsEmpty());

@@ -1,10 +1,9 @@
 // The heartbeat of a detachable touchpad. The suite that waits for it to beat is a slow one.
 #include <thread>
 
-#include "testing/kit/TouchpadTest.h"
-#include "testing/kit/WaitForLogLine.h"
+#include "testing/kit/native/TouchpadTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::ElementsAre;
@@ -15,8 +14,8 @@ constexpr char kLeaved[] = "HeartbeatThread leaved.";
 
 class HeartbeatTest : public TouchpadTest {
  protected:
-    bool WaitForCreated(std::size_t count = 1) { return WaitForLogLine(log_, kCreated, count); }
-    bool WaitForLeaved(std::size_t count = 1) { return WaitForLogLine(log_, kLeaved, count); }
+    bool WaitForCreated(std::size_t count = 1) { return log_.WaitForLine(kCreated, count); }
+    bool WaitForLeaved(std::size_t count = 1) { return log_.WaitForLine(kLeaved, count); }
 };
 
 TEST_F(HeartbeatTest, StartsWithTheActivationOfADetachableTouchpad) {
@@ -111,21 +110,21 @@ class SlowHeartbeatTest : public HeartbeatTest {
 
 TEST_F(SlowHeartbeatTest, SendsTheLastReportAgain) {
     OpenAndLight(DetachableLayout());
-    EXPECT_EQ(NextBeat(), LightReport({0, 3, 3, 3, 0, 3}, 0xF));
-    EXPECT_EQ(NextBeat(), LightReport({0, 3, 3, 3, 0, 3}, 0xF));
+    EXPECT_EQ(NextBeat(), AllLit());
+    EXPECT_EQ(NextBeat(), AllLit());
 }
 
 TEST_F(SlowHeartbeatTest, TellsABreathingLightToGoOn) {
     OpenAndLight(DetachableLayout());
     session_.EnableButtonBreathing(2, true);
     session_.SetButtonBreathing(2, true);
-    ASSERT_EQ(OutputNumber(1), LightReport({0, 3, 3, 3, 0, 3, 8}, 0xF));
-    EXPECT_EQ(NextBeat(), LightReport({0, 3, 3, 3, 0, 3, 15}, 0xF));
+    ASSERT_EQ(OutputNumber(1), AllLit(8));
+    EXPECT_EQ(NextBeat(), AllLit(15));
 }
 
 TEST_F(SlowHeartbeatTest, AsksForTheStateWhileTemporarilyDisabled) {
     OpenAndLight(DetachableLayout());
-    device_->SendInput(InputReport({0x45}));
+    device_->SendInput(InputReport({kGesture}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     EXPECT_EQ(NextBeat(), RequestReport());
 }
@@ -142,4 +141,4 @@ TEST_F(SlowHeartbeatTest, SendsNothingToATouchpadThatIsNotThere) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -2,9 +2,9 @@
 // behind.
 #include <thread>
 
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/TouchpadTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::ElementsAre;
@@ -96,7 +96,7 @@ TEST_F(InitializeTest, KeepsNoHandleOfAMutexThatExists) {
 
 TEST_F(InitializeTest, ClearsTheTabletModeOfAnEarlierSession) {
     OpenAndLight();
-    device_->SendInput(InputReport({0x47}));
+    device_->SendInput(InputReport({kDisabled}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     session_.Uninitialize();
     OpenSession();
@@ -176,4 +176,4 @@ TEST_F(InitializeTest, OpensWithoutTheNamedMutexWhereItCannotBeMade) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

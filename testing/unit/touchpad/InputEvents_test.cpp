@@ -2,37 +2,24 @@
 #include <optional>
 #include <tuple>
 
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
-using test_support::BlankReport;
-using test_support::Bytes;
-using test_support::CannotUpdate;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::InputTest;
-using test_support::LightReport;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::uint16_t kSync = 0x40;
-constexpr std::uint16_t kGesture = 0x45;
-constexpr std::uint16_t kEnabled = 0x46;
-constexpr std::uint16_t kDisabled = 0x47;
 
 // The session's two flags, as the firmware state that sets them.
 constexpr std::uint8_t kClear = 0;
-constexpr std::uint8_t kTemporary = test_support::kFwSwipeOff;
-constexpr std::uint8_t kTablet = test_support::kFwTouchpadDisable;
+constexpr std::uint8_t kTemporary = kit::kFwSwipeOff;
+constexpr std::uint8_t kTablet = kit::kFwTouchpadDisable;
 constexpr std::uint8_t kBoth = kTemporary | kTablet;
 
 std::string CannotUpdate(std::uint8_t flags) {
-    return CannotUpdate((flags & kTemporary) != 0, (flags & kTablet) != 0);
+    return kit::CannotUpdate((flags & kTemporary) != 0, (flags & kTablet) != 0);
 }
-
-// All four buttons shown, no light toggled.
-const Bytes kAllLit = LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F);
 
 struct Event {
     std::uint16_t usage;
@@ -94,7 +81,7 @@ TEST_P(EachEvent, ChangesTheFlagsTellsTheHostAndUpdatesTheLights) {
     if (!calls.empty()) {
         EXPECT_NE(HostCallbacks::LastThread(), std::this_thread::get_id());
     }
-    EXPECT_EQ(Written(), std::vector<Bytes>(event.written, Active() ? kAllLit : BlankReport()));
+    EXPECT_EQ(Written(), std::vector<Bytes>(event.written, Active() ? AllLit() : BlankReport()));
 
     TryUpdate();
     EXPECT_THAT(Written(), IsEmpty());
@@ -164,7 +151,7 @@ TEST_P(EventWithoutCallback, ChangesTheFlagsAllTheSame) {
     ReceiveFirmwareState(GetParam().before);
     Receive(InputReport({GetParam().usage}, 0, GetParam().reportId));
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
-    EXPECT_EQ(Written(), std::vector<Bytes>(GetParam().written, kAllLit));
+    EXPECT_EQ(Written(), std::vector<Bytes>(GetParam().written, AllLit()));
     TryUpdate();
     std::vector<std::string> updates;
     if (GetParam().after != kClear) updates.push_back(CannotUpdate(GetParam().after));

@@ -1,14 +1,10 @@
 // How an input report is taken apart: which usages count, in which order, and what a failure does.
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::CannotUpdate;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::InputTest;
-using test_support::LightReport;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -25,16 +21,18 @@ class InputHandlerTest : public InputTest {};
 
 TEST_F(InputHandlerTest, SeveralUsagesAreHandledInAscendingOrder) {
     OpenAndLight();
-    Receive(InputReport({0x47, 0x41}));
+    Receive(InputReport({kDisabled, kCameraButton}));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1", "status 3"));
-    EXPECT_THAT(Written(), ElementsAre(LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F)));
+    EXPECT_THAT(Written(),
+                ElementsAre(LightReport(
+                    "camera on 3, microphone off 3, chat 3, share screen 3; all active")));
     EXPECT_THAT(LogOf("HandleInputReport"),
                 ElementsAre(HandleLine("camera button"), HandleLine("disabled")));
 }
 
 TEST_F(InputHandlerTest, AllUsagesInOneReportAreAllHandled) {
     OpenAndLight();
-    Receive(InputReport({0x40, 0x41, 0x42, 0x43, 0x44, 0x45, 0x46, 0x47}));
+    Receive(InputReport({kSync, kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton, kGesture, kEnabled, kDisabled}));
     // Enabled comes behind the gesture, which is still in force then.
     EXPECT_THAT(HostCallbacks::Calls(),
                 ElementsAre("status 0", "press 0 1", "press 3 1", "press 2 1", "press 1 1",
@@ -49,7 +47,7 @@ TEST_F(InputHandlerTest, AllUsagesInOneReportAreAllHandled) {
 TEST_F(InputHandlerTest, ADisabledButtonDoesNotEndTheReport) {
     OpenAndLight();
     session_.EnableButton(0, false);
-    Receive(InputReport({0x41, 0x43}));
+    Receive(InputReport({kCameraButton, kChatButton}));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 2 1"));
     EXPECT_THAT(
         LogOf("HandleInputReport"),
@@ -59,8 +57,8 @@ TEST_F(InputHandlerTest, ADisabledButtonDoesNotEndTheReport) {
 
 TEST_F(InputHandlerTest, TheListHasRoomForEveryReportsUsages) {
     OpenAndLight(BothLayouts());
-    Receive(InputReport({0x41, 0x42}));
-    Receive(InputReport({0x43}, 0, 0x10));
+    Receive(InputReport({kCameraButton, kShareScreenButton}));
+    Receive(InputReport({kChatButton}, 0, 0x10));
     EXPECT_THAT(machine_.CallTexts({"HidP_GetUsages"}),
                 ElementsAre("HidP_GetUsages(input, 0xff80, 0, 16)",
                             "HidP_GetUsages(input, 0xff80, 0, 16)"));
@@ -69,9 +67,9 @@ TEST_F(InputHandlerTest, TheListHasRoomForEveryReportsUsages) {
 
 TEST_F(InputHandlerTest, UsagesOfOneReportAreForgottenWithTheNext) {
     OpenAndLight();
-    Receive(InputReport({0x41, 0x42, 0x43, 0x44}));
+    Receive(InputReport({kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton}));
     HostCallbacks::Reset();
-    Receive(InputReport({0x43}));
+    Receive(InputReport({kChatButton}));
     Receive(InputReport({}));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 2 1", "status 0"));
 }
@@ -94,7 +92,7 @@ TEST_P(FailingUsages, DropTheReportWithAWarning) {
     ReceiveFirmwareState(0x20);
     machine_.ForgetCalls();
     machine_.FailNext("HidP_GetUsages", Fault::Result(static_cast<std::int32_t>(GetParam()), 87));
-    Receive(InputReport({0x40, 0x41}, 0x80));
+    Receive(InputReport({kSync, kCameraButton}, 0x80));
     EXPECT_EQ(machine_.CountCalls("HidP_GetUsageValue"), 0U);
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
     EXPECT_THAT(Written(), IsEmpty());
@@ -113,7 +111,7 @@ TEST_F(InputHandlerTest, OtherSuccessesAreNoFailure) {
     OpenAndLight();
     // The fault leaves the list empty.
     machine_.FailNext("HidP_GetUsages", Fault::Status(0x00110001));
-    Receive(InputReport({0x41}, 0));
+    Receive(InputReport({kCameraButton}, 0));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0"));
     EXPECT_THAT(LogOf("HandleInputReport"), ElementsAre(kFirmwareClear));
 }
@@ -121,16 +119,16 @@ TEST_F(InputHandlerTest, OtherSuccessesAreNoFailure) {
 TEST_F(InputHandlerTest, TheNextReportIsHandledAfterAFailure) {
     OpenAndLight();
     machine_.FailNext("HidP_GetUsages", Fault::Status(static_cast<std::int32_t>(0xC0110004)));
-    Receive(InputReport({0x41}));
-    Receive(InputReport({0x42}));
+    Receive(InputReport({kCameraButton}));
+    Receive(InputReport({kShareScreenButton}));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 3 1"));
 }
 
 TEST_F(InputHandlerTest, MoreUsagesThanTheListHoldsAreAFailure) {
     machine_.FailNext("HidP_MaxUsageListLength", Fault::Result(1));
     OpenAndLight();
-    Receive(InputReport({0x41, 0x42}));
-    Receive(InputReport({0x42}));
+    Receive(InputReport({kCameraButton, kShareScreenButton}));
+    Receive(InputReport({kShareScreenButton}));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 3 1"));
     EXPECT_THAT(LogOf("HandleInputReport"),
                 ElementsAre(testing::StartsWith("WARNING HandleInputReport: HidP_GetUsages "

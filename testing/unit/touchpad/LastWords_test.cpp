@@ -7,16 +7,16 @@
 #include <optional>
 #include <thread>
 
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/TouchpadTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using simulator::WriteBehaviour;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const Bytes kLit = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
+const Bytes kLit = LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active");
 const Bytes kDark = BlankReport();
 
 // The writer and the last words, without a session around them.
@@ -230,4 +230,4 @@ TEST_F(ClosingTest, LeavesNoLightOnBehindARequestThatTheWriterHasNotWokenFor) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -1,13 +1,10 @@
 // The platform calls that compose a light report, in order.
-#include "testing/kit/CompositionTest.h"
+#include "testing/kit/native/CompositionTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::CompositionTest;
-using test_support::SetCall;
-using test_support::SetValueCall;
-using test_support::UnsetCall;
+using namespace kit;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;

@@ -1,18 +1,10 @@
 // Light values that cannot be set: what is skipped, what is logged, and what is still written.
-#include "testing/kit/CompositionPathTest.h"
+#include "testing/kit/native/CompositionPathTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::CompositionPathTest;
-using test_support::kBlankLine;
-using test_support::kNotFoundLine;
-using test_support::kUsageNotFound;
-using test_support::kValueFailed;
-using test_support::LightReport;
-using test_support::Path;
-using test_support::SetCall;
-using test_support::SetValueCall;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -90,7 +82,7 @@ TEST_F(LedReportFaultsTest, WithNoLightAtAllTheActiveUsagesAreStillWritten) {
     EXPECT_EQ(Compose([this] {
                   machine_.FailAlways("HidP_SetUsageValue", Fault::Status(kUsageNotFound));
               }),
-              LightReport({}, 0x0F));
+              LightReport("dark; all active"));
     EXPECT_THAT(calls_,
                 ElementsAre(SetValueCall(0x20, 0), SetValueCall(0x26, 0), SetValueCall(0x24, 3),
                             SetValueCall(0x22, 3), SetCall({0x1, 0x4, 0x3, 0x2})));

@@ -2,15 +2,11 @@
 #include <array>
 #include <tuple>
 
-#include "testing/kit/CompositionTest.h"
+#include "testing/kit/native/CompositionTest.h"
 
 namespace {
 
-using test_support::BlankReport;
-using test_support::Bytes;
-using test_support::CompositionTest;
-using test_support::LightReport;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -28,10 +24,12 @@ struct ButtonRow {
 };
 
 const ButtonRow kButtons[] = {
-    {0, LightReport({0, 3, 0, 0, 0, 0, 0}, 0x01), LightReport({3, 0, 0, 0, 0, 0, 0}, 0x01)},
-    {1, LightReport({0, 0, 0, 0, 0, 3, 0}, 0x08), LightReport({0, 0, 0, 0, 3, 0, 0}, 0x08)},
-    {2, LightReport({0, 0, 0, 3, 0, 0, 0}, 0x04), LightReport({0, 0, 0, 3, 0, 0, 0}, 0x04)},
-    {3, LightReport({0, 0, 3, 0, 0, 0, 0}, 0x02), LightReport({0, 0, 3, 0, 0, 0, 0}, 0x02)},
+    {0, LightReport("camera off 3; camera active"), LightReport("camera on 3; camera active")},
+    {1, LightReport("microphone off 3; microphone active"),
+     LightReport("microphone on 3; microphone active")},
+    {2, LightReport("chat 3; chat active"), LightReport("chat 3; chat active")},
+    {3, LightReport("share screen 3; share screen active"),
+     LightReport("share screen 3; share screen active")},
 };
 
 const Bytes& ReportOf(const ButtonRow& button, const Flags& flags) {
@@ -141,10 +139,11 @@ TEST_P(Brightness, IsTheValueOfEveryLitLight) {
     const std::uint8_t level = GetParam();
     OpenAndLight();
     session_.SetBrightness(level);
-    EXPECT_EQ(Compose(), LightReport({0, level, level, level, 0, level, 0}, 0x0F));
+    EXPECT_EQ(Compose(), AllLitAt(level));
     session_.SetButtonLight(0, true);
     session_.SetButtonLight(1, true);
-    EXPECT_EQ(Compose(), LightReport({level, 0, level, level, level, 0, 0}, 0x0F));
+    EXPECT_EQ(Compose(),
+              LightReport("camera on, microphone on, chat, share screen; all active", level));
     EXPECT_THAT(ComposeLog(), IsEmpty());
 }
 
@@ -155,7 +154,7 @@ TEST_F(LedReportTest, AHiddenButtonIsDarkAtAnyBrightness) {
     session_.SetBrightness(255);
     session_.SetButtonVisible(0, false);
     session_.EnableButton(3, false);
-    EXPECT_EQ(Compose(), LightReport({0, 0, 0, 255, 0, 255, 0}, 0x0C));
+    EXPECT_EQ(Compose(), LightReport("microphone off 255, chat 255; microphone, chat active"));
 }
 
 TEST_F(LedReportTest, UnknownButtonsAreInNoReport) {

@@ -1,16 +1,9 @@
 // Touchpads without one of the lights: the others are as they should be.
-#include "testing/kit/CompositionPathTest.h"
+#include "testing/kit/native/CompositionPathTest.h"
 
 namespace {
 
-using test_support::BlankReport;
-using test_support::Bytes;
-using test_support::CompositionPathTest;
-using test_support::kBlankLine;
-using test_support::kNotFoundLine;
-using test_support::LightReport;
-using test_support::Path;
-using test_support::TouchpadLayout;
+using namespace kit;
 
 struct MissingCase {
     std::uint16_t usage;
@@ -41,17 +34,44 @@ const std::vector<std::string> kBlankLogged = {kBlankLine};
 INSTANTIATE_TEST_SUITE_P(
     Shown, MissingLight,
     testing::Values(
-        MissingCase{0x20, Path::Shown, LightReport({0, 0, 3, 3, 0, 3, 15}, 0x0F), kSilent},
-        MissingCase{0x21, Path::Shown, LightReport({0, 0, 3, 3, 0, 3, 15}, 0x0F), kLogged},
-        MissingCase{0x22, Path::Shown, LightReport({0, 3, 0, 3, 0, 3, 15}, 0x0F), kLogged},
-        MissingCase{0x24, Path::Shown, LightReport({0, 3, 3, 0, 0, 3, 0}, 0x0F), kLogged},
-        MissingCase{0x26, Path::Shown, LightReport({0, 3, 3, 3, 0, 0, 15}, 0x0F), kSilent},
-        MissingCase{0x27, Path::Shown, LightReport({0, 3, 3, 3, 0, 0, 15}, 0x0F), kLogged},
-        MissingCase{0xA2, Path::Shown, LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F), kLogged},
-        MissingCase{0x20, Path::Lit, LightReport({0, 0, 3, 3, 3, 0, 15}, 0x0F), kSilent},
-        MissingCase{0x21, Path::Lit, LightReport({3, 0, 3, 3, 3, 0, 15}, 0x0F), kLogged},
-        MissingCase{0x26, Path::Lit, LightReport({3, 0, 3, 3, 0, 0, 15}, 0x0F), kSilent},
-        MissingCase{0x27, Path::Lit, LightReport({3, 0, 3, 3, 3, 0, 15}, 0x0F), kLogged}));
+        MissingCase{
+            0x20, Path::Shown,
+            LightReport("microphone off 3, chat 3, share screen 3, breathing 15; all active"),
+            kSilent},
+        MissingCase{
+            0x21, Path::Shown,
+            LightReport("microphone off 3, chat 3, share screen 3, breathing 15; all active"),
+            kLogged},
+        MissingCase{0x22, Path::Shown,
+                    LightReport("camera off 3, microphone off 3, chat 3, breathing 15; all active"),
+                    kLogged},
+        MissingCase{0x24, Path::Shown,
+                    LightReport("camera off 3, microphone off 3, share screen 3; all active"),
+                    kLogged},
+        MissingCase{0x26, Path::Shown,
+                    LightReport("camera off 3, chat 3, share screen 3, breathing 15; all active"),
+                    kSilent},
+        MissingCase{0x27, Path::Shown,
+                    LightReport("camera off 3, chat 3, share screen 3, breathing 15; all active"),
+                    kLogged},
+        MissingCase{0xA2, Path::Shown, AllLit(), kLogged},
+        MissingCase{
+            0x20, Path::Lit,
+            LightReport("microphone on 3, chat 3, share screen 3, breathing 15; all active"),
+            kSilent},
+        MissingCase{
+            0x21, Path::Lit,
+            LightReport(
+                "camera on 3, microphone on 3, chat 3, share screen 3, breathing 15; all active"),
+            kLogged},
+        MissingCase{0x26, Path::Lit,
+                    LightReport("camera on 3, chat 3, share screen 3, breathing 15; all active"),
+                    kSilent},
+        MissingCase{
+            0x27, Path::Lit,
+            LightReport(
+                "camera on 3, microphone on 3, chat 3, share screen 3, breathing 15; all active"),
+            kLogged}));
 
 INSTANTIATE_TEST_SUITE_P(Hidden, MissingLight,
                          testing::Values(MissingCase{0x20, Path::Hidden, BlankReport(), kSilent},

@@ -1,10 +1,10 @@
 // A touchpad without output reports, so without lights.
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace {
 
-using test_support::InputTest;
+using namespace kit;
 using testing::IsEmpty;
 using virtual_touchpad::CollectionKind;
 using virtual_touchpad::MainItem;
@@ -13,7 +13,7 @@ using virtual_touchpad::ReportDescriptorBuilder;
 class NoOutputReportTest : public InputTest {
  protected:
     NoOutputReportTest() {
-        simulator::DeviceDescription description = test_support::Describe({});
+        simulator::DeviceDescription description = kit::Describe({});
         description.reportDescriptor = ReportDescriptorBuilder()
                                            .UsagePage(0xFF80)
                                            .Usage(0x80)
@@ -66,8 +66,7 @@ TEST_F(NoOutputReportTest, PressesAreReportedAndTakenNote) {
     OpenActive();
     Receive({1, 0x02, 0});
     Receive({1, 0x02, 0});
-    EXPECT_THAT(test_support::HostCallbacks::Calls(),
-                testing::IsSupersetOf({"press 0 1", "press 0 0"}));
+    EXPECT_THAT(kit::HostCallbacks::Calls(), testing::IsSupersetOf({"press 0 1", "press 0 0"}));
 }
 
 }  // namespace

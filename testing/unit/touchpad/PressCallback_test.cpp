@@ -1,25 +1,22 @@
 // What a host may do inside its button press callback.
 #include <thread>
 
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
-using test_support::Bytes;
-using test_support::HostCallbacks;
-using test_support::InputReport;
-using test_support::InputTest;
-using test_support::LightReport;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 // All four buttons shown, the camera's light on.
-const Bytes kCameraOn = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
+const Bytes kCameraOn =
+    LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active");
 const std::string kCameraSwitchedOn = "INFO SetButtonLight: SetButtonLight for BUTTON_ID 0 (1)";
 
 class PressCallbackTest : public InputTest {
  protected:
-    void PressCamera() { ASSERT_NO_FATAL_FAILURE(Receive(InputReport({0x41}))); }
+    void PressCamera() { ASSERT_NO_FATAL_FAILURE(Receive(InputReport({kCameraButton}))); }
 };
 
 TEST_F(PressCallbackTest, TheHostMaySetTheLightItselfInActivationStateOne) {
@@ -38,8 +35,11 @@ TEST_F(PressCallbackTest, TheLightIsSwitchedAfterTheCallback) {
         session_.SetBrightness(5);
     });
     PressCamera();
-    EXPECT_THAT(Written(), ElementsAre(LightReport({0, 5, 5, 5, 0, 5, 0}, 0x0F),
-                                       LightReport({5, 0, 5, 5, 0, 5, 0}, 0x0F)));
+    EXPECT_THAT(
+        Written(),
+        ElementsAre(
+            AllLitAt(5),
+            LightReport("camera on 5, microphone off 5, chat 5, share screen 5; all active")));
 }
 
 TEST_F(PressCallbackTest, TheNewLightIsThatOfThePressWhateverTheCallbackSet) {

@@ -6,21 +6,18 @@
 #include <thread>
 #include <vector>
 
-#include "testing/kit/CompositionTest.h"
+#include "testing/kit/native/CompositionTest.h"
 
 namespace {
 
 using simulator::WriteBehaviour;
-using test_support::Bytes;
-using test_support::CompositionTest;
-using test_support::LightReport;
-using test_support::RequestReport;
-using test_support::SetValueCall;
-using test_support::WrittenReports;
+using namespace kit;
 using testing::ElementsAre;
 
-const Bytes kCameraOn = LightReport({3, 0, 3, 3, 0, 3, 0}, 0x0F);
-const Bytes kCameraAndMicrophoneOn = LightReport({3, 0, 3, 3, 3, 0, 0}, 0x0F);
+const Bytes kCameraOn =
+    LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active");
+const Bytes kCameraAndMicrophoneOn =
+    LightReport("camera on 3, microphone on 3, chat 3, share screen 3; all active");
 
 class ReportOrderTest : public CompositionTest {
  protected:
@@ -77,7 +74,7 @@ TEST_F(ReportOrderTest, NobodyWaitsForAComposerThatIsSetAside) {
     EXPECT_TRUE(session_.SetButtonLight(1, true));
     EXPECT_TRUE(session_.UpdateVelaState());
     EXPECT_TRUE(session_.Uninitialize());
-    EXPECT_EQ(device_->Outputs().back(), test_support::BlankReport());
+    EXPECT_EQ(device_->Outputs().back(), kit::BlankReport());
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
     device_->ForgetOutputs();
     // What the next session shows does not wait for it either.
@@ -100,7 +97,7 @@ TEST_F(ReportOrderTest, CallersThatWaitForAWriteQueueAsTheyComposed) {
         const std::size_t composed = machine_.CountCalls("HidP_SetUsages");
         callers.emplace_back([this, level] { session_.SetBrightness(level); });
         EXPECT_TRUE(machine_.WaitForCalls("HidP_SetUsages", composed + 1));
-        expected.push_back(LightReport({0, level, level, level, 0, level, 0}, 0x0F));
+        expected.push_back(AllLitAt(level));
     }
     device_->SetWriteBehaviour(WriteBehaviour::Pend);
     device_->CompleteHeldWrites();
@@ -122,8 +119,7 @@ TEST_F(ReportOrderTest, ThreadsThatChangeLightsAtOnceLeaveWhatAllOfThemSet) {
         for (std::thread& host : hosts) host.join();
         const std::vector<Bytes> written = WrittenReports(session_, *device_);
         ASSERT_FALSE(written.empty());
-        ASSERT_EQ(written.back(),
-                  on ? kCameraAndMicrophoneOn : LightReport({0, 3, 3, 3, 0, 3, 0}, 0x0F));
+        ASSERT_EQ(written.back(), on ? kCameraAndMicrophoneOn : AllLit());
     }
 }
 

@@ -1,7 +1,7 @@
 // The reader thread: how it asks for reports, and how it rests when there are none to be had.
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/TouchpadTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::ElementsAre;
@@ -12,7 +12,7 @@ using ReportReaderTest = TouchpadTest;
 TEST_F(ReportReaderTest, AsksForTheUsageCountOnceAndForWholeReports) {
     Open();
     ASSERT_TRUE(device_->WaitForPendingReads());
-    device_->SendInput(InputReport({0x45}));
+    device_->SendInput(InputReport({kGesture}));
     ASSERT_TRUE(machine_.WaitForCalls("ReadFile", 2));
     EXPECT_THAT(machine_.CallTexts({"HidP_MaxUsageListLength"}),
                 ElementsAre("HidP_MaxUsageListLength(input, 0x0)"));
@@ -23,7 +23,7 @@ TEST_F(ReportReaderTest, AsksForTheUsageCountOnceAndForWholeReports) {
 
 TEST_F(ReportReaderTest, LogsTheReportIdAndHandsTheReportOn) {
     Open();
-    device_->SendInput(InputReport({0x41}));
+    device_->SendInput(InputReport({kCameraButton}));
     Settle();
     ASSERT_TRUE(machine_.WaitForCalls("ReadFile", 2));
     session_.Uninitialize();
@@ -35,8 +35,8 @@ TEST_F(ReportReaderTest, LogsTheReportIdAndHandsTheReportOn) {
 TEST_F(ReportReaderTest, TakesReportsThatCompleteWithinTheCall) {
     OpenAndLight();
     // Both are queued before the reader comes back for the second.
-    device_->SendInput(InputReport({0x41}));
-    device_->SendInput(InputReport({0x44}));
+    device_->SendInput(InputReport({kCameraButton}));
+    device_->SendInput(InputReport({kMicrophoneButton}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1", "press 1 1"));
 }
@@ -46,7 +46,7 @@ TEST_F(ReportReaderTest, KeepsReadingAfterAReadThatFailedLate) {
     ASSERT_TRUE(device_->WaitForPendingReads());
     device_->FailPendingReads(31);
     ASSERT_TRUE(device_->WaitForPendingReads());
-    device_->SendInput(InputReport({0x41}));
+    device_->SendInput(InputReport({kCameraButton}));
     EXPECT_TRUE(HostCallbacks::WaitForCalls(1));
 }
 
@@ -90,7 +90,7 @@ TEST_F(ReportReaderTest, EndsAtOnceWhereThereAreNoInputReports) {
 
 TEST_F(ReportReaderTest, ZeroesItsBufferBetweenReports) {
     OpenAndLight();
-    device_->SendInput(InputReport({0x47}, 0xFF));
+    device_->SendInput(InputReport({kDisabled}, 0xFF));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     // One byte: the platform pads the report, and nothing of the earlier one shows through.
     device_->SendInput({virtual_touchpad::kButtonReportId});
@@ -108,4 +108,4 @@ TEST_F(ReportReaderTest, LeavesItsPendingReadWhereItMayStillComplete) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

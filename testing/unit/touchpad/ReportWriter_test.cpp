@@ -3,10 +3,9 @@
 #include <atomic>
 #include <thread>
 
-#include "testing/kit/TouchpadTest.h"
-#include "testing/kit/WaitForLogLine.h"
+#include "testing/kit/native/TouchpadTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using simulator::WriteBehaviour;
@@ -56,9 +55,9 @@ TEST_F(ReportWriterTest, WritesInTheOrderOfQueueing) {
     session_.SetBrightness(1);
     session_.SetBrightness(2);
     session_.SetBrightness(3);
-    EXPECT_EQ(OutputNumber(1), LightReport({0, 1, 1, 1, 0, 1}, 0xF));
-    EXPECT_EQ(OutputNumber(2), LightReport({0, 2, 2, 2, 0, 2}, 0xF));
-    EXPECT_EQ(OutputNumber(3), LightReport({0, 3, 3, 3, 0, 3}, 0xF));
+    EXPECT_EQ(OutputNumber(1), AllLitAt(1));
+    EXPECT_EQ(OutputNumber(2), AllLitAt(2));
+    EXPECT_EQ(OutputNumber(3), AllLit());
 }
 
 TEST_F(ReportWriterTest, WaitsThirtySecondsAtMostForAPendingWrite) {
@@ -112,10 +111,10 @@ TEST_F(ReportWriterTest, SaysWhenTheWaitItselfFails) {
     OpenAndLight();
     // The reader waits in the same call: let it begin first.
     ASSERT_TRUE(device_->WaitForPendingReads());
-    ASSERT_TRUE(WaitForLogLine(log_, "UpdateVelaState."));
+    ASSERT_TRUE(log_.WaitForLine("UpdateVelaState."));
     machine_.FailNext("WaitForSingleObject", Fault::Result(0xFFFFFFFF, 6));
     session_.SetButtonLight(0, true);
-    ASSERT_TRUE(WaitForLogLine(log_, "Write File failed"));
+    ASSERT_TRUE(log_.WaitForLine("Write File failed"));
     session_.Uninitialize();
     EXPECT_THAT(
         Failures(),
@@ -128,7 +127,7 @@ TEST_F(ReportWriterTest, GivesUpAWriteThatStaysPendingAndNeitherCancelsNorSuppre
     machine_.ExpireTimedWaits(true);
     device_->SetWriteBehaviour(WriteBehaviour::Hold);
     session_.SetButtonLight(0, true);
-    ASSERT_TRUE(WaitForLogLine(log_, "Write File failed"));
+    ASSERT_TRUE(log_.WaitForLine("Write File failed"));
     EXPECT_EQ(device_->HeldWrites(), 1U);
     machine_.ExpireTimedWaits(false);
     device_->SetWriteBehaviour(WriteBehaviour::Pend);
@@ -148,7 +147,7 @@ TEST_F(ReportWriterTest, AWriteGivenUpMayEndWhenTheSessionCloses) {
     machine_.ExpireTimedWaits(true);
     device_->SetWriteBehaviour(WriteBehaviour::Hold);
     session_.SetButtonLight(0, true);
-    ASSERT_TRUE(WaitForLogLine(log_, "Write File failed"));
+    ASSERT_TRUE(log_.WaitForLine("Write File failed"));
     EXPECT_TRUE(session_.Uninitialize());
     EXPECT_EQ(device_->HeldWrites(), 0U);
     EXPECT_THAT(machine_.Misuse(), IsEmpty());
@@ -165,7 +164,7 @@ TEST_F(ReportWriterTest, ProducersWaitForTheWriteInFlight) {
         returned = true;
     });
     // The second light has been set, and its report composed, before the producer has to wait.
-    ASSERT_TRUE(WaitForLogLine(log_, "SetButtonLight for BUTTON_ID 1 (1)"));
+    ASSERT_TRUE(log_.WaitForLine("SetButtonLight for BUTTON_ID 1 (1)"));
     EXPECT_FALSE(returned);
     EXPECT_EQ(device_->HeldWrites(), 1U);
     device_->SetWriteBehaviour(WriteBehaviour::Pend);
@@ -190,9 +189,9 @@ TEST_F(ReportWriterTest, AnUnpluggedTouchpadCostsOneLineAReport) {
     OpenAndLight();
     device_->Unplug();
     session_.SetButtonLight(0, true);
-    ASSERT_TRUE(WaitForLogLine(log_, "Write File failed"));
+    ASSERT_TRUE(log_.WaitForLine("Write File failed"));
     EXPECT_EQ(machine_.CountCalls("WriteFile"), 1U);
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -6,7 +6,7 @@
 
 #include "testing/kit/HostCallbacks.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::ElementsAre;
@@ -99,4 +99,4 @@ TEST_F(SessionStatusTest, ReportsToTheCallbacksUntilTheyAreCleared) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

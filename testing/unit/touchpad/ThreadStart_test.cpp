@@ -8,7 +8,7 @@
 #include <limits>
 #include <system_error>
 
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/TouchpadTest.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
     return create(thread, attributes, start, argument);
 }
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::Each;
@@ -64,7 +64,7 @@ TEST_P(OpeningWithTooFewThreads, DoesNotKeepTheNextOneFromIt) {
     Plug();
     OpenWithThreads(GetParam());
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
-    device_->SendInput(InputReport({0x45}));
+    device_->SendInput(InputReport({kGesture}));
     EXPECT_TRUE(device_->WaitForPendingReads());
     EXPECT_TRUE(session_.Uninitialize());
 }
@@ -83,4 +83,4 @@ TEST_F(ThreadStart, OfTheHeartbeatIsRaisedToWhoActivates) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -5,9 +5,9 @@
 #include <system_error>
 #include <thread>
 
-#include "testing/kit/TouchpadTest.h"
+#include "testing/kit/native/TouchpadTest.h"
 
-namespace test_support {
+namespace kit {
 namespace {
 
 using testing::ElementsAre;
@@ -103,7 +103,7 @@ TEST_F(UninitializeTest, ForgetsTheCallbacks) {
     ASSERT_EQ(session_.Initialize(vela::ScanHIDInformation(&session_)), vela::kHidOpen);
     session_.EnableButton(0, true);
     HostCallbacks::Reset();
-    device_->SendInput(InputReport({0x41}));
+    device_->SendInput(InputReport({kCameraButton}));
     // The press toggled the light, so it has been handled.
     Settle();
     ASSERT_TRUE(device_->WaitForPendingReads());
@@ -132,7 +132,7 @@ TEST_F(UninitializeTest, FromACallbackRaisesADeadlockAndCanBeDoneLater) {
             raised = error.code() == std::errc::resource_deadlock_would_occur;
         }
     });
-    device_->SendInput(InputReport({0x41}));
+    device_->SendInput(InputReport({kCameraButton}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     while (!raised) std::this_thread::yield();
     EXPECT_TRUE(session_.Uninitialize());
@@ -154,7 +154,7 @@ TEST_F(UninitializeTest, EndsWhilePressesArrive) {
     OpenAndLight();
     std::atomic<bool> done{false};
     std::thread person([&] {
-        while (!done) device_->SendInput(InputReport({0x41, 0x44}));
+        while (!done) device_->SendInput(InputReport({kCameraButton, kMicrophoneButton}));
     });
     ASSERT_TRUE(HostCallbacks::WaitForCalls(10));
     EXPECT_TRUE(session_.Uninitialize());
@@ -207,4 +207,4 @@ TEST_F(UninitializeTest, HostCallsMeanwhileDoNoHarm) {
 }
 
 }  // namespace
-}  // namespace test_support
+}  // namespace kit

@@ -1,14 +1,10 @@
 // The request for the touchpad's state.
-#include "testing/kit/InputTest.h"
+#include "testing/kit/native/InputTest.h"
 
 namespace {
 
 using simulator::Fault;
-using test_support::Bytes;
-using test_support::DetachableLayout;
-using test_support::InputTest;
-using test_support::RequestReport;
-using test_support::TouchpadLayout;
+using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -76,7 +72,7 @@ TEST_F(VelaStateTest, NeedsNeitherTheFeatureNorAnActiveState) {
 
 TEST_F(VelaStateTest, IsRequestedWhileTheTouchpadIsDisabled) {
     OpenAndLight();
-    ReceiveFirmwareState(test_support::kFwSwipeOff | test_support::kFwTouchpadDisable);
+    ReceiveFirmwareState(kit::kFwSwipeOff | kit::kFwTouchpadDisable);
     EXPECT_TRUE(session_.UpdateVelaState());
     EXPECT_EQ(OutputNumber(1), RequestReport());
     EXPECT_THAT(LogOf("Update"), IsEmpty());

@@ -1,7 +1,7 @@
 // velactl devices and caps.
 #include <fstream>
 
-#include "testing/acceptance/AgentLogFile.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/unit/velactl/VelactlTest.h"
 
 namespace velactl_test {
@@ -90,7 +90,7 @@ TEST_F(DevicesTest, TellsTheLaterOfTwoAndTheHapticOne) {
 }
 
 TEST_F(DevicesTest, ReadsTheVendorFileBesideTheLibrary) {
-    const acceptance::LogFolder folder;
+    const kit::LogFolder folder;
     const std::filesystem::path dll = folder.Path() / "VelaAgent.dll";
     std::filesystem::copy_file(ProgramFolder() / "VelaAgent.dll", dll);
     std::ofstream(folder.Path() / "Vela.ini") << "[1A2B]\n";

@@ -1,7 +1,7 @@
 // velactl doctor and log.
 #include <fstream>
 
-#include "testing/acceptance/AgentLogFile.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/unit/velactl/VelactlTest.h"
 
 namespace velactl_test {
@@ -30,7 +30,7 @@ class DoctorTest : public VelactlTest {
         return L" --dll \"" + dll.wstring() + L"\"";
     }
 
-    const acceptance::LogFolder folder_;
+    const kit::LogFolder folder_;
 };
 
 TEST_F(DoctorTest, FindsAWorkingTouchpadWell) {
@@ -164,7 +164,7 @@ class LogTest : public testing::Test {
     }
     std::wstring Folder() const { return L" \"" + folder_.Path().wstring() + L"\""; }
 
-    const acceptance::LogFolder folder_;
+    const kit::LogFolder folder_;
 };
 
 TEST_F(LogTest, PrintsTheFile) {

@@ -1,13 +1,13 @@
 // The commands that open a touchpad.
 #include <regex>
 
-#include "testing/acceptance/AgentLogFile.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/unit/velactl/VelactlTest.h"
 
 namespace velactl_test {
 namespace {
 
-using acceptance::AllDark;
+using kit::AllDark;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -74,12 +74,12 @@ class WatchTest : public VelactlTest {};
 TEST_F(WatchTest, PrintsPressesAndStatusChangesUntilInterrupted) {
     Plug();
     const Velactl program(L"watch");
-    ASSERT_TRUE(WaitForLights(acceptance::AllFourLit));
-    Touchpad().Press(0x41);
+    ASSERT_TRUE(WaitForLights(kit::AllFourLit));
+    Touchpad().Press(kCameraButton);
     ASSERT_TRUE(program.WaitForOutput("camera"));
-    Touchpad().SendEvent(0x47);
+    Touchpad().SendEvent(kDisabled);
     ASSERT_TRUE(program.WaitForOutput("disabled"));
-    Touchpad().SendEvent(0x46);
+    Touchpad().SendEvent(kEnabled);
     program.Interrupt();
     EXPECT_EQ(program.Wait(), 0U);
     EXPECT_EQ(program.Errors(), "");
@@ -94,8 +94,8 @@ TEST_F(WatchTest, PrintsPressesAndStatusChangesUntilInterrupted) {
 TEST_F(WatchTest, PrintsJson) {
     Plug();
     const Velactl program(L"watch --json --host-sets-lights");
-    ASSERT_TRUE(WaitForLights(acceptance::AllFourLit));
-    Touchpad().Press(0x44);
+    ASSERT_TRUE(WaitForLights(kit::AllFourLit));
+    Touchpad().Press(kMicrophoneButton);
     ASSERT_TRUE(program.WaitForOutput("press"));
     program.Interrupt();
     EXPECT_EQ(program.Wait(), 0U);
@@ -191,7 +191,7 @@ TEST_F(VelactlTest, AClickModeThatIsNotTakenIsAFailure) {
     TouchpadLayout layout;
     layout.hasFeatureReport = false;
     Plug(layout);
-    const acceptance::LogFolder log;
+    const kit::LogFolder log;
     const Finished run(L"clickmode off --log \"" + log.Path().wstring() + L"\"");
     EXPECT_EQ(run.exitCode, 1U);
     EXPECT_THAT(run.errors, HasSubstr("did not take the click mode"));

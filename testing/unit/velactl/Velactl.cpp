@@ -1,21 +1,16 @@
 #include "testing/unit/velactl/Velactl.h"
 
 #include <algorithm>
-#include <chrono>
-#include <fstream>
 #include <sstream>
 #include <stdexcept>
+
+#include "testing/kit/WaitUntil.h"
+#include "testing/kit/windows/AgentDll.h"
 
 namespace velactl_test {
 namespace {
 
 constexpr DWORD kPatienceMs = 30000;
-constexpr std::chrono::seconds kPatience{10};
-
-std::filesystem::path ScratchFile(const wchar_t* name) {
-    return std::filesystem::temp_directory_path() /
-           (L"velactl-test-" + std::to_wstring(GetCurrentProcessId()) + name);
-}
 
 HANDLE CreateInheritable(const std::filesystem::path& file) {
     SECURITY_ATTRIBUTES inherit{sizeof(inherit), nullptr, TRUE};
@@ -27,25 +22,16 @@ HANDLE CreateInheritable(const std::filesystem::path& file) {
 }
 
 std::string Read(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << stream.rdbuf();
-    std::string text = bytes.str();
+    std::string text = kit::FileText(file);
     text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
     return text;
 }
 
 }  // namespace
 
-std::filesystem::path ProgramFolder() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::filesystem::path(path).parent_path();
-}
-
 Velactl::Velactl(const std::wstring& arguments)
-    : output_(ScratchFile(L".out")), errors_(ScratchFile(L".err")) {
-    const std::wstring program = (ProgramFolder() / "velactl.exe").wstring();
+    : output_(folder_.Path() / "output"), errors_(folder_.Path() / "errors") {
+    const std::wstring program = (kit::ProgramFolder() / "velactl.exe").wstring();
     std::wstring commandLine = L"\"" + program + L"\" " + arguments;
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
@@ -64,18 +50,10 @@ Velactl::~Velactl() {
     WaitForSingleObject(process_.hProcess, kPatienceMs);
     CloseHandle(process_.hThread);
     CloseHandle(process_.hProcess);
-    std::error_code ignored;
-    std::filesystem::remove(output_, ignored);
-    std::filesystem::remove(errors_, ignored);
 }
 
 bool Velactl::WaitForOutput(const std::string& part) const {
-    const auto end = std::chrono::steady_clock::now() + kPatience;
-    while (Output().find(part) == std::string::npos) {
-        if (std::chrono::steady_clock::now() >= end) return false;
-        Sleep(10);
-    }
-    return true;
+    return kit::WaitUntil([&] { return Output().find(part) != std::string::npos; });
 }
 
 // There is no console here through which to send it: it is made as a console makes it, by a thread

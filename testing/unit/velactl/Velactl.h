@@ -8,12 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "testing/kit/TemporaryFolder.h"
+
 namespace velactl_test {
 
 using Json = nlohmann::json;
-
-// Of this program; velactl.exe and VelaAgent.dll are there too.
-std::filesystem::path ProgramFolder();
 
 class Velactl {
  public:
@@ -38,6 +37,7 @@ class Velactl {
     std::vector<Json> Results() const;
 
  private:
+    const kit::TemporaryFolder folder_;
     std::filesystem::path output_;
     std::filesystem::path errors_;
     PROCESS_INFORMATION process_{};

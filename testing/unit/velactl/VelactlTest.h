@@ -6,19 +6,21 @@
 
 #include <memory>
 
-#include "testing/acceptance/LitLights.h"
+#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/Reports.h"
+#include "testing/kit/WaitUntil.h"
+#include "testing/kit/windows/AgentDll.h"
 #include "testing/unit/velactl/Velactl.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
 namespace velactl_test {
 
+using namespace kit;
 using virtual_touchpad::HapticLayout;
 using virtual_touchpad::Lights;
 using virtual_touchpad::TouchpadControl;
 using virtual_touchpad::TouchpadLayout;
-
-constexpr std::chrono::seconds kPatience{10};
 
 class VelactlTest : public testing::Test {
  protected:
@@ -38,8 +40,7 @@ class VelactlTest : public testing::Test {
 
     template <typename Wanted>
     bool WaitForLights(Wanted wanted) {
-        return touchpad_->Device().WaitForState(
-            [&](const VirtualHidState&) { return wanted(touchpad_->CurrentLights()); }, kPatience);
+        return WaitUntil([&] { return wanted(touchpad_->CurrentLights()); });
     }
 
  private:

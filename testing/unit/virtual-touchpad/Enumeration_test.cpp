@@ -3,9 +3,12 @@
 
 #include "testing/unit/virtual-touchpad/HostFile.h"
 #include "testing/unit/virtual-touchpad/PluggedTouchpad.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace virtual_touchpad {
 namespace {
+
+using namespace virtual_touchpad::events;
 
 HIDP_CAPS CapsOf(const HostFile& file) {
     PHIDP_PREPARSED_DATA preparsed = nullptr;
@@ -88,7 +91,7 @@ TEST(Enumeration, TwoDevicesLiveSideBySide) {
 
     auto leftRead = leftFile.Read(3);
     auto rightRead = rightFile.Read(3);
-    right.Control().SendEvent(0x41);
+    right.Control().SendEvent(kCameraButton);
     ASSERT_TRUE(rightRead->WaitFor(kSoon));
     EXPECT_THAT(rightRead->buffer, testing::ElementsAre(kSecondLayoutReportId, 0x02, 0x00));
     EXPECT_FALSE(leftRead->WaitFor(kShortly));

@@ -3,10 +3,12 @@
 
 #include "testing/unit/virtual-touchpad/HostFile.h"
 #include "testing/unit/virtual-touchpad/PluggedTouchpad.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace virtual_touchpad {
 namespace {
 
+using namespace virtual_touchpad::events;
 using testing::ElementsAre;
 
 constexpr std::int32_t kStatusDeviceNotReady = static_cast<std::int32_t>(0xC00000A3);
@@ -23,7 +25,7 @@ TEST(Reports, AnInputReportEndsAPendingRead) {
     HostFile host(touchpad.Path());
     auto read = host.Read(3);
     EXPECT_FALSE(read->WaitFor(kShortly));
-    touchpad.Control().Press(0x42);
+    touchpad.Control().Press(kShareScreenButton);
     ASSERT_TRUE(read->WaitFor(kSoon));
     DWORD size = 0;
     EXPECT_EQ(read->Result(&size), ERROR_SUCCESS);
@@ -36,7 +38,7 @@ TEST(Reports, SeveralReadsEndInOrder) {
     HostFile host(touchpad.Path());
     auto first = host.Read(3);
     auto second = host.Read(3);
-    touchpad.Control().SendEvent(0x40);
+    touchpad.Control().SendEvent(kSync);
     touchpad.Control().SendFirmwareState(0x81);
     ASSERT_TRUE(first->WaitFor(kSoon));
     ASSERT_TRUE(second->WaitFor(kSoon));
@@ -50,7 +52,7 @@ TEST(Reports, EveryHandleGetsTheInput) {
     HostFile two(touchpad.Path());
     auto first = one.Read(3);
     auto second = two.Read(3);
-    touchpad.Control().SendEvent(0x47);
+    touchpad.Control().SendEvent(kDisabled);
     EXPECT_TRUE(first->WaitFor(kSoon));
     EXPECT_TRUE(second->WaitFor(kSoon));
 }

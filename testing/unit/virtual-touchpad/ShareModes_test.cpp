@@ -4,9 +4,12 @@
 
 #include "testing/unit/virtual-touchpad/HostFile.h"
 #include "testing/unit/virtual-touchpad/PluggedTouchpad.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace virtual_touchpad {
 namespace {
+
+using namespace virtual_touchpad::events;
 
 DWORD OpenError(const std::wstring& path, DWORD access, DWORD share) {
     HostFile file(path, access, share);
@@ -75,7 +78,7 @@ TEST(ShareModes, AnInputReportBlocksNobody) {
     {
         HostFile host(touchpad.Path());
         auto read = host.Read(3);
-        touchpad.Control().SendEvent(0x40);
+        touchpad.Control().SendEvent(kSync);
         ASSERT_TRUE(read->WaitFor(kSoon));
     }
     EXPECT_EQ(OpenError(touchpad.Path(), kReadWrite, kExclusive), ERROR_SUCCESS);

@@ -5,9 +5,12 @@
 
 #include "testing/unit/virtual-touchpad/HostFile.h"
 #include "testing/unit/virtual-touchpad/PluggedTouchpad.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace virtual_touchpad {
 namespace {
+
+using namespace virtual_touchpad::events;
 
 // Input reports, one after the other, while the object lives and the device is there.
 class PouringReports {
@@ -24,7 +27,7 @@ class PouringReports {
  private:
     void Pour(TouchpadControl& touchpad) {
         try {
-            while (!ended_) touchpad.SendEvent(0x40);
+            while (!ended_) touchpad.SendEvent(kSync);
         } catch (const std::runtime_error&) {
             // The device is gone.
         }
@@ -78,7 +81,7 @@ TEST(Unplug, AnOldHandleStaysDeadAfterPluggingAnew) {
     EXPECT_NE(old.AttributesError(), ERROR_SUCCESS);
     HostFile fresh(second.Path());
     auto read = fresh.Read(3);
-    second.Control().SendEvent(0x40);
+    second.Control().SendEvent(kSync);
     EXPECT_TRUE(read->WaitFor(kSoon));
 }
 
@@ -87,7 +90,7 @@ TEST(Unplug, PluggingInAndOutManyTimes) {
         PluggedTouchpad touchpad;
         HostFile host(touchpad.Path());
         auto read = host.Read(3);
-        touchpad.Control().SendEvent(0x40);
+        touchpad.Control().SendEvent(kSync);
         ASSERT_TRUE(read->WaitFor(kSoon)) << "round " << i;
     }
 }

@@ -1,0 +1,13 @@
+// The folder of a fuzzer's host for its log: one for the whole process.
+#pragma once
+
+#include "testing/kit/LogFolder.h"
+
+namespace fuzz {
+
+inline const kit::LogFolder& HostLog() {
+    static const kit::LogFolder folder;
+    return folder;
+}
+
+}  // namespace fuzz

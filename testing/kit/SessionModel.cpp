@@ -1,0 +1,184 @@
+// The host's calls.
+#include "testing/kit/SessionModel.h"
+
+#include <utility>
+
+namespace kit {
+namespace {
+
+constexpr std::uint32_t kChat = 2;
+constexpr std::uint32_t kButtonCount = 4;
+
+// A touchpad that does not tell its name may be one that can be taken off.
+bool IsDetachableName(std::wstring name) {
+    for (wchar_t& letter : name) {
+        if (letter >= L'A' && letter <= L'Z') letter += L'a' - L'A';
+    }
+    return name.empty() || name.find(L"morlo") != std::wstring::npos ||
+           name.find(L"detachable") != std::wstring::npos;
+}
+
+}  // namespace
+
+SessionModel::SessionModel(const TouchpadLayout& layout)
+    : layout_(layout), detachable_(IsDetachableName(layout.productString)) {}
+
+void SessionModel::Unplug() {
+    plugged_ = false;
+    heldElsewhere_ = false;
+    connected_ = false;
+}
+
+std::int32_t SessionModel::Init() {
+    if (!plugged_) return 2;
+    if (open_) return 1;
+    if (heldElsewhere_) return 3;
+    open_ = true;
+    connected_ = true;
+    SeedButtons(true);
+    lastReport_.clear();
+    tabletModeDisable_ = false;
+    return 1;
+}
+
+bool SessionModel::UnInit() {
+    if (!open_) return false;
+    SeedButtons(false);
+    EnableFeature(false);
+    Write(ComposeLights(), false);
+    lastReport_.clear();
+    buttons_.clear();
+    tellsPresses_ = false;
+    tellsStatus_ = false;
+    open_ = false;
+    connected_ = false;
+    activation_ = 4;
+    return true;
+}
+
+bool SessionModel::IsVelaPresent() const {
+    if (open_) return !detachable_ || connected_;
+    return mutexHeldElsewhere_ || plugged_;
+}
+
+bool SessionModel::EnableFeature(bool enable) {
+    if (!open_) return false;
+    if (!enable) {
+        if (temporaryDisable_ && !tabletModeDisable_ && tellsStatus_ && IsActivated()) {
+            temporaryDisable_ = false;
+            TellStatus(0);
+        }
+        SetButtonBreathing(kChat, false);
+    }
+    featureEnabled_ = enable;
+    Update(false);
+    return true;
+}
+
+bool SessionModel::Activate(std::uint32_t activation) {
+    if (!open_) return false;
+    if (activation == activation_) return true;
+    if (activation <= 1) {
+        if (activation_ == 5) buttons_ = savedButtons_;
+    } else if (activation == 4) {
+        SetButtonBreathing(kChat, false);
+        TellStatus(4);
+        HideButtons();
+    } else if (activation == 5) {
+        savedButtons_ = buttons_;
+        HideButtons();
+    }
+    activation_ = activation;
+    if (activation == 4) temporaryDisable_ = false;
+    Update(true);
+    TellStatus(IsActivated() ? StatusOr(activation) : activation);
+    return true;
+}
+
+bool SessionModel::EnableSingleButton(std::uint32_t buttonId, bool enable) {
+    return SetFlag(buttonId, &Button::enabled, enable);
+}
+
+bool SessionModel::IsSingleButtonEnabled(std::uint32_t buttonId) {
+    const Button& button = buttons_[buttonId];
+    return button.present && button.enabled;
+}
+
+bool SessionModel::SetButtonVisible(std::uint32_t buttonId, bool visible) {
+    return SetFlag(buttonId, &Button::visible, visible);
+}
+
+bool SessionModel::SetButtonLight(std::uint32_t buttonId, bool on) {
+    return SetFlag(buttonId, &Button::lightOn, on);
+}
+
+bool SessionModel::EnableChatBreathing(bool enable) {
+    return SetFlag(kChat, &Button::breathingEnabled, enable);
+}
+
+bool SessionModel::IsChatBreathingEnabled() {
+    const Button& chat = buttons_[kChat];
+    return chat.present && chat.breathingEnabled;
+}
+
+bool SessionModel::SetButtonBreathing(std::uint32_t buttonId, bool on) {
+    if (!open_) return false;
+    buttons_[buttonId].breathing = on ? Breathing::Requested : Breathing::Stopped;
+    Update(true);
+    return true;
+}
+
+void SessionModel::SetBrightness(std::uint32_t level) {
+    if (!open_) return;
+    brightness_ = static_cast<std::uint8_t>(level);
+    Update(false);
+}
+
+bool SessionModel::SetClickMode(std::uint32_t mode, std::uint16_t value) {
+    if (!CanAskClickMode()) return false;
+    if (mode == 0) clickModeValue_ = 0;
+    if (mode == 1) clickModeValue_ = value;
+    return true;
+}
+
+bool SessionModel::UpdateVelaState() {
+    if (!open_ || !layout_.hasRequest) return false;
+    if (layout_.requestReportId == virtual_touchpad::kSecondLayoutReportId) return false;
+    Write(RequestReport(), true);
+    return true;
+}
+
+bool SessionModel::IsSupportBiDirectionSwipe() const {
+    if (!open_) return false;
+    const bool isOlderFamily = layout_.vendorId == 0x0488 && !layout_.inputReportIds.empty() &&
+                               layout_.inputReportIds.back() == 0x10;
+    return !isOlderFamily || layout_.versionNumber >= 99;
+}
+
+std::vector<Bytes> SessionModel::TakeReports() { return std::exchange(reports_, {}); }
+
+std::vector<std::string> SessionModel::TakeCallbacks() { return std::exchange(callbacks_, {}); }
+
+bool SessionModel::SetFlag(std::uint32_t buttonId, bool Button::*flag, bool value) {
+    if (!open_) return false;
+    buttons_[buttonId].*flag = value;
+    Update(false);
+    return true;
+}
+
+void SessionModel::SeedButtons(bool present) {
+    for (std::uint32_t id = 0; id < kButtonCount; ++id) {
+        buttons_[id] = Button{};
+        buttons_[id].present = present;
+    }
+}
+
+void SessionModel::HideButtons() {
+    for (std::uint32_t id = 0; id < kButtonCount; ++id) buttons_[id].visible = false;
+}
+
+bool SessionModel::CanAskClickMode() const {
+    return open_ && connected_ && layout_.hasFeatureReport;
+}
+
+}  // namespace kit

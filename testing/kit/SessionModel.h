@@ -1,0 +1,146 @@
+// What the exports have to answer, tell their host and show on a touchpad: the whole behaviour of a
+// session with one touchpad, without threads, handles or platform calls.
+//
+// A test makes each call twice, to the agent and here, and compares. Not safe for several threads.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
+
+namespace kit {
+
+using Bytes = std::vector<std::uint8_t>;
+using virtual_touchpad::TouchpadLayout;
+
+class SessionModel {
+ public:
+    // The touchpad is plugged in; no session was ever open in this process, but its product string
+    // is known already.
+    explicit SessionModel(const TouchpadLayout& layout);
+
+    // --- the machine -----------------------------------------------------------------------------
+    void PlugIn() { plugged_ = true; }
+    void Unplug();
+    // Another process opens the touchpad, or closes it.
+    void HoldElsewhere(bool held) { heldElsewhere_ = held; }
+    // The mutex of another user's session.
+    void HoldMutexElsewhere(bool held) { mutexHeldElsewhere_ = held; }
+    // An input report with usages, ascending.
+    void Receive(std::uint8_t reportId, const std::vector<std::uint16_t>& usages,
+                 std::uint32_t firmwareState);
+
+    // --- the exports -----------------------------------------------------------------------------
+    std::int32_t Init();
+    // What it writes may stay unwritten, apart from the last report.
+    bool UnInit();
+    bool IsVelaPresent() const;
+    void SetButtonPressCallback(bool set) { tellsPresses_ = set; }
+    void SetStatusChangeCallback(bool set) { tellsStatus_ = set; }
+    bool EnableFeature(bool enable);
+    bool IsFeatureEnabled() const { return featureEnabled_; }
+    bool Activate(std::uint32_t activation);
+    bool IsActivated() const { return activation_ <= 1; }
+    bool EnableSingleButton(std::uint32_t buttonId, bool enable);
+    bool IsSingleButtonEnabled(std::uint32_t buttonId);
+    bool SetButtonVisible(std::uint32_t buttonId, bool visible);
+    bool SetButtonLight(std::uint32_t buttonId, bool on);
+    bool EnableChatBreathing(bool enable);
+    bool IsChatBreathingEnabled();
+    bool SetButtonBreathing(std::uint32_t buttonId, bool on);
+    void SetBrightness(std::uint32_t level);
+    std::uint32_t GetBrightness() const { return brightness_; }
+    bool SetClickMode(std::uint32_t mode, std::uint16_t value);
+    bool GetClickMode() const { return CanAskClickMode() && clickModeValue_ != 0; }
+    bool UpdateVelaState();
+    bool IsDetachable() const { return detachable_; }
+    bool IsSupportBiDirectionSwipe() const;
+
+    // --- for comparing ---------------------------------------------------------------------------
+    const TouchpadLayout& Layout() const { return layout_; }
+    bool HasClickMode() const { return layout_.hasFeatureReport; }
+    bool IsOpen() const { return open_; }
+    bool IsPlugged() const { return plugged_; }
+    // The session's handle still reaches the touchpad.
+    bool IsConnected() const { return connected_; }
+    bool IsTemporarilyDisabled() const { return temporaryDisable_; }
+    bool IsDisabled() const { return temporaryDisable_ || tabletModeDisable_; }
+    std::uint16_t ClickModeValue() const { return clickModeValue_; }
+    // The last report written that need not be written again.
+    const Bytes& LastReport() const { return lastReport_; }
+    Bytes BlankReport() const { return LightReport({}, {}); }
+
+    // What came since the last call, in order: reports at the touchpad; callbacks as "press 0 1"
+    // and "status 3".
+    std::vector<Bytes> TakeReports();
+    std::vector<std::string> TakeCallbacks();
+
+ private:
+    enum class Breathing { Requested, Running, Stopped };
+    struct Button {
+        bool present = false;
+        bool enabled = false;
+        bool breathingEnabled = false;
+        bool lightOn = false;
+        bool visible = false;
+        Breathing breathing = Breathing::Stopped;
+    };
+    struct Lights;
+    using Buttons = std::unordered_map<std::uint32_t, Button>;
+
+    // --- SessionModel.cpp ---
+    bool SetFlag(std::uint32_t buttonId, bool Button::*flag, bool value);
+    void SeedButtons(bool present);
+    void HideButtons();
+    bool CanAskClickMode() const;
+
+    // --- SessionModelInput.cpp ---
+    void ReceiveFirmwareState(std::uint32_t state);
+    void ReceiveUsage(std::uint8_t reportId, unsigned usage);
+    void Press(std::uint32_t buttonId, bool togglesLight);
+    std::uint32_t StatusOr(std::uint32_t undisturbed) const;
+    void TellPress(std::uint32_t buttonId, bool newLight);
+    void TellStatus(std::uint32_t status);
+    void TellStatusWhileActive(std::uint32_t status);
+
+    // --- SessionModelReports.cpp ---
+    void Update(bool force);
+    void Write(const Bytes& report, bool force);
+    Bytes ComposeLights();
+    void ComposeButton(const Lights& lights, Button& button,
+                       std::unordered_map<std::uint16_t, std::uint8_t>& values);
+    static std::uint8_t NextBreathingValue(Button& chat);
+    bool Has(std::uint16_t lightUsage) const;
+    Bytes LightReport(const std::unordered_map<std::uint16_t, std::uint8_t>& values,
+                      const std::vector<std::uint8_t>& active) const;
+    Bytes RequestReport() const;
+
+    const TouchpadLayout layout_;
+    const bool detachable_;
+
+    bool plugged_ = true;
+    bool heldElsewhere_ = false;
+    bool mutexHeldElsewhere_ = false;
+    std::uint16_t clickModeValue_ = 0;  // in the touchpad
+
+    bool open_ = false;
+    bool connected_ = false;
+    bool featureEnabled_ = false;
+    std::uint32_t activation_ = 4;
+    std::uint8_t brightness_ = 3;
+    bool temporaryDisable_ = false;
+    bool tabletModeDisable_ = false;
+    bool tellsPresses_ = false;
+    bool tellsStatus_ = false;
+    Buttons buttons_;
+    Buttons savedButtons_;
+    Bytes lastReport_;
+
+    std::vector<Bytes> reports_;
+    std::vector<std::string> callbacks_;
+};
+
+}  // namespace kit
