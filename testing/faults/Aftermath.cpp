@@ -87,7 +87,7 @@ std::string LightTouchpad(simulator::Device& touchpad) {
     SetVelaBrightness(200);
     WaitUntilOthersSleep();
     constexpr std::uint8_t kLit = 200;
-    const auto lights = kit::AllLit(kLit);
+    const auto lights = kit::AllLitAt(kLit);
     const auto outputs = touchpad.Outputs();
     return problems + Unless(!outputs.empty() && outputs.back() == lights, "the lights stay dark");
 }
