@@ -5,10 +5,10 @@
 namespace vela {
 namespace {
 
-// The older family's first firmware with the gesture.
+// The older family's first firmware version with the gesture in both directions.
 constexpr USHORT kFirstVersionWithGesture = 99;
 
-// Its touchpads report the gesture in their second layout.
+// Touchpads of the older family report the gesture in the second report layout.
 bool IsOlderFamily(const CHIDInformation& information) {
     HIDP_BUTTON_CAPS gesture{};
     return information.GetButtonCaps(HidP_Input, USAGE_GESTURE, gesture) &&

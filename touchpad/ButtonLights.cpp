@@ -66,7 +66,7 @@ void ButtonLights::Update(bool force) {
                          temporaryDisable, tabletModeDisable);
         return;
     }
-    // Drawn before anything is read: whatever was set before the draw is in the report.
+    // The ticket is drawn before any state is read: the report shows all that was set before.
     OutputQueue::Ticket ticket = writer_.Draw();
     const bool driven =
         device_.IsInitialized() && status_.IsFeatureEnabled() && status_.IsActivated();

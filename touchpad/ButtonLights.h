@@ -31,15 +31,15 @@ class ButtonLights {
     bool SetButtonLight(std::uint32_t buttonId, bool on);
     bool SetButtonBreathing(std::uint32_t buttonId, bool on);
 
-    // 0 (dark) to 255, written into every lit LED usage. Ignored while the session is closed.
+    // Sets the value of every lit LED usage, 0 (dark) to 255. Ignored while the session is closed.
     void SetBrightness(std::uint8_t level);
     std::uint8_t GetBrightness() const { return brightness_; }
 
-    // Queues a report of the whole state, unless the touchpad is away or disabled: while it is
-    // disabled its firmware drives the lights. With `force` it is written even when it is the last
-    // one again.
+    // Queues a report of the whole state, unless the touchpad is unplugged or disabled: the
+    // firmware drives the lights of a disabled touchpad. With `force` the report is written even
+    // when it equals the last one.
     void Update(bool force);
-    // Queues a request for the firmware's state. False when the touchpad has no such request.
+    // Queues a firmware state request. Returns false when the touchpad has no such request.
     bool UpdateVelaState();
 
     // The report that darkens the touchpad, whatever the host has set.
@@ -50,7 +50,7 @@ class ButtonLights {
     // report.
     bool SetFlag(std::uint32_t buttonId, Relaxed<bool> ButtonState::*flag, bool value,
                  const char* function, const char* format);
-    // Composes the report of the touchpad that is open; empty while none is.
+    // Composes the open touchpad's report. Returns an empty one while no touchpad is open.
     std::vector<BYTE> Compose(const LedState& state);
 
     TouchpadDevice& device_;  // these four have locks of their own

@@ -26,12 +26,12 @@ enum BreathingState : std::uint32_t {
     kBreathingStopped = 2,
 };
 
-// Reports are composed from it while hosts change it.
+// The state of one button. Reports are composed from it while the host changes it.
 struct ButtonState {
     Relaxed<bool> present = false;  // the entry belongs to an open session
     Relaxed<bool> enabled = false;  // presses are reported and the lights driven
     Relaxed<bool> breathingEnabled = false;
-    Relaxed<bool> lightOn = false;  // which of the button's two lights is lit; told on a press
+    Relaxed<bool> lightOn = false;  // which of the two lights is lit; a press reports the opposite
     Relaxed<bool> visible = false;  // the button's lights are shown
     Relaxed<std::uint32_t> breathingState = kBreathingStopped;
     Relaxed<std::uint8_t> breathingLevel = 8;  // no report carries it

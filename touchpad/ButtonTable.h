@@ -10,8 +10,8 @@
 
 namespace vela {
 
-// Any thread may call any operation. Looking an id up that is not in the table inserts a default
-// entry; that of an id which no meeting button has never reaches a report.
+// Any thread may call any operation. An id that is not in the table gets a default entry at its
+// first use; only the entries of the four meeting buttons reach a report.
 class ButtonTable {
  public:
     using MeetingButtons = std::array<ButtonState, kMeetingButtonCount>;
@@ -24,18 +24,18 @@ class ButtonTable {
     void SetFlag(std::uint32_t id, Relaxed<bool> ButtonState::*flag, bool value);
     // Requests breathing of the button, or stops it.
     void SetBreathing(std::uint32_t id, bool on);
-    // Turns a request for the chat's breathing into running breathing. A stop that came in
-    // meanwhile stays.
+    // Marks the chat's breathing as running if it is requested. A stop that came in meanwhile
+    // stays.
     void StartChatBreathing();
 
-    // Gives the four meeting buttons default entries, which belong to an open session or do not.
+    // Resets the four meeting buttons to default entries with this value of `present`.
     void Seed(bool present);
     void HideAll();
     void Clear();
 
-    // The four meeting buttons, without the lock: their places never change, and their fields are
-    // atomic one by one. Whoever changes a button queues another report right behind, so a moment's
-    // older flag is soon put right, and no call of the host waits for a composition.
+    // The four meeting buttons, read without the lock: the array never moves, and each field is
+    // atomic. Every change of a button queues another report, which soon corrects one composed from
+    // older values. So no call of the host waits for a composition.
     const MeetingButtons& Meeting() const { return meeting_; }
 
     // Save copies without the lock: a host suspends from the thread that sets its buttons.
@@ -47,7 +47,7 @@ class ButtonTable {
 
     Mutex mutex_;             // guards: others_, and changes of meeting_
     MeetingButtons meeting_;  // read without the lock by Meeting and Save
-    MeetingButtons saved_;    // no lock: atomic fields, of the thread that activates
+    MeetingButtons saved_;    // no lock: atomic fields, used by the thread in Activate
     std::unordered_map<std::uint32_t, ButtonState> others_ VELA_GUARDED_BY(mutex_);
 };
 

@@ -1,5 +1,5 @@
 // A list of output usages, one per button at most. A report is composed for every press and every
-// request of the host, so the list does without the heap.
+// request of the host, so the list avoids the heap.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ class ButtonUsages {
     ButtonUsages() = default;
     explicit ButtonUsages(USAGE only) { Add(only); }
 
-    // At most kMeetingButtonCount times.
+    // May be called kMeetingButtonCount times at most.
     void Add(USAGE usage) { usages_.at(count_++) = usage; }
     bool IsEmpty() const { return count_ == 0; }
     ULONG Count() const { return count_; }

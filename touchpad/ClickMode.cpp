@@ -55,7 +55,7 @@ bool HasFeatureReports(const OpenTouchpad& touchpad) {
            touchpad.information->caps.FeatureReportByteLength != 0;
 }
 
-// Sets the value and writes the report. False, with a log line, when one of the two failed.
+// Sets the value and writes the report. Logs a failure of either and returns false.
 bool WriteMode(FeatureReport& report, std::uint32_t mode, std::uint16_t value) {
     constexpr const char* kFunction = "SetClickMode";
     NTSTATUS status = HIDP_STATUS_SUCCESS;
@@ -92,7 +92,7 @@ bool SetClickMode(OpenTouchpad& touchpad, std::uint32_t mode, std::uint16_t valu
         return false;
     }
     const bool written = WriteMode(report, mode, value);
-    // Marks the end of the attempt, whatever came of it.
+    // The line marks the end of the attempt, successful or not.
     log->Log(kLogInfo, kFunction, "SetClickMode (%d, %d) completed.", static_cast<int>(mode),
              value);
     return written;

@@ -1,4 +1,4 @@
-// The click mode, one value of a feature report. On the calling thread, straight to the device.
+// The click mode, one value of a feature report. The device is accessed on the calling thread.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +7,12 @@
 
 namespace vela {
 
-// mode 0 writes the value 0, mode 1 writes `value` in the device's own units, any other mode writes
-// the feature report back as it was read. True when it was written. False, with a log line unless
-// the touchpad has no feature reports, when it was not; also when the touchpad was closed
-// meanwhile.
+// Mode 0 writes the value 0, mode 1 writes `value` in the device's own units, any other mode writes
+// the feature report back as it was read. Returns whether the report was written. A failure is
+// logged, unless the touchpad has no feature reports; a touchpad that was closed meanwhile is a
+// failure.
 bool SetClickMode(OpenTouchpad& touchpad, std::uint32_t mode, std::uint16_t value);
-// True when the value reads non-zero; false also when it cannot be read, with a log line.
+// Returns whether the value is not 0; a failed read, logged likewise, returns false.
 bool GetClickMode(OpenTouchpad& touchpad);
 
 }  // namespace vela

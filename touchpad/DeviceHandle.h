@@ -1,8 +1,8 @@
 // The file handle of an open touchpad, which one thread closes while others use it.
 //
-// Windows gives the value of a closed handle to the next object that the process opens: a thread
-// that still used the old value would write to a stranger. What drivers call rundown protection
-// keeps the two apart: closing waits for the calls that are inside, and later ones get null.
+// Windows reuses the value of a closed handle for the next object that the process opens: a thread
+// that still used the old value would write to that object. Rundown protection, as in drivers,
+// prevents this: closing waits for the calls in progress, and later calls get null.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +13,7 @@ namespace vela {
 
 class DeviceHandle {
  public:
-    // Null for a touchpad that is not open.
+    // `handle` is null for a touchpad that is not open.
     explicit DeviceHandle(HANDLE handle) : handle_(handle) {}
     ~DeviceHandle() { Close(); }
     DeviceHandle(const DeviceHandle&) = delete;
@@ -21,18 +21,18 @@ class DeviceHandle {
 
     // Calls `call` with the handle, which stays open meanwhile, or with null once it is closed; the
     // platform refuses null as it refuses any handle that is not open. Returns what `call` returns.
-    // Any thread, any number of them at a time. Close waits for `call`: it is one platform call.
+    // Any number of threads may call it. Close waits for `call`, which is one platform call.
     template <typename Call>
     auto Use(Call call) {
         const Rundown rundown(*this);
         return call(rundown.handle);
     }
 
-    // Whether it was open just now; another thread may close it at any time.
+    // Returns whether the handle is open; another thread may close it at any time.
     bool IsOpen() VELA_EXCLUDES(mutex_);
 
-    // Returns when nobody is inside a Use any more. The operations that are pending on the handle
-    // are the platform's to end, which may be later. Does nothing for a closed one.
+    // Returns when no thread is inside Use any more. The platform ends the operations pending on
+    // the handle, possibly later. Does nothing when the handle is closed.
     void Close();
 
  private:
@@ -49,7 +49,7 @@ class DeviceHandle {
         const HANDLE handle;
     };
 
-    // Null, and nothing to leave, once the handle is closed.
+    // Returns null once the handle is closed; Leave is not called then.
     HANDLE Enter() VELA_EXCLUDES(mutex_);
     void Leave() VELA_EXCLUDES(mutex_);
 

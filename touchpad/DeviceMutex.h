@@ -1,5 +1,5 @@
-// The named mutex that marks, system-wide, that a touchpad session is open. Nobody ever waits on
-// it: its name is the message.
+// The named mutex whose existence marks an open touchpad session, system-wide. No thread ever waits
+// on it.
 #pragma once
 
 #include <string>

@@ -23,8 +23,8 @@ Clock::time_point NextBeat() {
 }  // namespace
 
 Heartbeat::~Heartbeat() {
-    // Some platforms wait for ever in the destruction of a condition variable that a thread still
-    // waits on, so this is not left to the members.
+    // On some platforms the destructor of a condition variable blocks for ever while a thread waits
+    // on it, so the process is ended before the members are destroyed.
     const Lock lock(startMutex_);
     if (thread_.joinable()) std::terminate();
 }
@@ -57,7 +57,7 @@ void Heartbeat::Start(Beat beat) {
     thread_ = std::thread(&Heartbeat::HeartbeatThread, this, std::move(beat));
 }
 
-// False while the heartbeat is forbidden.
+// Returns false while the heartbeat is forbidden.
 bool Heartbeat::ClearStop() {
     const Lock lock(mutex_);
     if (permitted_) stop_ = false;
@@ -70,7 +70,7 @@ void Heartbeat::HeartbeatThread(const Beat& beat) {
     GetLogger()->Log(kLogInfo, "HeartbeatThread", "HeartbeatThread leaved.");
 }
 
-// False when the thread is to stop.
+// Returns false when the thread is to stop.
 bool Heartbeat::WaitForNextBeat() {
     const Clock::time_point next = NextBeat();
     const Lock lock(mutex_);

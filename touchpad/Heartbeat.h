@@ -1,5 +1,5 @@
-// The heartbeat of a detachable touchpad: while its keyboard half was away it may have lost its
-// state, so the state is sent again every 20 seconds, on a thread of its own.
+// The heartbeat of a detachable touchpad, which may lose its state while it is detached: a thread
+// of its own sends the state again every 20 seconds.
 #pragma once
 
 #include <condition_variable>
@@ -16,21 +16,21 @@ class Heartbeat {
     using Beat = std::function<void()>;
 
     Heartbeat() = default;
-    // Ends the process when a thread was started and not joined by another start, as the thread
-    // object's own end would.
+    // Ends the process when a thread was started and not joined by another start, as the destructor
+    // of std::thread does.
     ~Heartbeat();
     Heartbeat(const Heartbeat&) = delete;
     Heartbeat& operator=(const Heartbeat&) = delete;
 
-    // From here on it may be started.
+    // Allows Start from now on.
     void Permit();
-    // Tells the thread to stop and returns at once. There may be none.
+    // Requests the thread, if there is one, to stop and returns at once.
     void Stop();
-    // The same, and none is started until the next Permit.
+    // Does the same as Stop, and no thread is started until the next Permit.
     void Forbid();
-    // Waits for the thread of an earlier start, which it stops, and starts one that calls `beat`
-    // every 20 seconds. Does nothing while forbidden. Throws std::system_error when the thread
-    // cannot be started.
+    // Stops and joins the thread of an earlier start, then starts one that calls `beat` every 20
+    // seconds, unless that is forbidden. Throws std::system_error when the thread cannot be
+    // started.
     void Start(Beat beat);
 
  private:

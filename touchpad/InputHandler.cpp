@@ -22,7 +22,7 @@ constexpr ULONG kFwSwipeOff = 0x20;
 struct InputHandler::PressedButton {
     std::uint32_t id;
     const char* disabledLine;
-    bool togglesLight;  // the camera's and the microphone's light follow their presses
+    bool togglesLight;  // true for camera and microphone: a press toggles their light
 };
 
 struct InputHandler::InputUsage {
@@ -92,7 +92,7 @@ void InputHandler::HandleUsage(UCHAR reportId, USAGE usage) {
 
 void InputHandler::HandleFirmwareState(const CHIDInformation& information,
                                        std::vector<BYTE>& report) {
-    // A report that does not carry the state counts as all clear.
+    // Without USAGE_FW_STATE in the report all flags count as clear.
     ULONG state = 0;
     HidP_GetUsageValue(HidP_Input, information.caps.UsagePage, kNoLinkCollection, USAGE_FW_STATE,
                        &state, information.preparsedData, reinterpret_cast<PCHAR>(report.data()),

@@ -1,4 +1,4 @@
-// What the touchpad reports: presses, state events and firmware state.
+// Handles the touchpad's input reports: presses, state events and firmware state.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@
 
 namespace vela {
 
-// On the reader's thread. Holds no lock while the host's callbacks run.
+// Runs on the reader's thread. Holds no lock while the host's callbacks run.
 class InputHandler {
  public:
     InputHandler(SessionStatus& status, ButtonTable& buttons, ButtonLights& lights)
@@ -21,8 +21,8 @@ class InputHandler {
     InputHandler(const InputHandler&) = delete;
     InputHandler& operator=(const InputHandler&) = delete;
 
-    // `report`: as read, report id first. `usages`: as many as a report can hold at once, whatever
-    // is in the list.
+    // `report` is as read, report id first. `usages` is a buffer for as many usages as a report can
+    // hold at once; its content is overwritten.
     void HandleInputReport(const CHIDInformation& information, std::vector<BYTE>& report,
                            std::vector<USAGE>& usages);
 

@@ -1,5 +1,5 @@
-// Watches the reports that are issued to the touchpad, for closing to know whether its own one is
-// the last.
+// Watches the reports that are issued to the touchpad, so that closing can check whether its own
+// report was the last.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +11,11 @@
 
 namespace vela {
 
-// Whether a report may still be issued when the session has been stopped.
+// Whether a report may still be issued after the session was stopped.
 enum class IssueOrder : std::uint8_t { BeforeStop, Last };
 
 // Any thread may call any operation. No lock is held while a report is issued: several threads may
-// be at it at once.
+// issue one at once.
 class IssueMonitor {
  public:
     IssueMonitor() = default;
@@ -24,20 +24,20 @@ class IssueMonitor {
 
     // Begins a new session.
     void Restart();
-    // From now on only a report with IssueOrder::Last is issued.
+    // Admits only reports with IssueOrder::Last from now on.
     void Stop();
 
-    // Enclose the issue of each report. When Enter returns false the report is not to be issued.
+    // Enclose the issue of each report. When Enter returns false the report must not be issued.
     bool Enter(IssueOrder order);
     void Leave(const std::vector<BYTE>& report, bool accepted);
-    // A report that was issued ran into its time limit.
+    // Notes that an issued report ran into its time limit.
     void NoteTimeout();
 
     // Watches for reports other than this one, from now on.
     void Watch(const std::vector<BYTE>& report);
-    // After Stop: returns when no report is being issued any more.
+    // Waits until no report is being issued any more. Called after Stop.
     void AwaitLeaving();
-    // Whether another report than the watched one was issued, at the same time or later.
+    // Whether the platform accepted a report other than the watched one, at the same time or later.
     bool HasSeenAnother();
     // Whether the last report that the platform accepted is the watched one.
     bool IsWatchedLast();

@@ -10,8 +10,8 @@ void LastWords::Write() {
 void LastWords::RepeatIfOvertaken() {
     if (!IsOvertaken()) return;
     if (writer_.WriteOutputReportInternal(touchpad_, report_, true, IssueOrder::Last)) return;
-    // Issuing it has reset the event, which closing had signalled for a heartbeat that waits for a
-    // write of its own.
+    // Issuing the report reset the write event, which closing had signalled for a heartbeat that
+    // waits for a write of its own.
     writer_.SignalWriteEvent();
 }
 
@@ -20,8 +20,8 @@ bool LastWords::IsOvertaken() {
     monitor.AwaitLeaving();
     if (monitor.HasSeenTimeout()) return false;
     if (monitor.HasSeenAnother()) return true;
-    // Suppressed as equal to the last report that was not forced, it may yet differ from a forced
-    // one behind that.
+    // A report that was dropped as equal to the last unforced one may still differ from a forced
+    // one written after that.
     return written_ && !monitor.IsWatchedLast();
 }
 

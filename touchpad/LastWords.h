@@ -1,7 +1,7 @@
 // The report that leaves a touchpad dark when its session is closed.
 //
-// It goes to the touchpad past the queue, so a report that was queued before can still be written
-// behind it, and the heartbeat's as well: then it is written once more.
+// It bypasses the queue, so a report that was queued earlier, or the heartbeat's, may still be
+// written after it: then it is written once more.
 #pragma once
 
 #include <utility>
@@ -16,12 +16,12 @@ class LastWords {
     LastWords(ReportWriter& writer, OpenTouchpad& touchpad, std::vector<BYTE> report)
         : writer_(writer), touchpad_(touchpad), report_(std::move(report)) {}
 
-    // Writes it on the calling thread, while the session's threads still run. Suppressed, like any
-    // report, when it is the last one again.
+    // Writes the report on the calling thread, while the session's threads still run. Like any
+    // report it is dropped when it equals the last one.
     void Write();
-    // Writes it again, the writer being stopped and joined, when another report was issued behind
-    // Write; but not to a touchpad that has let a write run into its time limit meanwhile, as
-    // closing would wait as long again.
+    // Writes the report again when another one was issued after Write. Called when the writer is
+    // stopped and joined. Skipped when a write has run into its time limit meanwhile, as closing
+    // would wait as long again.
     void RepeatIfOvertaken();
 
  private:
@@ -30,7 +30,7 @@ class LastWords {
     ReportWriter& writer_;
     OpenTouchpad& touchpad_;
     const std::vector<BYTE> report_;
-    bool written_ = false;  // what Write came to
+    bool written_ = false;  // the result of Write
 };
 
 }  // namespace vela

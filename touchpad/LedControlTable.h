@@ -1,4 +1,4 @@
-// Which output usages drive each button's lights.
+// The output usages that drive each button's lights.
 #pragma once
 
 #include "touchpad/ButtonState.h"
@@ -9,7 +9,7 @@ namespace vela {
 struct LedControl {
     std::uint32_t buttonId;
     USAGE firstLight;   // lit while the button's light is off
-    USAGE secondLight;  // lit while it is on; the same usage: one light, whatever the state
+    USAGE secondLight;  // lit while it is on; equals firstLight when there is one light
     USAGE active;
 
     constexpr bool HasTwoLights() const { return firstLight != secondLight; }

@@ -24,8 +24,8 @@ void SetBreathing(ULONG value, OutputReport& report) {
     if (status < 0) LogSetValueFailed(status);
 }
 
-// The light functions set the second light first and leave the first one alone when that failed. A
-// touchpad without the second light is no failure: only the first light's status is returned.
+// The light functions set the second light first, and skip the first one when that failed. They
+// return only the first light's status, as a touchpad may lack the second light.
 
 NTSTATUS DarkenLights(const LedControl& row, OutputReport& report) {
     if (report.SetValue(row.secondLight, 0) < 0) return HIDP_STATUS_SUCCESS;
@@ -48,7 +48,7 @@ void SetActive(const ButtonUsages& usages, OutputReport& report) {
 
 void UnsetActive(USAGE usage, OutputReport& report) {
     const NTSTATUS status = report.UnsetButton(usage);
-    // In a zeroed report there is nothing to unset, as a rule.
+    // In a zeroed report there is usually nothing to unset.
     if (status >= 0 || status == HIDP_STATUS_BUTTON_NOT_PRESSED) return;
     GetLogger()->Log(kLogError, kFunction, "HidP_UnsetUsages failed, status : %d",
                      static_cast<int>(status));
@@ -97,10 +97,10 @@ void ComposeDriven(ULONG brightness, ButtonTable& buttons, OutputReport& report)
     for (const USAGE usage : unset) UnsetActive(usage, report);
 }
 
-// All dark. The firmware ends breathing by itself when the chat button is no longer active.
+// Composes a dark report. The firmware ends breathing itself when the chat button is not active.
 void ComposeBlank(OutputReport& report) {
     for (const LedControl& row : LedControlTable) {
-        // Logged with the success status whatever the call returned: log readers know the line so.
+        // Logged with the success status whatever the call returned; log readers know the line so.
         if (DarkenLights(row, report) < 0) LogSetValueFailed(HIDP_STATUS_SUCCESS);
     }
     for (const USAGE usage :

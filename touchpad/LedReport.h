@@ -15,10 +15,10 @@ struct LedState {
     std::uint8_t brightness = 0;  // of every lit light, 0 (dark) to 255
 };
 
-// Fills `report`, which is zeroed and as long as the touchpad's output reports; leaves it alone
-// when the touchpad has none. Failed platform calls are logged and leave their part of the report
-// out. Breathing that was requested is noted in `buttons` as running once a report starts it. Any
-// thread.
+// Fills `report`, which is zeroed and as long as the touchpad's output reports; does nothing when
+// the touchpad has none. Failed platform calls are logged and leave their part of the report out.
+// Requested breathing is marked as running in `buttons` once a report starts it. Any thread may
+// call it.
 void UpdateLedCtrl(const CHIDInformation& information, const LedState& state, ButtonTable& buttons,
                    std::vector<BYTE>& report);
 

@@ -9,8 +9,8 @@
 
 namespace vela {
 
-// Shared by whoever works on the touchpad, the heartbeat too, which nobody waits for: a thread that
-// is late finds its own touchpad closed, and never the one that was opened next.
+// Shared by all threads that use the touchpad, including the heartbeat's, which closing does not
+// join: a late thread finds its own touchpad closed, never the one that was opened next.
 struct OpenTouchpad {
     OpenTouchpad(std::shared_ptr<const CHIDInformation> record, HANDLE device)
         : information(std::move(record)), handle(device) {}

@@ -72,7 +72,7 @@ std::optional<OutputItem> OutputQueue::Take() {
     return item;
 }
 
-// Queues what arrived meanwhile, and lets its callers go.
+// Queues the reports that arrived during the writes, and wakes their callers.
 void OutputQueue::EndWrites() {
     for (OutputItem& item : arrived_) queue_.push_back(std::move(item));
     arrived_.clear();

@@ -1,9 +1,9 @@
 // The reports that wait to be written, in the order of their tickets.
 //
-// A report is composed from the whole state, so the one that was begun last shows all that was set
-// before, and has to be written last. Composing takes no lock, and its threads may overtake one
-// another: each draws a ticket before it composes, and a report that comes before one with an
-// earlier ticket waits for it here. Its caller does not.
+// A report is composed from the whole state, so the one whose composition began last is the newest
+// and has to be written last. Threads compose without a lock and may overtake one another: each
+// draws a ticket before it composes, and a report that arrives before one with an earlier ticket
+// waits for it here. Its caller does not.
 #pragma once
 
 #include <atomic>
@@ -24,11 +24,11 @@ struct OutputItem {
     bool force;  // written even when equal to the last report
 };
 
-// Any thread may call any operation; Take is the writer's.
+// Any thread may call any operation; only the writer calls Take.
 class OutputQueue {
  public:
-    // A place in the order. Its owner passes it to Put; one that is destroyed before lets the
-    // later ones go ahead.
+    // A place in the order. Its owner passes it to Put; one that is destroyed unused is skipped, so
+    // that later ones do not wait for it.
     class Ticket {
      public:
         explicit Ticket(OutputQueue& queue) : queue_(&queue), number_(queue.next_++) {}
@@ -53,20 +53,20 @@ class OutputQueue {
     // Empties the queue for a new session. Tickets that were drawn before are void: what an earlier
     // session left unsent was meant for another state, perhaps another device.
     void Restart();
-    // From now on Take returns nothing.
+    // Makes Take return nullopt from now on.
     void Stop();
 
     // Queues the item behind those of all earlier tickets. Returns when the writes in flight are
-    // over: a slow device holds its host back instead of piling reports up. All callers that wait
-    // are let go together, and their reports were queued by then (save those that miss an earlier
-    // ticket's), so nobody starves behind quicker callers or waits for a suspended one.
+    // over, so that a slow device slows its host down instead of piling up reports. All waiting
+    // callers return together, with their reports queued (except those that wait for an earlier
+    // ticket), so none starves behind quicker callers or waits for a suspended one.
     void Put(Ticket ticket, OutputItem item);
 
-    // Ends the write of the item taken before, and waits for the next one. Nothing once stopped.
+    // Ends the write of the item taken before and waits for the next. Returns nullopt once stopped.
     std::optional<OutputItem> Take();
 
  private:
-    // Nothing: the ticket's owner broke off.
+    // Empty when the ticket was destroyed unused.
     using Report = std::optional<OutputItem>;
 
     void Put(std::uint64_t number, Report report) VELA_EXCLUDES(mutex_);
@@ -79,9 +79,9 @@ class OutputQueue {
     SlimConditionVariable queued_;                       // the writer waits for it
     SlimConditionVariable written_;                      // callers wait for it
     std::uint64_t serving_ VELA_GUARDED_BY(mutex_) = 0;  // the ticket that is to arrive next
-    std::map<std::uint64_t, Report> early_ VELA_GUARDED_BY(mutex_);  // for their ticket's turn
+    std::map<std::uint64_t, Report> early_ VELA_GUARDED_BY(mutex_);  // waiting for earlier tickets
     std::deque<OutputItem> arrived_ VELA_GUARDED_BY(mutex_);  // to be queued after the writes
-    std::deque<OutputItem> queue_ VELA_GUARDED_BY(mutex_);    // what the writer takes from
+    std::deque<OutputItem> queue_ VELA_GUARDED_BY(mutex_);    // the writer takes from it
     bool writing_ VELA_GUARDED_BY(mutex_) = false;
     std::uint64_t ended_ VELA_GUARDED_BY(mutex_) = 0;  // how often the writer emptied the queue
     bool stopped_ VELA_GUARDED_BY(mutex_) = false;

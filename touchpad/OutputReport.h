@@ -1,4 +1,4 @@
-// One output report of a touchpad, in the making.
+// One output report of a touchpad while it is composed.
 #pragma once
 
 #include <vector>
@@ -10,10 +10,10 @@
 namespace vela {
 
 // Sets usages on the usage page of the touchpad's collection. The report id is never written here:
-// the platform's set calls put that of the usage's report into the zeroed first byte.
+// the platform's set calls put the id of the usage's report into the zeroed first byte.
 class OutputReport {
  public:
-    // `bytes`: the collection's output report length, zero-filled.
+    // `bytes` is zero-filled and has the collection's output report length.
     OutputReport(const CHIDInformation& information, std::vector<BYTE>& bytes)
         : information_(information), bytes_(bytes) {}
 
@@ -21,7 +21,7 @@ class OutputReport {
         return HidP_SetUsageValue(HidP_Output, Page(), kNoLinkCollection, usage, value,
                                   information_.preparsedData, Data(), Length());
     }
-    // The list is the platform's to change.
+    // Takes a copy of the list, as the platform may change it.
     NTSTATUS SetButtons(ButtonUsages usages) {
         ULONG count = usages.Count();
         return HidP_SetUsages(HidP_Output, Page(), kNoLinkCollection, usages.Data(), &count,

@@ -1,8 +1,8 @@
-// Where overlapped reads and writes live until the kernel is done with them.
+// Owns overlapped reads and writes until the kernel is done with them.
 //
-// Nothing here is ever cancelled: a write may be given up after its time limit, and a read may
-// still be pending when its thread leaves. The kernel then still holds the OVERLAPPED record and
-// the bytes, and writes to them when the operation ends, which may be after the device handle was
+// No operation is ever cancelled: a write may be given up after its time limit, and a read may
+// still be pending when its thread ends. The kernel then still holds the OVERLAPPED record and the
+// bytes, and writes to them when the operation ends, which may be after the device handle was
 // closed.
 #pragma once
 
@@ -14,8 +14,8 @@
 
 namespace vela {
 
-// Hands operations out and takes them back from their owners, who need not care how theirs ended.
-// Any thread.
+// Hands operations out and takes them back, whether or not the kernel is done with them. Any thread
+// may call any operation.
 class OverlappedOperations {
  public:
     struct Return {
@@ -25,13 +25,13 @@ class OverlappedOperations {
     using Pointer = std::unique_ptr<OverlappedOperation, Return>;
 
     OverlappedOperations() = default;
-    // What the kernel still holds stays allocated: the process is on its way out.
+    // Leaves what the kernel still holds allocated, as the process is ending.
     ~OverlappedOperations();
     OverlappedOperations(const OverlappedOperations&) = delete;
     OverlappedOperations& operator=(const OverlappedOperations&) = delete;
 
     Pointer Make(std::vector<BYTE> bytes);
-    // Frees those that were given up and have ended since.
+    // Frees the operations that were given up and have ended since.
     void FreeEnded();
 
  private:

@@ -1,5 +1,5 @@
-// A scalar that one thread may change while another reads it, where any of the values it had will
-// do. Copies like the scalar itself.
+// A scalar that one thread may change while another reads it; the reader accepts any value that it
+// had. Copies like the scalar itself.
 #pragma once
 
 #include <atomic>

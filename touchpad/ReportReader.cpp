@@ -44,7 +44,7 @@ void ReportReader::ReadInputReportThread(const std::shared_ptr<OpenTouchpad>& to
     std::vector<USAGE> usages(HidP_MaxUsageListLength(HidP_Input, 0, information.preparsedData));
 
     while (!stop_) {
-        // A wait that failed may have left the read behind with the kernel.
+        // After a failed wait the read may still be pending in the kernel.
         if (read->IsWithKernel()) read = operations.Make(std::vector<BYTE>(length));
         std::fill(read->bytes.begin(), read->bytes.end(), BYTE{0});
         if (!ReadInputReport(*touchpad, *read)) continue;
@@ -53,15 +53,15 @@ void ReportReader::ReadInputReportThread(const std::shared_ptr<OpenTouchpad>& to
     }
 }
 
-// True when a report is there. False on a failure, and when the thread is to stop.
+// Returns true when a report was read; false on a failure, and when the thread is to stop.
 bool ReportReader::ReadInputReport(OpenTouchpad& touchpad, OverlappedOperation& read) {
     {
         const Lock lock(readMutex_);
         if (stop_) return false;
         if (Issue(touchpad, read)) return true;
     }
-    // Whatever the error: on a device that is gone every read fails at once, and the thread is to
-    // rest until it is told to stop.
+    // The error is ignored: on an unplugged device every read fails at once, and the thread has to
+    // sleep until it is stopped.
     WaitForSingleObject(readEvent_, INFINITE);
     if (stop_) return false;
     return touchpad.handle.Use([&](HANDLE device) {
@@ -70,7 +70,7 @@ bool ReportReader::ReadInputReport(OpenTouchpad& touchpad, OverlappedOperation& 
     });
 }
 
-// True when the read was completed at once.
+// Returns true when the read completed at once.
 bool ReportReader::Issue(OpenTouchpad& touchpad, OverlappedOperation& read) {
     read.Prepare(readEvent_);
     return touchpad.handle.Use([&](HANDLE device) {

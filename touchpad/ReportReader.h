@@ -15,30 +15,30 @@
 
 namespace vela {
 
-// All operations are of whoever opens and closes the session.
+// Only the thread that opens or closes the session calls these operations.
 class ReportReader {
  public:
-    // Called on the reader's thread with each report, report id first, and with a list of as many
-    // usages as a report can hold at once, whatever is in it.
+    // The reader's thread calls it with each report, report id first, and with a buffer for as many
+    // usages as a report can hold at once, of any content.
     using Handler = std::function<void(const CHIDInformation& information,
                                        std::vector<BYTE>& report, std::vector<USAGE>& usages)>;
 
     ReportReader(TouchpadDevice& device, Handler handler)
         : device_(device), handler_(std::move(handler)) {}
-    // Ends the process when the thread was not joined, as the thread object's own end would.
+    // Ends the process when the thread was not joined, as the destructor of std::thread does.
     ~ReportReader();
     ReportReader(const ReportReader&) = delete;
     ReportReader& operator=(const ReportReader&) = delete;
 
-    // Prepares a session: creates the read event. False when the platform refuses it, with its last
-    // error.
+    // Prepares a session: creates the read event. Returns false when the platform refuses it;
+    // GetLastError has the reason.
     bool Prepare();
-    // The thread lets go of the touchpad when it ends. Throws std::system_error when it cannot be
-    // started.
+    // Starts the thread, which releases the touchpad when it ends. Throws std::system_error when it
+    // cannot be started.
     void Start(std::shared_ptr<OpenTouchpad> touchpad);
-    // Tells the thread to stop, which it does when the report that it handles is done.
+    // Requests the thread to stop, which it does once the current report is handled.
     void Stop();
-    // Throws std::system_error on the reader's own thread: it cannot wait for itself.
+    // Throws std::system_error on the reader's own thread, which cannot wait for itself.
     void Join() { thread_.join(); }
 
  private:
@@ -48,10 +48,10 @@ class ReportReader {
 
     TouchpadDevice& device_;  // has locks of its own
     const Handler handler_;
-    // Auto-reset: one thread waits on it. Created by Prepare and, like the write event, never
-    // closed.
+    // An auto-reset event, as one thread waits on it. Created by Prepare and, like the write event,
+    // never closed.
     std::atomic<HANDLE> readEvent_{nullptr};
-    std::thread thread_;             // of whoever opens and closes
+    std::thread thread_;             // used by the thread that opens or closes
     Mutex readMutex_;                // guards: issuing a read against the stop
     std::atomic<bool> stop_{false};  // set under readMutex_
 };

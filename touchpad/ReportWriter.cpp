@@ -119,8 +119,8 @@ ReportWriter::IssueResult ReportWriter::Issue(OpenTouchpad& touchpad, Overlapped
     return result;
 }
 
-// A write that runs into its time limit is left to the touchpad: it may still arrive, and nothing
-// the session could do would tell a late write from a lost one. On failure `error` is the last one.
+// A write that runs into its time limit is left pending: it may still arrive, and the session
+// cannot distinguish a late write from a lost one. On failure `error` is the last error.
 bool ReportWriter::WaitForWrite(OpenTouchpad& touchpad, OverlappedOperation& write, DWORD& error) {
     const DWORD waited = WaitForSingleObject(write.overlapped.hEvent, kWriteTimeLimitMs);
     error = GetLastError();

@@ -1,5 +1,5 @@
-// What the session is doing for its host: the two switches, the two ways in which the touchpad is
-// disabled, and the callbacks that are notified of it.
+// The session's status: the two switches (activation and feature), the two ways in which the
+// touchpad is disabled, and the callbacks that notify the host.
 #pragma once
 
 #include <atomic>
@@ -13,7 +13,7 @@ namespace vela {
 using ButtonPressCallback = void (*)(std::uint32_t buttonId, std::uint32_t newLightState);
 using StatusChangeCallback = void (*)(std::uint32_t status);
 
-// The touchpad's status as the host is notified of it; activation values are passed on as they are.
+// The status values that the host is notified of, besides the activation values.
 enum TouchpadStatus : std::uint32_t {
     kStatusNormal = 0,
     kStatusTemporarilyDisabled = 2,
@@ -26,28 +26,28 @@ enum ActivationState : std::uint32_t {
     kActive = 0,
     kActiveHostSetsLights = 1,  // a press is reported, its light left to the host
     kDeactivated = 4,
-    kSuspended = 5,  // the button table is kept aside
+    kSuspended = 5,  // the button table is saved
 };
 
-// Any thread may call any operation. Callbacks are called without a lock. What is read and written
-// without one is an atomic each: a reader that comes a moment early sees the older value.
+// Any thread may call any operation. Callbacks are called without a lock. Everything that is read
+// or written without one is atomic; a reader may see the older value for a moment.
 class SessionStatus {
  public:
     SessionStatus() = default;
     SessionStatus(const SessionStatus&) = delete;
     SessionStatus& operator=(const SessionStatus&) = delete;
 
-    // Between these two the switches can be changed; a call that comes late, from a thread that
-    // began it while the session was open, changes nothing. Closing leaves the session deactivated,
-    // its feature off. A temporary disable outlives a session.
+    // The switches can be changed between Open and Close. A late call, begun by another thread
+    // while the session was open, changes nothing. Close deactivates the session and switches its
+    // feature off. A temporary disable outlives a session.
     void Open();
     void Close();
 
     std::uint32_t Activation() const { return activation_; }
-    // The states in which lights are driven and the touchpad's own changes are reported.
+    // Returns whether lights are driven and the touchpad's own changes are reported.
     bool IsActivated() const;
-    // Stores the state and calls `update` in one step: the firmware's flags change before it or
-    // after it. Deactivating ends a temporary disable. False when the session is closed.
+    // Stores the state and calls `update` in one step: SetFirmwareState runs before or after both.
+    // Deactivating ends a temporary disable. Returns false when the session is closed.
     bool SetActivation(std::uint32_t value, const std::function<void()>& update);
 
     bool IsFeatureEnabled() const { return featureEnabled_; }
@@ -57,7 +57,7 @@ class SessionStatus {
     bool IsTabletModeDisabled() const { return TabletModeDisable_; }
     void SetTemporaryDisable(bool disabled) { TemporaryDisable_ = disabled; }
     void SetTabletModeDisable(bool disabled) { TabletModeDisable_ = disabled; }
-    // Both at once, as the firmware reports them.
+    // Sets both flags in one step, as the firmware reports them.
     void SetFirmwareState(bool tabletModeDisable, bool temporaryDisable);
 
     void SetButtonPressCallback(ButtonPressCallback callback) { buttonPress_ = callback; }
@@ -69,7 +69,7 @@ class SessionStatus {
     void ReportPress(std::uint32_t buttonId, bool newLightState) const;
     void ReportStatus(std::uint32_t status) const;
     void ReportStatusWhileActive(std::uint32_t status) const;
-    // How the touchpad is disabled; `undisturbed` when it is not.
+    // Returns how the touchpad is disabled, or `undisturbed` when it is not.
     std::uint32_t StatusOr(std::uint32_t undisturbed) const;
 
  private:
@@ -77,7 +77,7 @@ class SessionStatus {
     bool open_ VELA_GUARDED_BY(mutex_) = false;
     std::atomic<std::uint32_t> activation_{kDeactivated};
     std::atomic<bool> featureEnabled_{false};
-    std::atomic<bool> TemporaryDisable_{false};   // the reader's events: without the lock
+    std::atomic<bool> TemporaryDisable_{false};   // the reader's thread sets it without the lock
     std::atomic<bool> TabletModeDisable_{false};  // likewise
     std::atomic<ButtonPressCallback> buttonPress_{nullptr};    // no lock
     std::atomic<StatusChangeCallback> statusChange_{nullptr};  // no lock

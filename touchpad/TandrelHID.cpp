@@ -15,7 +15,7 @@ std::uint32_t AlreadyOpen() {
     return kHidOpen;
 }
 
-// Names the thread that closes the session, for as long as it does.
+// Holds the id of the thread that closes the session, while it does.
 class ClosingThread {
  public:
     explicit ClosingThread(std::atomic<std::thread::id>& id) : id_(id) {
@@ -58,7 +58,7 @@ std::uint32_t CTandrelHID::Initialize(const std::shared_ptr<const CHIDInformatio
 }
 
 std::uint32_t CTandrelHID::OpenSession(const std::shared_ptr<const CHIDInformation>& information) {
-    // Another thread may have opened the session while this one waited for its turn.
+    // Another thread may have opened the session while this one waited for the mutex.
     if (device_.IsInitialized()) return AlreadyOpen();
     const std::uint32_t result = device_.Open(information);
     if (result != kHidOpen) return result;
@@ -111,7 +111,7 @@ bool CTandrelHID::Uninitialize() {
         return false;
     }
     const Lock operationLock(operationMutex_);
-    // Another thread may have closed the session while this one waited for it.
+    // Another thread may have closed the session while this one waited for the mutex.
     if (!device_.IsInitialized()) return false;
     const ClosingThread closing(closingThread_);
 
@@ -133,8 +133,8 @@ void CTandrelHID::EndReports() {
 
     reader_.Stop();
     writer_.Stop();
-    // The query shows in the log. What it returns does not matter: a heartbeat that was started
-    // while the product string could not be read is to stop as well.
+    // The query is made for its log line only. Its result is ignored: a heartbeat that was started
+    // while the product string could not be read has to stop as well.
     IsDetachable();
     heartbeat_.Forbid();
     writer_.ForgetLastReport();
@@ -221,8 +221,8 @@ bool CTandrelHID::Activate(std::uint32_t value) {
     PrepareActivation(value);
     // A session that was closed meanwhile stays deactivated.
     if (!status_.SetActivation(value, [this] { lights_.Update(true); })) return false;
-    // A deactivation is reported a second time: hosts count on the report before the lights go out
-    // as well as on the one after.
+    // A deactivation is reported a second time: hosts rely on a report before the lights go out and
+    // on one after.
     status_.ReportStatus(status_.IsActivated() ? status_.StatusOr(value) : value);
     GetLogger()->Log(kLogInfo, "Activate", "Activate HID (%d)", static_cast<int>(value));
     return true;
@@ -255,15 +255,15 @@ void CTandrelHID::PrepareActivation(std::uint32_t value) {
 // --- heartbeat -----------------------------------------------------------------------------------
 
 void CTandrelHID::StopHeartbeat() {
-    // As in EndReports: only the query itself shows.
+    // The query is made for its log line only, as in EndReports.
     IsDetachable();
     heartbeat_.Stop();
 }
 
 void CTandrelHID::StartHeartbeat() {
     if (!IsDetachable()) return;
-    // Nobody waits for a heartbeat at the end of its session: it must not keep the touchpad's
-    // record, nor write to the touchpad that is opened next.
+    // Closing does not join the heartbeat, so it must neither keep the touchpad's record nor write
+    // to the touchpad that is opened next.
     const std::weak_ptr<OpenTouchpad> weak = device_.Current();
     heartbeat_.Start([this, weak] {
         if (const std::shared_ptr<OpenTouchpad> touchpad = weak.lock()) SendHeartbeat(*touchpad);
@@ -277,8 +277,8 @@ void CTandrelHID::SendHeartbeat(OpenTouchpad& touchpad) {
     } else if (buttons_.Copy(BUTTON_ID_CHAT).breathingState != kBreathingRunning) {
         writer_.WriteOutputReportInternal(touchpad, writer_.LastReport(), true);
     } else {
-        // A breathing light restarts on the very report that started it; it needs a new one, which
-        // tells it to go on.
+        // Repeating the report that started breathing would restart it; a new report carries the
+        // value that continues it.
         lights_.Update(true);
     }
 }

@@ -20,30 +20,30 @@
 
 namespace vela {
 
-// Opens the touchpad, keeps a reader, a writer and (when it is detachable) a heartbeat thread on
-// it, turns the host's requests into whole output and feature reports, and its input reports into
-// the host's callbacks. One exists per process, behind the exports; any thread may call any
-// operation. Callbacks are called without a lock but, inside Uninitialize, its operation mutex.
+// Opens the touchpad, runs a reader, a writer and (when it is detachable) a heartbeat thread for
+// it, turns the host's requests into whole output and feature reports, and input reports into the
+// host's callbacks. One exists per process, behind the exports; any thread may call any operation.
+// Callbacks are called without a lock, except for the operation mutex inside Uninitialize.
 //
 // Lock order: Uninitialize holds `operationMutex_` and takes the others one at a time, at its end
-// `openingMutex_`, under which the device is closed, and which Initialize holds. Activate holds the
-// status mutex while Update queues a report. A write takes the device's query mutex, the last
-// report's and the monitor's, one after the other; whoever queues a report waits for it. A start of
-// the heartbeat holds the start mutex while it takes the heartbeat's own. The mutexes of
-// the button table, the product string, the pending operations and a device's handle are taken
-// last, under any of these.
+// `openingMutex_`, which Initialize holds too, and under which the device is closed. Activate holds
+// the status mutex while Update queues a report. A write takes the device's query mutex, the last
+// report's and the monitor's, one after the other; a caller that queues a report waits for it.
+// Heartbeat::Start holds the start mutex while it takes the heartbeat's own. The mutexes of the
+// button table, the product string, the pending operations and a device's handle are taken last,
+// under any of these.
 class CTandrelHID : public IHid {
  public:
     CTandrelHID();
-    // Ends the process when one of the threads was not joined, as a thread object's own destruction
-    // would: the session lives until process exit, and this tells a host that left it open.
+    // Ends the process when one of the threads was not joined, as the destructor of std::thread
+    // does: the session lives until process exit, so a host that left it open notices.
     ~CTandrelHID() override = default;
 
     HidDeviceFilterList GetHidDeviceFilters() override;
     HidCapUsagePageList GetValueCapUsagePages() override;
     HidCapUsagePageList GetButtonCapUsagePages() override;
-    // Waits for a closing that another thread has begun. Throws std::system_error when a thread
-    // cannot be started; the session is closed then.
+    // May have to wait for a closing that another thread has begun. Throws std::system_error when a
+    // thread cannot be started; the session is closed then.
     std::uint32_t Initialize(const std::shared_ptr<const CHIDInformation>& information) override;
     // Waits for the writes in flight, at most 30 s each, and for other threads' platform calls on
     // the device. Called from a callback on the reader thread it throws std::system_error, as that
@@ -84,7 +84,7 @@ class CTandrelHID : public IHid {
     bool GetClickMode();
     bool GetDeviceConnectState(bool& connected) { return device_.GetDeviceConnectState(connected); }
     bool IsDetachable() { return device_.IsDetachable(); }
-    // False while the session is closed.
+    // Returns false while the session is closed.
     bool IsSupportBiDirectionSwipe() const;
     bool Enable(bool enable);
     bool IsEnabled() const { return status_.IsFeatureEnabled(); }
@@ -113,7 +113,7 @@ class CTandrelHID : public IHid {
     Heartbeat heartbeat_;
     Mutex operationMutex_;  // guards: Uninitialize, one at a time
     Mutex openingMutex_;    // guards: opening and closing the device, one at a time
-    // No lock: a thread finds itself here only if it wrote itself here.
+    // No lock: only the closing thread can find its own id here.
     std::atomic<std::thread::id> closingThread_{};
 };
 

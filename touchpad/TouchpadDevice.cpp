@@ -17,15 +17,15 @@ constexpr std::size_t kProductStringLength = 256;
 // Words in the product strings of touchpads that can be taken off the machine.
 constexpr const wchar_t* kDetachableWords[] = {L"morlo", L"detachable"};
 
-// The letters A to Z only, as the runtime's tolower does in its default locale, and safe for
-// characters that are no plain char.
+// Changes the letters A to Z only, as tolower does in the default locale, but accepts characters
+// outside the range of a plain char.
 wchar_t LowerCase(wchar_t character) {
     return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a')
                                                   : character;
 }
 
 bool IsDetachableProduct(const std::wstring& productString) {
-    // A touchpad whose product string cannot be read may be one that is not there just now.
+    // A touchpad whose product string cannot be read may be detached at the moment.
     if (productString.empty()) return true;
     return std::any_of(
         std::begin(kDetachableWords), std::end(kDetachableWords),
@@ -35,7 +35,7 @@ bool IsDetachableProduct(const std::wstring& productString) {
 }  // namespace
 
 std::uint32_t TouchpadDevice::Open(const std::shared_ptr<const CHIDInformation>& information) {
-    // Exclusive: two agents that drive one touchpad's lights would undo each other's reports.
+    // Exclusive access: two agents driving one touchpad's lights would undo each other's reports.
     const HANDLE device = CreateFileW(information->devicePath.c_str(), GENERIC_READ | GENERIC_WRITE,
                                       0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
     if (device == INVALID_HANDLE_VALUE) {
@@ -49,8 +49,8 @@ std::uint32_t TouchpadDevice::Open(const std::shared_ptr<const CHIDInformation>&
     return kHidOpen;
 }
 
-// A name that exists already tells as much. The handle that it was opened by is let go of unclosed:
-// it keeps the name for as long as this process lives.
+// An existing name already marks an open session. The handle that opened it is deliberately not
+// closed: it keeps the name for as long as this process lives.
 void TouchpadDevice::MarkSessionOpen() {
     if (OpenMutexW(MUTEX_ALL_ACCESS, FALSE, kSessionDeviceMutexName.c_str()) != nullptr) return;
     deviceMutex_ = CreateMutexW(nullptr, FALSE, kSessionDeviceMutexName.c_str());
@@ -63,7 +63,7 @@ void TouchpadDevice::Close() {
     if (deviceMutex_ != nullptr) CloseHandle(deviceMutex_);
     deviceMutex_ = nullptr;
     closing.reset();
-    // As a rule the closing has ended what was pending; what it has not stays where it is.
+    // Closing the handle usually ends the pending operations; those still pending stay allocated.
     operations_.FreeEnded();
 }
 

@@ -1,4 +1,4 @@
-// The touchpad itself: opening and closing it, and what the session knows of its plug.
+// The touchpad itself: opens and closes it, and queries whether it is connected and detachable.
 #pragma once
 
 #include <atomic>
@@ -14,33 +14,33 @@
 
 namespace vela {
 
-// Any thread may call any operation; Open, MarkSessionOpen and Close are one thread's at a time.
+// Any thread may call any operation; only one at a time may call Open, MarkSessionOpen or Close.
 class TouchpadDevice {
  public:
     TouchpadDevice() = default;
     TouchpadDevice(const TouchpadDevice&) = delete;
     TouchpadDevice& operator=(const TouchpadDevice&) = delete;
 
-    // Opens the device of the record for this process alone. A HidInitializeResult; a failure is
-    // logged.
+    // Opens the device of the record for this process alone. Returns a HidInitializeResult and logs
+    // a failure.
     std::uint32_t Open(const std::shared_ptr<const CHIDInformation>& information);
-    // Tells other processes, by a name, that a session is open.
+    // Shows other processes, by the named mutex, that a session is open.
     void MarkSessionOpen();
-    // Closes the device, takes the name back and lets go of the record. Waits for the platform
-    // calls that other threads have in flight on the device.
+    // Closes the device and the named mutex, and releases the record. Waits for the platform calls
+    // that other threads have in flight on the device.
     void Close();
 
-    // Whether the session takes calls: set when all of its threads run, cleared before Close.
+    // Whether the session accepts calls: set when all of its threads run, cleared before Close.
     bool IsInitialized() const { return initialized_; }
     void SetInitialized(bool initialized) { initialized_ = initialized; }
 
-    // The touchpad that is open now; never null, without record and handle while none is.
+    // The touchpad that is open now. Never null; without record and handle while none is open.
     std::shared_ptr<OpenTouchpad> Current() const { return std::atomic_load(&current_); }
 
-    // True when the query could be answered, that is while the session is open.
+    // Sets `connected` and returns true while the session is open; otherwise returns false.
     bool GetDeviceConnectState(bool& connected);
-    // True for a touchpad that can be taken off the machine, and for one whose product string
-    // cannot be read.
+    // Returns true for a touchpad that can be taken off the machine, and for one whose product
+    // string cannot be read.
     bool IsDetachable();
 
     OverlappedOperations& Operations() { return operations_; }
@@ -48,14 +48,14 @@ class TouchpadDevice {
  private:
     void ReadProductString() VELA_REQUIRES(productMutex_);
 
-    std::atomic<bool> initialized_{false};  // no lock: a reader a moment early sees the older value
-    // Read and replaced through std::atomic_load and std::atomic_store.
+    std::atomic<bool> initialized_{false};  // no lock: a reader may briefly see the older value
+    // All accesses use the std::atomic_ functions for shared_ptr.
     std::shared_ptr<OpenTouchpad> current_ = std::make_shared<OpenTouchpad>(nullptr, nullptr);
-    HANDLE deviceMutex_ =
-        nullptr;          // of whoever opens and closes; of this session's own making only
+    // Null unless this session created the mutex. Used by the thread that opens or closes.
+    HANDLE deviceMutex_ = nullptr;
     Mutex queryMutex_;    // guards: the connection probe, one at a time
     Mutex productMutex_;  // guards: productString_
-    // In lower case. Kept for the life of this object: the first touchpad's answer holds.
+    // The product string in lower case, kept for good: the first one that was read decides.
     std::wstring productString_ VELA_GUARDED_BY(productMutex_);
     OverlappedOperations operations_;  // has a mutex of its own
 };

@@ -1,13 +1,13 @@
-// What the touchpad's session looks for.
+// The discovery query of the touchpad's session.
 #pragma once
 
 #include "hid/IDiscoveryQuery.h"
 
 namespace vela {
 
-// The vendor-defined collection with the meeting buttons, of the vendors in "Vela.ini" or else of
-// the touchpad's own vendor, and all its capabilities but the buttons of feature reports. Keeps no
-// state: the file is read at each call.
+// Wants the vendor-defined collection with the meeting buttons, of the vendors in "Vela.ini" or
+// else of the touchpad's own vendor, and all its capabilities except the button caps of feature
+// reports. Keeps no state: the file is read at each call.
 class TouchpadDiscovery final : public IDiscoveryQuery {
  public:
     virtual ~TouchpadDiscovery() = default;

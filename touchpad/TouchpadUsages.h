@@ -5,7 +5,7 @@
 
 namespace vela {
 
-// The vendor-defined top-level collection with the meeting buttons. A touchpad's fingers are in
+// The vendor-defined top-level collection with the meeting buttons. Finger contacts are reported in
 // another one, on the digitizer page.
 constexpr USAGE kTouchpadUsagePage = 0xFF80;
 constexpr USAGE kMeetingButtonsUsage = 0x0080;
@@ -26,13 +26,13 @@ constexpr USAGE USAGE_SHARE_SCREEN_LED = 0x22;
 constexpr USAGE USAGE_CHAT_LED = 0x24;
 constexpr USAGE USAGE_AUDIO_LED_ON = 0x26;
 constexpr USAGE USAGE_AUDIO_LED_OFF = 0x27;
-// Output report, value: what the chat light's breathing is to do.
+// Output report, value: starts, continues or ends the chat light's breathing.
 constexpr USAGE USAGE_CHAT_BREATHING = 0xA2;
-// Output report, button: asks the firmware to report its state.
+// Output report, button: requests the firmware's state.
 constexpr USAGE USAGE_REQUEST = 0x30;
 
 // Input report, buttons.
-constexpr USAGE USAGE_SYNC = 0x40;  // the firmware asks the host side to resynchronise
+constexpr USAGE USAGE_SYNC = 0x40;  // the firmware requests a resynchronisation
 constexpr USAGE USAGE_CAMERA_BUTTON = 0x41;
 constexpr USAGE USAGE_SHARE_SCREEN_BUTTON = 0x42;
 constexpr USAGE USAGE_CHAT_BUTTON = 0x43;
