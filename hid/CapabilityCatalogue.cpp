@@ -8,8 +8,8 @@
 namespace vela {
 namespace {
 
-// How value and button capabilities differ; the rest of the filling is the same. The counts stand
-// in the order of the report types.
+// The differences between value caps and button caps; Fill is the same for both. The counts are in
+// the order of the report types.
 struct ValueCapability {
     using Caps = HIDP_VALUE_CAPS;
     static constexpr USHORT HIDP_CAPS::*kCounts[] = {&HIDP_CAPS::NumberInputValueCaps,
@@ -42,21 +42,22 @@ struct ButtonCapability {
         return HidP_GetButtonCaps(type, caps, length, preparsed);
     }
     static constexpr const char* kFunction = "FillButtonCapUsagePages";
-    // Known to log readers as it stands, with the other list's call.
+    // Names HidP_GetValueCaps although HidP_GetButtonCaps failed: log readers search for this text.
     static constexpr char kCallFailed[] =
         "FillButtonCapUsagePages HidP_GetValueCaps faild, last error (%d).";
     static constexpr char kNoMatch[] =
         "FillButtonCapUsagePages failed, doesn't have matched report type";
 };
 
-// Of two capabilities with one key the later in the platform's order stays.
+// Stores a capability. The later of two with the same key in the platform's order replaces the
+// other.
 template <typename Map, typename Caps>
 void Store(Map& map, std::uint32_t reportType, const Caps& caps) {
     if (!caps.IsRange) {
         map.insert_or_assign(MakeCapsKey(reportType, caps.NotRange.Usage), caps);
         return;
     }
-    // Counted wider than a usage: a range may end at 0xFFFF.
+    // The counter is wider than a usage, as a range may end at 0xFFFF.
     for (std::uint32_t usage = caps.Range.UsageMin; usage <= caps.Range.UsageMax; ++usage) {
         map.insert_or_assign(MakeCapsKey(reportType, static_cast<std::uint16_t>(usage)), caps);
     }
@@ -70,8 +71,8 @@ bool Fill(IDiscoveryQuery* query, const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA pr
 
     bool matched = false;
     for (const HidCapUsagePage& wanted : wantedPages) {
-        // A report type that the caps do not count goes to the platform with no room for a record;
-        // its status decides.
+        // For an unknown report type there is no count: the platform is called without room for a
+        // record, and its status decides.
         const bool counted = wanted.ReportType < std::size(Capability::kCounts);
         USHORT length = counted ? caps.*Capability::kCounts[wanted.ReportType] : USHORT{0};
         if (counted && length == 0) continue;

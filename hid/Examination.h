@@ -1,4 +1,4 @@
-// The examination of one HID device interface: is it the collection that a query wants?
+// Examines one HID device interface: is it the top-level collection that a query wants?
 #pragma once
 
 #include <string>
@@ -20,22 +20,22 @@ enum class Verdict {
     kNoWantedButtonCap,
 };
 
-// What was read until the verdict was clear; zero or empty from there on.
+// The data that was read up to the verdict; the rest is zero or empty.
 struct Examination {
     Verdict verdict = Verdict::kMatches;
     HIDD_ATTRIBUTES attributes{};
     HIDP_CAPS caps{};
-    PHIDP_PREPARSED_DATA preparsedData = nullptr;  // the caller's to free
+    PHIDP_PREPARSED_DATA preparsedData = nullptr;  // the caller frees it
     ValueCapsMap valueCapsMap;
     ButtonCapsMap buttonCapsMap;
 };
 
-// Without read or write access, with which an interface opens even while another process holds it
-// for itself; its attributes and descriptor can be read all the same.
+// Opens the interface without read or write access, which succeeds even while another process holds
+// it exclusively; its attributes and preparsed data can still be read.
 FileHandle OpenForExamination(const std::wstring& path);
 
 // Reads only as far as the verdict needs, in the order of the verdicts. `device` may be invalid.
-// Any thread.
+// Any thread may call it.
 Examination Examine(IDiscoveryQuery& query, const FileHandle& device);
 
 }  // namespace vela

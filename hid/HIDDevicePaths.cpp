@@ -19,8 +19,8 @@ struct GlobalMemoryDeleter {
 };
 using InterfaceDetail = std::unique_ptr<SP_DEVICE_INTERFACE_DETAIL_DATA_W, GlobalMemoryDeleter>;
 
-// Destroyed in every case, the invalid value of a failed call included: the platform refuses that
-// one without harm.
+// Destroys the list in every case: the platform refuses the invalid value of a failed call without
+// harm.
 struct DeviceInfoList {
     HDEVINFO handle;
     explicit DeviceInfoList(HDEVINFO list) : handle(list) {}

@@ -18,8 +18,8 @@ void FillRecord(CHIDInformation& record, const std::wstring& path, Examination& 
 
 }  // namespace
 
-// The preparsed data of an interface that is turned down stays allocated: freeing belongs to the
-// record alone, and only the chosen interface gets one. It is a small block per scanned interface.
+// The preparsed data of a rejected interface stays allocated, a small block for each: only a record
+// frees it, and only the chosen interface gets a record.
 std::shared_ptr<CHIDInformation> ScanHIDInformation(IDiscoveryQuery* query) {
     auto record = std::make_shared<CHIDInformation>();
     if (query == nullptr) return record;

@@ -25,7 +25,7 @@ std::wstring MakeCapsKey(std::uint32_t reportType, std::uint16_t usage) {
     key.reserve(kLongestKey);
     if (reportType < std::size(kReportTypeNames)) key = kReportTypeNames[reportType];
     key += L'_';
-    // Digits are the same in narrow letters, which are made of a number without a format.
+    // std::to_string needs no format, and its digits have the same values as wide characters.
     const std::string digits = std::to_string(usage);
     key.append(digits.begin(), digits.end());
     return key;

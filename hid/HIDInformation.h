@@ -20,7 +20,7 @@ using ButtonCapsMap = std::unordered_map<std::wstring, HIDP_BUTTON_CAPS>;
 std::wstring MakeCapsKey(std::uint32_t reportType, std::uint16_t usage);
 
 // Discovery fills a record before it shares it; from then on it is only read, from any thread,
-// without a lock. Nobody copies it: it owns the parsed report descriptor.
+// without a lock. It cannot be copied, as it owns the preparsed data.
 class CHIDInformation {
  public:
     CHIDInformation() = default;
@@ -28,8 +28,9 @@ class CHIDInformation {
     CHIDInformation(const CHIDInformation&) = delete;
     CHIDInformation& operator=(const CHIDInformation&) = delete;
 
-    // Look a usage up in the catalogue. True: `out` holds the whole capability; false: not
-    // catalogued, `out` is untouched. The value look-up searches feature reports only.
+    // Look a usage up in the catalogue. Return true with the whole capability in `out`, or false,
+    // with `out` unchanged, when it is not catalogued. The value look-up searches feature reports
+    // only.
     bool GetFeatureValueCaps(std::uint16_t usage, HIDP_VALUE_CAPS& out) const;
     bool GetButtonCaps(std::uint32_t reportType, std::uint16_t usage, HIDP_BUTTON_CAPS& out) const;
 

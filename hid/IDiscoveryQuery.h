@@ -1,5 +1,5 @@
-// What discovery queries: which collection is looked for, and which of that collection's
-// capabilities are to be catalogued.
+// The query of a discovery: the top-level collection to find, and which of its capabilities to
+// catalogue.
 #pragma once
 
 #include <cstdint>
@@ -31,8 +31,8 @@ class IDiscoveryQuery {
     virtual HidCapUsagePageList GetButtonCapUsagePages() = 0;
 
  protected:
-    // Not virtual: nothing is deleted through this interface, and the operations that IHid adds
-    // follow the three above without a gap.
+    // The destructor is not virtual: nothing is deleted through this interface, and the operations
+    // that IHid adds have to follow the three above in the vtable without a gap.
     ~IDiscoveryQuery() = default;
 };
 

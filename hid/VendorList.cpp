@@ -16,7 +16,7 @@ namespace {
 constexpr DWORD kPathLength = 260;
 constexpr DWORD kSectionNamesLength = 4096;
 
-// Empty when the platform gives no whole path of the library.
+// Returns an empty path when the platform does not return the library's whole path.
 std::wstring ConfigurationPath() {
     const HMODULE module = ModuleHandle();
     if (module == nullptr) return {};
@@ -33,7 +33,7 @@ std::wstring ConfigurationPath() {
     return directory + L"\\Vela.ini";
 }
 
-// What stoul makes of it on Windows, where `unsigned long` has 32 bits, wherever this is built: a
+// Returns what stoul returns on Windows, where `unsigned long` has 32 bits, on every platform: a
 // minus sign counts down from the end of the range.
 std::uint32_t ParseVendorId(const std::wstring& sectionName) {
     constexpr int kHexadecimal = 16;

@@ -7,8 +7,8 @@
 
 namespace vela {
 
-// In file order, duplicates kept. Empty when there is no such file or no section in it. A section
-// name that is no number of 32 bits costs one log line and is skipped.
+// Returns the ids in file order, duplicates kept; none when there is no such file or no section in
+// it. A section name that is no 32-bit number is logged and skipped.
 std::vector<std::uint32_t> GetVidsFromFile();
 
 }  // namespace vela
