@@ -49,8 +49,7 @@ struct ButtonCapability {
         "FillButtonCapUsagePages failed, doesn't have matched report type";
 };
 
-// Stores a capability. The later of two with the same key in the platform's order replaces the
-// other.
+// The later of two capabilities with the same key, in the platform's order, replaces the other.
 template <typename Map, typename Caps>
 void Store(Map& map, std::uint32_t reportType, const Caps& caps) {
     if (!caps.IsRange) {

@@ -28,9 +28,8 @@ class CHIDInformation {
     CHIDInformation(const CHIDInformation&) = delete;
     CHIDInformation& operator=(const CHIDInformation&) = delete;
 
-    // Look a usage up in the catalogue. Return true with the whole capability in `out`, or false,
-    // with `out` unchanged, when it is not catalogued. The value look-up searches feature reports
-    // only.
+    // Look a usage up in the catalogue. Return true with the whole capability in `out`; false, with
+    // `out` unchanged, when it is not catalogued. The value look-up is for feature reports only.
     bool GetFeatureValueCaps(std::uint16_t usage, HIDP_VALUE_CAPS& out) const;
     bool GetButtonCaps(std::uint32_t reportType, std::uint16_t usage, HIDP_BUTTON_CAPS& out) const;
 
