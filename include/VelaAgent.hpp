@@ -1,5 +1,5 @@
 // VelaAgent for C++17 hosts on Windows: loads the library by its full path, and wraps its sessions
-// so that they close themselves. Header-only; VelaAgent.h says what every function does.
+// so that they close themselves. Header-only; VelaAgent.h documents every function.
 //
 //     vela_agent::Library library(L"C:\\Program Files\\Host\\VelaAgent.dll");
 //     vela_agent::Logger logger(library, localAppData / "Host" / "Logs");  // %LOCALAPPDATA%
@@ -7,10 +7,10 @@
 //                                           [](std::uint32_t status) { ... }});
 //     session.EnableFeature(true);
 //
-// Objects that close themselves may be static. Those of a program close when it exits; those of a
-// plug-in DLL keep the DLL loaded, as FreeLibrary would destroy them where closing waits for ever,
-// and are left as they are when the process ends (convention 7). A DLL makes them in a function
-// (std::optional), as no thread starts before DllMain is over. thread_local they must not be.
+// Objects that close themselves may be static, but not thread_local. Those of a program close when
+// it exits. Those of a plug-in DLL keep the DLL loaded, as FreeLibrary would destroy them where
+// closing waits for ever, and are left open when the process ends (convention 7); a DLL creates
+// them in a function (std::optional), as no thread starts before DllMain is over.
 #ifndef VELA_AGENT_HPP
 #define VELA_AGENT_HPP
 
@@ -18,8 +18,8 @@
 #error "VelaAgent.hpp needs C++17: compile with -std=c++17 or /std:c++17."
 #endif
 
-// The host's own min, max and NOMINMAX are put aside, and are what they were after the includes: a
-// host that uses the macros of <windows.h> includes that first.
+// Puts the host's own min, max and NOMINMAX aside, and restores them after the includes: a host
+// that uses the macros of <windows.h> includes that first.
 #pragma push_macro("min")
 #pragma push_macro("max")
 #pragma push_macro("NOMINMAX")
@@ -100,7 +100,7 @@ inline std::string Text(DWORD systemError) {
 
 }  // namespace detail
 
-// The library cannot be loaded, or is not the one that this header is for.
+// Reports that the library cannot be loaded, or is not the one that this header is for.
 class LoadError : public std::runtime_error {
  public:
     LoadError(std::filesystem::path file, std::string exportName, DWORD systemError)
@@ -113,7 +113,7 @@ class LoadError : public std::runtime_error {
     const std::filesystem::path& File() const { return file_; }
     // The function that is missing; empty when the file itself cannot be loaded.
     const std::string& ExportName() const { return exportName_; }
-    // As GetLastError returns it.
+    // The error that GetLastError returned.
     DWORD SystemError() const { return systemError_; }
 
  private:
@@ -122,7 +122,7 @@ class LoadError : public std::runtime_error {
     DWORD systemError_;
 };
 
-// There is no such directory to log into.
+// Reports that the log directory does not exist.
 class LogError : public std::runtime_error {
  public:
     explicit LogError(std::filesystem::path directory)
@@ -134,7 +134,7 @@ class LogError : public std::runtime_error {
     std::filesystem::path directory_;
 };
 
-// There is no touchpad to open, or it is not free.
+// Reports that there is no touchpad to open, or that it is not free.
 class OpenError : public std::runtime_error {
  public:
     OpenError(VelaInitResult result, const std::string& text)
@@ -147,7 +147,7 @@ class OpenError : public std::runtime_error {
 
 namespace detail {
 
-// The functions of a library that is loaded but may be unloaded by somebody: hosts take Library.
+// The functions of a loaded library that other code may unload; hosts use Library instead.
 class Exports {
  public:
     explicit Exports(const std::filesystem::path& file)
@@ -183,7 +183,7 @@ class Exports {
     HMODULE module_;
 };
 
-// Keeps the module that this address is in loaded until the process ends, whoever frees it.
+// Keeps the module that contains this address loaded until the process ends, whoever frees it.
 inline bool Pin(const void* address) {
     HMODULE module = nullptr;
     return GetModuleHandleExW(
@@ -191,10 +191,10 @@ inline bool Pin(const void* address) {
                static_cast<LPCWSTR>(address), &module) != FALSE;
 }
 
-// What closes itself. Closing waits for the library's threads, which end only while the system's
-// loader is free; it never is where static objects of a DLL are destroyed. So the DLL that holds
-// such an object, and whose code the library calls back, stays until the process ends, and then
-// nothing is closed any more: the threads are gone, maybe with a lock.
+// The base of objects that close themselves. Closing waits for the library's threads, which end
+// only while the system's loader is free; it never is while static objects of a DLL are destroyed.
+// So the DLL that holds such an object, and whose code the library calls back, stays loaded until
+// the process ends. Nothing is closed then: the threads are gone, and one may have held a lock.
 class SelfClosing {
  public:
     SelfClosing(const SelfClosing&) = delete;
@@ -209,8 +209,8 @@ class SelfClosing {
     }
     ~SelfClosing() = default;
 
-    // False while the system unloads the libraries of a process that ends. Static objects of a
-    // program are destroyed before that.
+    // Returns false while the system unloads the libraries of a process that ends. Static objects
+    // of a program are destroyed before that.
     static bool MayClose() {
         using Function = BOOLEAN(WINAPI*)();
         const HMODULE system = GetModuleHandleW(L"ntdll.dll");
@@ -223,12 +223,12 @@ class SelfClosing {
 }  // namespace detail
 
 // The functions of the loaded library: library.IsVelaPresent(). It stays loaded until the process
-// ends, as unloading would end a process whose logger runs, or that had a detachable touchpad
-// active; FreeLibrary does not unload it. So copies are free.
+// ends, even after FreeLibrary: unloading would end a process whose logger runs, or that had a
+// detachable touchpad active. So objects may be copied freely.
 class Library : public detail::Exports {
  public:
-    // `file` is an absolute path: nothing is searched, and what the library itself needs comes from
-    // the system's folder only. Throws LoadError.
+    // `file` is an absolute path: no folder is searched, and the library's own dependencies come
+    // from the system's folder only. Throws LoadError.
     explicit Library(const std::filesystem::path& file) : Exports(file) {
         if (!detail::Pin(Module())) throw LoadError(file, "", GetLastError());
     }
@@ -238,7 +238,7 @@ class Library : public detail::Exports {
 class Logger : detail::SelfClosing {
  public:
     // The directory has to exist, and only the user should be able to write there; a relative one
-    // counts from the directory that is current now. Throws LogError when there is none.
+    // is resolved against the current directory now. Throws LogError when there is none.
     Logger(Library library, const std::filesystem::path& directory) : library_(std::move(library)) {
         library_.InitLogger(Existing(directory).c_str());
     }
@@ -257,8 +257,8 @@ class Logger : detail::SelfClosing {
     const Library library_;
 };
 
-// What the touchpad's session calls, on the threads that VelaAgent.h names. They may be empty, must
-// not throw, and must not wait for a thread that may be destroying the session.
+// The handlers that the touchpad's session calls, on the threads that VelaAgent.h names. They may
+// be empty, must not throw, and must not wait for a thread that may be destroying the session.
 struct Handlers {
     std::function<void(VelaButton button, bool newLight)> onPress;
     std::function<void(std::uint32_t status)> onStatus;
@@ -266,9 +266,9 @@ struct Handlers {
 
 namespace detail {
 
-// The library's callbacks carry no context, so the handlers of the one session are found here for
-// as long as it lives. A call takes its share of them along: one that comes late finds none, and
-// one that is under way keeps those that it runs.
+// The library's callbacks carry no context, so the handlers of the one session are found here while
+// it lives. A callback copies the shared_ptr: handlers outlive a running callback; one that arrives
+// after the end does nothing.
 class HandlerSlot : SelfClosing {
  public:
     // Throws std::logic_error while another session lives.
@@ -294,7 +294,7 @@ class HandlerSlot : SelfClosing {
     static inline std::shared_ptr<const Handlers> handlers_;
 };
 
-// An exception would have to cross the library, which knows of none: it ends the process here.
+// An exception must not cross the library: it ends the process here.
 inline void OnPress(std::uint32_t button, std::uint32_t newLight) noexcept {
     const auto handlers = HandlerSlot::Share();
     if (handlers == nullptr || !handlers->onPress) return;
@@ -308,11 +308,11 @@ inline void OnStatus(std::uint32_t status) noexcept {
 
 }  // namespace detail
 
-// The touchpad, open for as long as this lives; there is one at a time. Not to be destroyed by a
-// handler, nor while another thread is inside one of its functions.
+// The touchpad, open for as long as this object lives; only one may exist at a time. It must not be
+// destroyed by a handler, nor while another thread is inside one of its functions.
 class Session : detail::SelfClosing {
  public:
-    // Throws OpenError; std::logic_error while another session lives.
+    // Throws OpenError, or std::logic_error while another session lives.
     explicit Session(Library library, Handlers handlers = {})
         : library_(std::move(library)), slot_(std::move(handlers)) {
         const auto result = static_cast<VelaInitResult>(library_.Init());
@@ -365,12 +365,12 @@ class Session : detail::SelfClosing {
 
  private:
     const Library library_;
-    const detail::HandlerSlot slot_;  // given up after UnInit, which may still call
+    const detail::HandlerSlot slot_;  // destroyed after UnInit, which may still call handlers
 };
 
-// The haptic touchpad, open for as long as this lives. Not to be made or destroyed while another
-// thread is inside one of its functions, nor while another one lives, whose touchpad it would
-// close.
+// The haptic touchpad, open for as long as this object lives. It must not be created or destroyed
+// while another thread is inside one of its functions, nor while another one lives, whose touchpad
+// it would close.
 class Haptics : detail::SelfClosing {
  public:
     // Throws OpenError.
@@ -391,8 +391,8 @@ class Haptics : detail::SelfClosing {
     const Library library_;
 };
 
-// Ends the process without unloading libraries, once its sessions are closed: the way out for a
-// host that had a detachable touchpad active. Other static objects are not destroyed either.
+// Ends the process without unloading libraries, as a host needs that had a detachable touchpad
+// active; close its sessions first. Other static objects are not destroyed either.
 [[noreturn]] inline void LeaveProcess(int exitCode) {
     std::fflush(nullptr);
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exitCode));
