@@ -1,12 +1,12 @@
-// What the haptic touchpad's session looks for.
+// The discovery query of the haptic touchpad's session.
 #pragma once
 
 #include "hid/IDiscoveryQuery.h"
 
 namespace vela {
 
-// The collection of a precision touchpad, whoever made it, and the values on the haptics page in
-// its feature reports. Keeps no state.
+// Wants the collection of a precision touchpad of any vendor, and the value caps on the haptics
+// page in its feature reports. Keeps no state.
 class HapticDiscovery final : public IDiscoveryQuery {
  public:
     virtual ~HapticDiscovery() = default;

@@ -17,8 +17,8 @@ bool FindIntensity(const CHIDInformation& information, const char* functionName,
     return false;
 }
 
-// Right after the platform call that failed. Where that was one that answers with a status, the
-// line still carries the thread's last error.
+// Called right after the failed platform call. For a call that returns a status the line still
+// carries the thread's last error.
 void LogFailure(const char* functionName, const char* call) {
     const auto error = static_cast<int>(GetLastError());
     GetLogger()->Log(kLogError, functionName, "%s failed, GetLastError(%d).", call, error);
@@ -26,7 +26,7 @@ void LogFailure(const char* functionName, const char* call) {
 
 }  // namespace
 
-// The feature report with the intensity, as the device gave it.
+// The feature report with the intensity, as read from the device.
 struct CHapticTouchpadHID::IntensityReport {
     HIDP_VALUE_CAPS caps{};
     std::vector<BYTE> bytes;
@@ -62,8 +62,8 @@ std::uint32_t CHapticTouchpadHID::Initialize(
     HIDP_VALUE_CAPS caps{};
     if (!FindIntensity(*information, kFunction, caps)) return kHidFailed;
 
-    // Feature reports need neither read nor write access; the system holds precision touchpads for
-    // itself and would refuse both.
+    // Feature reports need neither read nor write access; the system holds precision touchpads
+    // exclusively and would refuse both.
     const HANDLE device =
         CreateFileW(information->devicePath.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                     OPEN_EXISTING, 0, nullptr);
@@ -102,7 +102,7 @@ bool CHapticTouchpadHID::ReadIntensityReport(const char* functionName, Intensity
 
 bool CHapticTouchpadHID::SetIntensityLevel(std::uint32_t level) {
     constexpr const char* kFunction = "SetIntensityLevel";
-    // Read first, so that the report's other fields keep the device's values.
+    // The report is read first, so that its other fields keep the device's values.
     IntensityReport report;
     if (!ReadIntensityReport(kFunction, report)) return false;
     if (HidP_SetUsageValue(HidP_Feature, report.caps.UsagePage, kWholeCollection, USAGE_INTENSITY,

@@ -14,11 +14,11 @@
 namespace vela {
 
 // One exists per process, behind the exports. Takes no lock: each get or set is one synchronous
-// exchange on the caller's thread, and the host does not close the session meanwhile.
+// exchange on the caller's thread, and the host must not close the session meanwhile.
 class CHapticTouchpadHID : public IHid {
  public:
     CHapticTouchpadHID() = default;
-    // Closes no handle: at process exit the platform does, and UnInitHapticTP is the way before.
+    // Leaves the handle open: UnInitHapticTP closes it before, or the platform at process exit.
     ~CHapticTouchpadHID() override = default;
 
     HidDeviceFilterList GetHidDeviceFilters() override;
@@ -27,10 +27,10 @@ class CHapticTouchpadHID : public IHid {
     std::uint32_t Initialize(const std::shared_ptr<const CHIDInformation>& information) override;
     bool Uninitialize() override;
 
-    // The raw value of the intensity field, in the device's own logical range, which is not checked
-    // here: the platform and the device judge it. False, with a log line, when it was not set.
+    // Sets the raw value of the intensity field, in the device's own logical range, which only the
+    // platform and the device check. Returns false when it was not set, and logs why while open.
     bool SetIntensityLevel(std::uint32_t level);
-    // 0 on any failure, which only the log tells from a device's 0.
+    // Returns 0 on any failure; only the log distinguishes that from a device's 0.
     std::uint32_t GetIntensityLevel();
 
  private:

@@ -5,7 +5,7 @@ using namespace vela;
 
 void InitLogger(const wchar_t* directory) {
     if (directory == nullptr) {
-        // A host that could not name a directory has no use for a file in some other one.
+        // There is no default directory: the host would not look for the file there.
         GetLogger()->Log(kLogWarning, "InitLogger",
                          "InitLogger failed, directory is null pointer.");
         return;

@@ -29,8 +29,8 @@ VELA_BOOL IsVelaPresent() {
     bool connected = false;
     if (session.GetDeviceConnectState(connected)) return connected;
 
-    // Denied means that the name exists in another security context: another user's process has a
-    // touchpad open. A handle that is granted stays open; the name lives as long as this process.
+    // Access denied means that the name exists in another security context: another user's process
+    // has a touchpad open. A granted handle stays open; the name lives as long as this process.
     const HANDLE mutex = OpenMutexW(MUTEX_ALL_ACCESS, FALSE, kPresenceDeviceMutexName.c_str());
     if (mutex == nullptr && GetLastError() == ERROR_ACCESS_DENIED) return 1;
 

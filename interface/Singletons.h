@@ -6,7 +6,7 @@
 
 namespace vela {
 
-// Made on first use, destroyed at process exit.
+// Both are created on first use and destroyed at process exit.
 CTandrelHID& TouchpadSession();
 CHapticTouchpadHID& HapticTouchpadSession();
 

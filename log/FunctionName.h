@@ -1,12 +1,12 @@
-// The name under which a function logs, where it logs often.
+// The name of a function in its log lines, for functions that log often.
 #pragma once
 
 #include <string>
 
 namespace vela {
 
-// Made once: of a literal a string would be made for every call, even one that the logger drops,
-// and names of more than 15 characters take it from the heap. Never destroyed, as threads of a
+// The string is created once: a literal would be converted at every call, even one that the logger
+// drops, and names of more than 15 characters need the heap. It is never destroyed, as threads of a
 // session that was left open log until the process is gone.
 class FunctionName {
  public:

@@ -5,7 +5,7 @@
 #include <string>
 
 // Lets the compiler check printf formats against their arguments where it can. Only g++ has a name
-// for the platform's formats; clang takes printf's for them where it compiles for Windows.
+// for the platform's formats; clang uses printf's for them when it compiles for Windows.
 #if defined(__MINGW32__) && !defined(__clang__)
 #define VELA_PRINTF_FORMAT(text, first) __attribute__((format(ms_printf, text, first)))
 #elif defined(__GNUC__)
@@ -16,7 +16,7 @@
 
 namespace vela {
 
-// The numbers are what callers pass and what the queue carries.
+// Callers pass these numbers, and the queue carries them.
 enum LogLevel : std::uint32_t {
     kLogError = 0,
     kLogWarning = 1,
@@ -29,7 +29,7 @@ enum LogLevel : std::uint32_t {
 class ILog {
  public:
     // Starts writing to "VelaAgent.log" in `directory`, which is not checked. Calls nest: a second
-    // one only counts, and its directory is ignored. Throws std::system_error when the writer
+    // one is only counted, and its directory is ignored. Throws std::system_error when the writer
     // thread cannot be started.
     virtual void Initialize(const std::wstring& directory) = 0;
 
@@ -37,14 +37,14 @@ class ILog {
     // Does nothing in a process that is ending.
     virtual void UnInitialize() = 0;
 
-    // Formats with the platform's printf. The file is UTF-8: wide text goes in as "%s" of its
-    // Utf8(). Dropped without formatting while the logger is not initialised or the process is
-    // ending, and dropped when the text comes out empty or cannot be formatted. `level` is 0 to 3:
-    // another one ends the process when the line is written.
+    // Formats with the platform's printf. The file is UTF-8: wide text is passed as "%s" of its
+    // Utf8(). Drops the line, unformatted, while the logger is not initialised or the process is
+    // ending, and drops a text that is empty or cannot be formatted. `level` is 0 to 3: any other
+    // ends the process when the line is written.
     virtual void Log(std::uint32_t level, const std::string& functionName, const char* format, ...)
         VELA_PRINTF_FORMAT(4, 5) = 0;
 
-    // Queue the message as it is.
+    // Queue the message unchanged.
     virtual void Debug(const std::string& message, const std::string& functionName) = 0;
     virtual void Error(const std::string& message, const std::string& functionName) = 0;
     virtual void Info(const std::string& message, const std::string& functionName) = 0;

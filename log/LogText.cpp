@@ -7,7 +7,7 @@
 namespace vela {
 namespace {
 
-// All but a few of the agent's own texts fit.
+// Nearly all of the agent's own texts fit.
 constexpr std::size_t kShortText = 256;
 
 // Measures the text, then formats it. Empty also when it cannot be formatted.

@@ -42,7 +42,7 @@ void Logger::Initialize(const std::wstring& directory) {
     try {
         writerThread_ = std::thread(&Logger::LogThreadProc, this);
     } catch (...) {
-        // A start that failed is not to be matched by an UnInitialize.
+        // A failed start is not paired with an UnInitialize.
         --referenceCount_;
         throw;
     }
@@ -50,7 +50,7 @@ void Logger::Initialize(const std::wstring& directory) {
 }
 
 void Logger::UnInitialize() {
-    // The writer thread is gone, and what was queued with it.
+    // The writer thread is gone, and the queued lines with it.
     if (IsProcessEnding()) return;
     const Lock initLock(initMutex_);
     if (!running_) return;
@@ -93,7 +93,7 @@ void Logger::Warning(const std::string& message, const std::string& functionName
     EnqueueLogEntry(kLogWarning, message, true, functionName);
 }
 
-// Static objects log from their destructors even when the process is ending. Nobody would write
+// Static objects log from their destructors even when the process is ending. No thread would write
 // their lines, and a thread that is gone may have held the queue's lock.
 bool Logger::TakesLines() const { return running_ && !IsProcessEnding(); }
 
@@ -101,8 +101,8 @@ void Logger::EnqueueLogEntry(std::uint32_t level, std::string message, bool writ
                              const std::string& functionName) {
     if (!TakesLines() || stop_) return;
     const Lock queueLock(queueMutex_);
-    // Checked again under the lock that guards its setting: an entry appended after the stop would
-    // come after the last drain of the queue.
+    // The flag is checked again under the lock that guards its setting: an entry appended after the
+    // stop would miss the last drain of the queue.
     if (stop_) return;
     queue_.push_back({level, std::move(message), write, functionName});
     queueCondition_.notify_all();
@@ -123,7 +123,7 @@ void Logger::LogThreadProc() {
     FlushLogQueue();
 }
 
-// Once the stop flag is set nothing is queued any more, so that this is all there is.
+// Writes the rest: nothing is queued any more once the stop flag is set.
 void Logger::FlushLogQueue() {
     std::deque<LogEntry> rest;
     {
@@ -139,7 +139,7 @@ void Logger::WriteLogEntry(const LogEntry& entry) {
     CheckErrorLogSize();
 
     const Lock fileLock(fileMutex_);
-    // Opened anew for every line, so that rotation and outside readers never meet an open handle.
+    // Opens the file for every line, so that rotation and other readers never meet an open handle.
     const LogFile file(logPath_);
     file.Append(FormatLogLine(entry.level, entry.message, entry.functionName));
 }
@@ -161,7 +161,7 @@ std::string Logger::FormatLogLine(std::uint32_t level, const std::string& messag
 
 void Logger::CheckErrorLogSize() {
     if (logPath_.empty()) return;
-    // One query, made for every line, tells both: whether there is a file, and its size.
+    // One query per line returns whether there is a file, and its size.
     std::uint64_t size = 0;
     if (LogFile::GetSize(logPath_, size)) {
         if (size > kMaximumFileSize) BackupLogFile();
@@ -169,13 +169,13 @@ void Logger::CheckErrorLogSize() {
     }
     const DWORD error = GetLastError();
     if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return;
-    // A debug entry, which is never written: a warning here would itself query the size again.
+    // A debug entry is never written; a warning here would itself query the size again.
     EnqueueLogEntry(kLogDebug, "file_size failed, GetLastError(" + std::to_string(error) + ")",
                     false, "CheckErrorLogSize");
 }
 
-// Keeps one generation. Neither result is tested: a backup that cannot be made only lets the file
-// grow, and the next line tries again.
+// Keeps one backup. Neither result is checked: when no backup can be made the file only grows, and
+// the next line tries again.
 void Logger::BackupLogFile() {
     const std::wstring backupPath = logPath_ + L".old";
     const Lock fileLock(fileMutex_);

@@ -22,7 +22,7 @@ struct LogEntry {
 };
 
 // Locks: `initMutex_` is taken first and, inside it, `queueMutex_`; the writer thread takes
-// `queueMutex_` and `fileMutex_` one at a time, never together. Nothing is called out to while
+// `queueMutex_` and `fileMutex_` one at a time, never together. No outside code is called while
 // `queueMutex_` is held.
 class Logger : public ILog {
  public:
@@ -42,7 +42,7 @@ class Logger : public ILog {
     void EnqueueLogEntry(std::uint32_t level, std::string message, bool write,
                          const std::string& functionName);
 
-    // On the writer thread.
+    // These run on the writer thread.
     void LogThreadProc();
     void FlushLogQueue();
     void WriteLogEntry(const LogEntry& entry);
@@ -53,7 +53,7 @@ class Logger : public ILog {
 
     std::wstring logPath_;  // changes only while no writer thread runs
     std::map<std::uint32_t, std::string> levelNames_;
-    std::wstring fileName_;  // for a debugger's eye; Initialize appends the name itself
+    std::wstring fileName_;  // only for debuggers; Initialize appends the name itself
     Mutex fileMutex_;        // guards: rotation and every write to the file
     std::atomic<bool> running_{false};
     std::atomic<bool> stop_{false};  // set under queueMutex_

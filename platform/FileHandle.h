@@ -11,7 +11,7 @@ class FileHandle {
     explicit FileHandle(HANDLE handle) : handle_(handle) {}
     ~FileHandle() {
         if (!IsValid()) return;
-        // Whoever looks at the last error wants that of the failed call, not of the clean-up.
+        // Callers query the last error of the failed call, which closing must not replace.
         const DWORD error = GetLastError();
         CloseHandle(handle_);
         SetLastError(error);

@@ -1,4 +1,4 @@
-// The standard library's mutex, known to the thread safety analysis.
+// The standard library's mutex, annotated for the thread safety analysis.
 #pragma once
 
 #include <mutex>
@@ -7,7 +7,7 @@
 
 namespace vela {
 
-// Exclusive, not recursive. Throws std::system_error when the system refuses it.
+// An exclusive, non-recursive mutex. Throws std::system_error when the system refuses it.
 class VELA_CAPABILITY Mutex {
  public:
     Mutex() = default;

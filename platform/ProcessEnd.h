@@ -4,12 +4,12 @@
 
 namespace vela {
 
-// Any thread.
+// Any thread may call it.
 bool IsProcessEnding();
 
-// The entry point's, when the platform detaches the library because the process ends. The C++
-// runtime, MinGW's and the compiler vendor's alike, calls the entry point first and destroys the
-// library's static objects afterwards, so what their destructors do comes behind this.
+// The entry point calls it when the platform detaches the library because the process ends. The C++
+// runtime, MinGW's and the compiler vendor's alike, calls the entry point before it destroys the
+// library's static objects, so their destructors run after this.
 void MarkProcessEnding();
 
 }  // namespace vela

@@ -1,7 +1,7 @@
-// The platform's own slim lock and condition variable, in the shape of the standard library's.
+// The platform's slim lock and condition variable, with the interface of the standard library's.
 //
-// For what is locked and woken for every report and every log line. MinGW-w64 makes the standard
-// library's of semaphores, and waking a thread through one takes several times as long.
+// They serve what is locked and woken for every report and every log line: MinGW-w64 builds the
+// standard library's on semaphores, and waking a thread through one takes several times as long.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 
 namespace vela {
 
-// Exclusive, not recursive. Cannot fail to be taken. Whoever waits may be served in any order.
+// An exclusive, non-recursive mutex. Locking cannot fail. Waiting threads get it in any order.
 class VELA_CAPABILITY SlimMutex {
  public:
     SlimMutex() = default;
@@ -31,7 +31,7 @@ class SlimConditionVariable {
     SlimConditionVariable(const SlimConditionVariable&) = delete;
     SlimConditionVariable& operator=(const SlimConditionVariable&) = delete;
 
-    // Gives `mutex` up until a notification, and takes it again. May return without one: the caller
+    // Releases `mutex` until a notification, and locks it again. May return without one: the caller
     // checks its condition in a loop.
     void wait(SlimMutex& mutex) VELA_REQUIRES(mutex) {
         SleepConditionVariableSRW(&variable_, &mutex.lock_, INFINITE, 0);

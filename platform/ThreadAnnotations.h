@@ -1,4 +1,4 @@
-// Words for clang's thread safety analysis: which mutex guards a member, and which one a function
+// Macros for clang's thread safety analysis: which mutex guards a member, and which one a function
 // needs, takes or must not hold. Empty for other compilers.
 #pragma once
 
@@ -8,15 +8,15 @@
 #define VELA_THREAD_ANNOTATION(attribute)
 #endif
 
-// The first marks a class that is a mutex, the second one that holds a mutex while it lives.
+// The first marks a class that is a mutex, the second a class that holds a mutex while it lives.
 #define VELA_CAPABILITY VELA_THREAD_ANNOTATION(capability("mutex"))
 #define VELA_SCOPED_CAPABILITY VELA_THREAD_ANNOTATION(scoped_lockable)
 
 // Marks a member that is read and written only while the mutex is held.
 #define VELA_GUARDED_BY(mutex) VELA_THREAD_ANNOTATION(guarded_by(mutex))
 
-// These mark a function: its caller holds the mutex; its caller does not hold it; the function
-// takes it; the function gives it back.
+// These mark a function. In this order: its caller holds the mutex; its caller does not hold it;
+// the function locks it; the function unlocks it.
 #define VELA_REQUIRES(...) VELA_THREAD_ANNOTATION(requires_capability(__VA_ARGS__))
 #define VELA_EXCLUDES(...) VELA_THREAD_ANNOTATION(locks_excluded(__VA_ARGS__))
 #define VELA_ACQUIRE(...) VELA_THREAD_ANNOTATION(acquire_capability(__VA_ARGS__))

@@ -5,9 +5,9 @@
 namespace vela {
 namespace {
 
-bool IsHighHalf(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool IsHighSurrogate(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 
-bool IsLowHalf(wchar_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+bool IsLowSurrogate(wchar_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 std::wstring Escape(wchar_t unit) {
     constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
@@ -16,14 +16,15 @@ std::wstring Escape(wchar_t unit) {
     return escaped;
 }
 
-// The platform would put the same replacement character for each of them.
-std::wstring EscapeSingleHalves(const std::wstring& text) {
+// The platform would convert all unpaired surrogates to the same replacement character.
+std::wstring EscapeUnpairedSurrogates(const std::wstring& text) {
     std::wstring escaped;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isPair = IsHighHalf(text[i]) && i + 1 < text.size() && IsLowHalf(text[i + 1]);
+        const bool isPair =
+            IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]);
         if (isPair) {
             escaped.append(text, i++, 2);
-        } else if (IsHighHalf(text[i]) || IsLowHalf(text[i])) {
+        } else if (IsHighSurrogate(text[i]) || IsLowSurrogate(text[i])) {
             escaped += Escape(text[i]);
         } else {
             escaped += text[i];
@@ -35,9 +36,9 @@ std::wstring EscapeSingleHalves(const std::wstring& text) {
 }  // namespace
 
 std::string Utf8(const std::wstring& text) {
-    // The platform takes no text of no length.
+    // WideCharToMultiByte refuses an empty text.
     if (text.empty()) return {};
-    const std::wstring wide = EscapeSingleHalves(text);
+    const std::wstring wide = EscapeUnpairedSurrogates(text);
     const int units = static_cast<int>(wide.size());
     const int size =
         WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, nullptr, 0, nullptr, nullptr);
