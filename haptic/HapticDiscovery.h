@@ -5,7 +5,7 @@
 
 namespace vela {
 
-// Wants the collection of a precision touchpad of any vendor, and the value caps on the haptics
+// Selects the collection of a precision touchpad of any vendor, and the value caps on the haptics
 // page in its feature reports. Keeps no state.
 class HapticDiscovery final : public IDiscoveryQuery {
  public:

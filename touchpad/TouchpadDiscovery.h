@@ -5,7 +5,7 @@
 
 namespace vela {
 
-// Wants the vendor-defined collection with the meeting buttons, of the vendors in "Vela.ini" or
+// Selects the vendor-defined collection with the meeting buttons, of the vendors in "Vela.ini" or
 // else of the touchpad's own vendor, and all its capabilities except the button caps of feature
 // reports. Keeps no state: the file is read at each call.
 class TouchpadDiscovery final : public IDiscoveryQuery {
