@@ -77,8 +77,8 @@ class SessionStatus {
     bool open_ VELA_GUARDED_BY(mutex_) = false;
     std::atomic<std::uint32_t> activation_{kDeactivated};
     std::atomic<bool> featureEnabled_{false};
-    std::atomic<bool> TemporaryDisable_{false};   // SetTemporaryDisable takes no lock
-    std::atomic<bool> TabletModeDisable_{false};  // likewise
+    std::atomic<bool> TemporaryDisable_{false};                // SetTemporaryDisable takes no lock
+    std::atomic<bool> TabletModeDisable_{false};               // likewise
     std::atomic<ButtonPressCallback> buttonPress_{nullptr};    // no lock
     std::atomic<StatusChangeCallback> statusChange_{nullptr};  // no lock
 };
