@@ -12,7 +12,7 @@
 
 namespace simulator {
 
-// Used under the machine's lock.
+// Callers hold the machine's lock.
 class CallLog {
  public:
     // Numbers the call and keeps a copy while recording is on.
@@ -25,7 +25,7 @@ class CallLog {
 
  private:
     std::vector<Call> calls_;
-    // Apart from the calls: a test that waits for a count asks after every call.
+    // The counts are kept separately because a test that waits for one checks it after every call.
     std::map<std::string, std::size_t, std::less<>> counts_;
     std::size_t next_ = 0;
     bool recording_ = true;

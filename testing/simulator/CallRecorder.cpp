@@ -9,8 +9,8 @@
 namespace simulator {
 namespace {
 
-// Calls that answer with a status have no last error to set.
-bool AnswersWithStatus(std::string_view function) { return function.substr(0, 5) == "HidP_"; }
+// HidP functions return a status and have no last error to set.
+bool ReturnsStatus(std::string_view function) { return function.substr(0, 5) == "HidP_"; }
 
 }  // namespace
 
@@ -32,7 +32,7 @@ std::optional<Injected> Enter(const char* function, const std::string& arguments
     }
     if (!fault && policy != nullptr) fault = (*policy)(call);
     if (!fault) return std::nullopt;
-    return Injected(*fault, AnswersWithStatus(function));
+    return Injected(*fault, ReturnsStatus(function));
 }
 
 std::optional<Injected> EnterFileCall(const char* function, const std::string& arguments) {

@@ -1,10 +1,11 @@
-// How the simulated platform functions announce themselves: each begins with
+// Records the calls of the simulated platform functions. Each of them begins with
 //
-//     if (const auto fault = Enter("HidD_GetFeature", Arguments(HandleName(device),
-//     Count(length))))
+//     const auto arguments = Arguments(HandleName(device), Count(length));
+//     if (const auto fault = Enter("HidD_GetFeature", arguments)) {
 //         return fault->Failed<BOOLEAN>(FALSE);
+//     }
 //
-// Enter records the call and asks the machine for a fault.
+// Enter records the call and returns the fault that a test has set for it, if any.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +23,8 @@ class Injected {
     Injected(const Fault& fault, bool keepsLastError)
         : fault_(fault), keepsLastError_(keepsLastError) {}
 
-    // Sets the thread's last error as the fault says and gives the value to return, `ordinary` when
-    // the fault names none.
+    // Sets the thread's last error from the fault and returns the fault's result, or `ordinary`
+    // when it has none.
     template <typename Result>
     Result Failed(Result ordinary) const {
         Apply();
@@ -35,18 +36,18 @@ class Injected {
     void Apply() const;
 
     Fault fault_;
-    bool keepsLastError_;  // when the fault names no error
+    bool keepsLastError_;  // when the fault has no error
 };
 
 std::optional<Injected> Enter(const char* function, const std::string& arguments);
-// Does the same for a call on a real file: it is recorded, and can fail, only while a test has
-// switched that on (Machine::RecordFileCalls).
+// Does the same for a call on a real file, which is recorded and can fail only after a test has
+// called Machine::RecordFileCalls(true).
 std::optional<Injected> EnterFileCall(const char* function, const std::string& arguments);
 
-// For Machine::Misuse.
+// Adds a line to Machine::Misuse.
 void NoteMisuse(const std::string& text);
 
-// Argument texts, in the forms that Calls.h lists. Join puts ", " between non-empty texts.
+// Argument texts, in the forms that Calls.h lists. Arguments joins the non-empty ones with ", ".
 std::string Hex(std::uint64_t value);
 std::string Count(std::uint64_t value);
 std::string HandleName(HANDLE handle);

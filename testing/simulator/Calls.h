@@ -1,4 +1,4 @@
-// What the simulated platform remembers of each call, and how a test makes a call fail.
+// The record of a platform call, and the fault with which a test makes one fail.
 #pragma once
 
 #include <cstddef>
@@ -14,12 +14,12 @@ namespace simulator {
 // `arguments` is text made for comparing in a test, in the function's own argument order:
 //   - handles by kind and number of creation since Reset: "file#1", "event#2", "mutex#3",
 //     "devices#4" (a device information list); "null"; "invalid" (all bits set);
-//   - numbers that are masks, flags, access rights, usages, usage pages, report ids, GUID-like or
-//     element values of a report in lower-case hex ("0xff80", "0x20"); counts, lengths, indices and
-//     milliseconds in decimal ("30000", "infinite");
+//   - masks, flags, access rights, usages, usage pages and values of a report in lower-case hex
+//     ("0xff80", "0x20"); counts, lengths, indices and milliseconds in decimal ("30000",
+//     "infinite"); GUIDs in braces ("{4d1e55b2-...}");
 //   - HIDP_REPORT_TYPE as "input", "output", "feature" (or the number);
 //   - wide strings in double quotes, converted to UTF-8;
-//   - byte buffers that go in as pairs of hex digits ("02 00 03"), usage lists as "[0x1 0x4]";
+//   - input byte buffers as pairs of hex digits ("02 00 03"), usage lists as "[0x1 0x4]";
 //   - pointers to results, preparsed data, report buffers of HidP calls, security attributes,
 //     templates and OVERLAPPED records are left out (the OVERLAPPED's event stands in its place).
 struct Call {
@@ -31,11 +31,11 @@ struct Call {
     std::string Text() const { return function + "(" + arguments + ")"; }
 };
 
-// The answer a call gives instead of doing its work.
+// The failure that a call returns instead of doing its work.
 struct Fault {
-    // The thread's last error afterwards; calls that answer with a status leave it alone when 0.
+    // The thread's last error afterwards; HidP calls leave it unchanged when 0.
     std::uint32_t error = 0;
-    // The value returned; absent: the function's ordinary failure value (FALSE, NULL,
+    // The value returned; if absent, the function's ordinary failure value (FALSE, NULL,
     // INVALID_HANDLE_VALUE, 0 characters, WAIT_FAILED, HIDP_STATUS_INTERNAL_ERROR).
     std::optional<std::int64_t> result;
 

@@ -28,7 +28,7 @@ DeviceObject::DeviceObject(DeviceDescription description,
 DWORD DeviceObject::Open(Access access, bool overlapped, std::shared_ptr<FileObject>& file) {
     if (heldElsewhere_ && Conflict(kExclusive, access)) return ERROR_SHARING_VIOLATION;
     for (const FileObject* held : files_) {
-        // A handle from before the device was pulled out holds nothing any more.
+        // A handle opened before the device was unplugged excludes no other.
         if (held->IsConnected() && Conflict(held->Opening(), access)) {
             return ERROR_SHARING_VIOLATION;
         }
@@ -59,8 +59,8 @@ DWORD DeviceObject::Write(FileObject& file, const IoOperation& operation, const 
     if (const DWORD error = CheckReport(*collection_, HidP_Output, bytes, length, reportLength)) {
         return error;
     }
-    // Unlike a feature report, an output report is not cut to what its id asks for: writers pad to
-    // the longest, and the device gets the padding. Without ids, byte 0 stays behind.
+    // An output report, unlike a feature report, is not cut to its own length: writers pad it to
+    // the longest, and the device receives the padding. Without report ids, byte 0 is not sent.
     const auto* const begin = static_cast<const std::uint8_t*>(bytes);
     const Bytes report(begin + (hid::UsesReportIds(*collection_) ? 0 : 1),
                        begin + std::min<std::size_t>(length, caps_.OutputReportByteLength));
@@ -105,7 +105,7 @@ DWORD DeviceObject::WriteFeature(const void* bytes, DWORD length) {
 
 void DeviceObject::Disconnect() {
     present_ = false;
-    // The other process's handle died with the device.
+    // Unplugging closes the other process's access too.
     heldElsewhere_ = false;
     EndHeldWrites(nullptr, ERROR_DEVICE_NOT_CONNECTED);
     for (FileObject* file : files_) file->Disconnect();

@@ -1,5 +1,4 @@
-// A device of the machine: seen from one side by tests, as a Device, and from the other by the
-// platform's calls.
+// A device of the machine: tests use it as a Device, platform calls as a DeviceObject.
 #pragma once
 
 #include <deque>
@@ -21,11 +20,10 @@ namespace simulator {
 
 class DeviceObject final : public Device, public std::enable_shared_from_this<DeviceObject> {
  public:
-    // `description` with the path made.
+    // `description.path` is already set.
     DeviceObject(DeviceDescription description, std::shared_ptr<const hid::Collection> collection);
 
-    // --- the test's side: takes the machine's lock
-    // ------------------------------------------------
+    // --- for tests: these take the machine's lock ------------------------------------------------
     const std::wstring& Path() const override { return description_.path; }
     const hid::Collection& Collection() const override { return *collection_; }
 
@@ -54,21 +52,20 @@ class DeviceObject final : public Device, public std::enable_shared_from_this<De
     void ReleaseElsewhere() override;
     std::size_t OpenHandles() const override;
 
-    // --- the platform's side: used under the machine's lock. Each answers with a last error.
-    // ------
+    // --- for platform calls, which hold the machine's lock; a DWORD result is a last error -------
     const DeviceDescription& Description() const { return description_; }
     const std::shared_ptr<const hid::Collection>& ParsedCollection() const { return collection_; }
     bool IsPresent() const { return present_; }
 
     DWORD Open(Access access, bool overlapped, std::shared_ptr<FileObject>& file);
     void FileClosed(FileObject& file);
-    // ERROR_IO_PENDING: the device has the operation, and ends it later.
+    // These return ERROR_IO_PENDING when the OVERLAPPED record receives the result, now or later.
     DWORD Read(FileObject& file, const IoOperation& operation, void* buffer, DWORD length);
     DWORD Write(FileObject& file, const IoOperation& operation, const void* bytes, DWORD length);
     DWORD ReadFeature(void* buffer, DWORD length) const;
     DWORD WriteFeature(const void* bytes, DWORD length);
 
-    // What Machine::Reset does too, while it holds the lock.
+    // Does the work of Unplug; Machine::Reset calls it as well. Callers hold the lock.
     void Disconnect();
 
  private:
@@ -76,11 +73,11 @@ class DeviceObject final : public Device, public std::enable_shared_from_this<De
         const FileObject* file;
         IoOperation operation;
         Bytes report;
-        DWORD length;  // what the writer passed, and is told as written
+        DWORD length;  // as passed by the writer; reported as the bytes written
     };
 
     void Deliver(const Bytes& report);
-    // Of one file, or of all when it is null.
+    // Ends the held writes of one file, or all of them when `file` is null.
     void EndHeldWrites(const FileObject* file, DWORD error);
     std::size_t CountPendingReads() const;
 
@@ -89,7 +86,7 @@ class DeviceObject final : public Device, public std::enable_shared_from_this<De
     const HIDP_CAPS caps_;
     bool present_ = true;
     bool heldElsewhere_ = false;
-    std::vector<FileObject*> files_;  // taken out by FileClosed
+    std::vector<FileObject*> files_;  // FileClosed removes them
     std::vector<Bytes> outputs_;
     WriteBehaviour writeBehaviour_ = WriteBehaviour::Pend;
     std::deque<HeldWrite> heldWrites_;

@@ -35,7 +35,7 @@ std::wstring InterfacePath(const DeviceDescription& description, std::size_t dev
             Format("#%zx&0&%04zx#", device, collection == 0 ? 0 : collection - 1) +
             GuidText(kHidInterfaceClass));
     }
-    // The collection belongs to the hardware id, the part between the first two separators.
+    // The collection suffix ends the hardware id, the part between the first two separators.
     std::wstring path = description.path;
     const std::size_t first = path.find(L'#');
     const std::size_t second =

@@ -17,7 +17,7 @@ constexpr GUID kHidInterfaceClass = {
 std::string GuidText(const GUID& guid);
 
 // The path of a collection of the device that was plugged in as number `device`. `collection`
-// counts from 1, and is 0 when the device has no other.
+// counts from 1, and is 0 when the device has only one.
 std::wstring InterfacePath(const DeviceDescription& description, std::size_t device,
                            std::size_t collection);
 

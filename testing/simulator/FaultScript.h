@@ -1,4 +1,4 @@
-// The faults that a test has asked for.
+// The faults that a test has set.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ namespace simulator {
 
 using FaultPolicy = std::function<std::optional<Fault>(const Call&)>;
 
-// Used under the machine's lock.
+// Callers hold the machine's lock.
 class FaultScript {
  public:
     void FailNext(std::string_view function, Fault fault, std::size_t skip);
@@ -24,15 +24,15 @@ class FaultScript {
     void StopFailing(std::string_view function);
     void SetPolicy(FaultPolicy policy);
 
-    // The scripted fault for this call, which uses it up.
+    // Returns the fault for this call, if any; one from FailNext is removed.
     std::optional<Fault> Take(std::string_view function);
-    // For calls that no scripted fault takes; null when there is none. Shared, as it is asked
-    // outside the lock while a test may replace it.
+    // The policy for calls without a scripted fault, or null. Shared because it is called outside
+    // the lock, while a test may replace it.
     std::shared_ptr<const FaultPolicy> Policy() const { return policy_; }
 
  private:
     struct Once {
-        std::size_t skip = 0;  // counted down while this one is the next to serve
+        std::size_t skip = 0;  // counted down while this is the first in the queue
         Fault fault;
     };
     struct Faults {

@@ -11,9 +11,9 @@ namespace {
 // The class driver's default depth.
 constexpr std::size_t kQueuedReports = 32;
 
-bool Excludes(const Access& held, const Access& asked) {
-    return (asked.Reads() && (held.share & FILE_SHARE_READ) == 0) ||
-           (asked.Writes() && (held.share & FILE_SHARE_WRITE) == 0);
+bool Excludes(const Access& held, const Access& requested) {
+    return (requested.Reads() && (held.share & FILE_SHARE_READ) == 0) ||
+           (requested.Writes() && (held.share & FILE_SHARE_WRITE) == 0);
 }
 
 DWORD Deliver(const Bytes& report, const IoOperation& operation, void* buffer) {

@@ -22,7 +22,7 @@ struct Access {
     bool Writes() const { return (rights & (GENERIC_WRITE | GENERIC_ALL | FILE_WRITE_DATA)) != 0; }
 };
 
-// Whether two openings exclude each other. One that neither reads nor writes excludes nothing.
+// Returns whether two openings exclude each other. One that neither reads nor writes excludes none.
 bool Conflict(const Access& one, const Access& other);
 
 struct PendingRead {
@@ -30,7 +30,7 @@ struct PendingRead {
     void* buffer = nullptr;
 };
 
-// Used under the machine's lock.
+// Callers hold the machine's lock.
 class FileObject : public KernelObject {
  public:
     FileObject(std::shared_ptr<DeviceObject> device, Access access, bool overlapped);
@@ -41,12 +41,13 @@ class FileObject : public KernelObject {
     DeviceObject& Device() const { return *device_; }
     const Access& Opening() const { return access_; }
     bool IsOverlapped() const { return overlapped_; }
-    // False once the device was pulled out, for good: plugging it in again revives no handle.
+    // False after the device was unplugged; plugging it in again does not revive the handle.
     bool IsConnected() const { return connected_; }
 
     // The oldest queued report, if any, completes the read within the call.
     DWORD Read(const IoOperation& operation, void* buffer);
-    // On a handle that cannot read, or not any more, nobody will see the report.
+    // Completes the oldest pending read or queues the report. Handles that cannot read, or no
+    // longer can, queue reports that nobody sees.
     void Receive(const Bytes& report);
     bool FailOldestRead(DWORD error);
     void FailReads(DWORD error);
@@ -59,7 +60,7 @@ class FileObject : public KernelObject {
     const bool overlapped_;
     bool connected_ = true;
     Signal signal_{Signal::Reset::Manual, false};
-    // Never are both non-empty.
+    // At most one of the two is non-empty.
     std::deque<Bytes> queuedReports_;
     std::deque<PendingRead> pendingReads_;
 };

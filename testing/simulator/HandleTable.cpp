@@ -74,7 +74,7 @@ bool IsOfKind(HANDLE handle, HandleKind kind) {
 std::string HandleName(HANDLE handle) {
     if (handle == nullptr) return "null";
     if (handle == INVALID_HANDLE_VALUE) return "invalid";
-    // Never one of ours.
+    // No handle of this table has such a value.
     if (RestartOf(handle) == 0) return Hex(ValueOf(handle));
     const std::uint64_t number = (ValueOf(handle) >> kNumberShift) & kNumberMask;
     return std::string(kKindNames[KindOf(handle)]) + "#" + Count(number);

@@ -1,6 +1,6 @@
-// The process's handles. A value tells its kind, its number and the reset it came after, so that a
-// closed handle can still be named, and no value is ever used twice: the use of a closed handle is
-// always seen.
+// The process's handles. A value contains its kind, its number and the count of resets, so that a
+// closed handle can still be named. No value is used twice: every use of a closed handle is
+// detected.
 #pragma once
 
 #include <cstdint>
@@ -17,11 +17,11 @@ namespace simulator {
 
 enum class HandleKind : std::uint8_t { File, Event, Mutex, Devices };
 
-// Used under the machine's lock.
+// Callers hold the machine's lock.
 class HandleTable {
  public:
     HANDLE Add(HandleKind kind, std::shared_ptr<KernelObject> object);
-    // Null when the handle is not open, or refers to something else than an Object.
+    // Returns null when the handle is not open, or refers to an object of another type.
     template <typename Object>
     std::shared_ptr<Object> Find(HANDLE handle) const {
         const auto found = objects_.find(handle);
@@ -29,10 +29,10 @@ class HandleTable {
     }
     // False when the handle is not open.
     bool Close(HANDLE handle);
-    // It was given out once, and is open no more.
+    // Returns whether the handle was open once and is closed now.
     bool IsClosed(HANDLE handle) const;
 
-    // Numbers start again at 1. Handles of before stay open but are no longer listed.
+    // Starts the numbers again at 1. Older handles stay open but are no longer listed.
     void Restart();
     std::vector<std::string> OpenNames() const;
     void ReconsiderWaits() const;

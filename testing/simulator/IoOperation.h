@@ -1,4 +1,4 @@
-// One overlapped read or write that the kernel has taken, from acceptance to completion.
+// One overlapped read or write, from its acceptance by the kernel to its completion.
 #pragma once
 
 #include <memory>
@@ -11,13 +11,13 @@ namespace simulator {
 
 class IoOperation {
  public:
-    // Signals the event of the record, or the file itself when the record names none. Both are kept
-    // here: the record and the handles may be anything by the time the operation ends.
+    // `signalled` is the event of the record, or the file itself when the record names none. The
+    // operation keeps it: the handles may be closed and the record changed before it ends.
     IoOperation(OVERLAPPED& overlapped, std::shared_ptr<KernelObject> signalled)
         : overlapped_(&overlapped), signalled_(std::move(signalled)) {}
 
-    // The operation's data are in place by now. The status is written last: whoever sees it may
-    // free the record at once.
+    // The caller has already copied the data. The status is written last: a thread that reads it
+    // may free the record at once.
     void Complete(DWORD error, DWORD bytes) const;
 
  private:

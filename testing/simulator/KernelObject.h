@@ -1,5 +1,5 @@
-// The things that handles refer to. They are counted: a pending operation keeps the event that it
-// will signal, whether or not a handle to it is left.
+// The objects that handles refer to. They are reference counted: a pending operation keeps the
+// event that it will signal, even if no handle to it is left.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,7 @@ class KernelObject {
     KernelObject(const KernelObject&) = delete;
     KernelObject& operator=(const KernelObject&) = delete;
 
-    // Null for what cannot be waited on here.
+    // Null for an object that cannot be waited on here.
     virtual Signal* Waitable() { return nullptr; }
     virtual void HandleClosed() {}
 };

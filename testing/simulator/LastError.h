@@ -1,18 +1,18 @@
-// How a platform function of the BOOL kind answers.
+// Return values of platform functions that report a last error.
 #pragma once
 
 #include <windows.h>
 
 namespace simulator {
 
-// TRUE for ERROR_SUCCESS, which leaves the last error as it was; else FALSE and the last error.
-inline BOOL Answer(DWORD error) {
+// Returns TRUE for ERROR_SUCCESS and keeps the last error; else sets it and returns FALSE.
+inline BOOL ReportError(DWORD error) {
     if (error == ERROR_SUCCESS) return TRUE;
     SetLastError(error);
     return FALSE;
 }
 
-// The same for functions with another failure value.
+// Sets the last error and returns the failure value of the function.
 template <typename Result>
 Result FailWith(DWORD error, Result result) {
     SetLastError(error);

@@ -19,7 +19,7 @@ Machine& Machine::Get() {
 void Machine::Reset() {
     const MachineLock lock;
     MachineState& state = State();
-    // Threads that still sit in a read on an old device get an answer, and may end.
+    // Pending reads on old devices complete, so that their threads can end.
     for (const auto& device : state.devices) device->Disconnect();
     state.devices.clear();
     state.pluggedDevices = 0;

@@ -2,7 +2,7 @@
 // files, modules, named mutexes and clock, the record of every platform call, and scripted faults.
 //
 // One machine per process. Every operation may be called from any thread. Waiting operations of a
-// test (WaitFor...) give up after ten seconds and answer false.
+// test (WaitFor...) give up after ten seconds and return false.
 #pragma once
 
 #include <cstddef>
@@ -25,8 +25,8 @@ class Machine {
  public:
     static Machine& Get();
 
-    // An empty machine: no devices, files, faults, calls or foreign mutexes; the real clock.
-    // Handles that the agent still holds stay valid to close.
+    // Empties the machine: no devices, files, faults, calls or foreign mutexes; the real clock.
+    // Handles that the agent still holds can still be closed.
     void Reset();
 
     // --- devices ---------------------------------------------------------------------------------
@@ -34,7 +34,7 @@ class Machine {
     // that cannot be parsed, std::invalid_argument when it does not hold exactly one top-level
     // collection.
     std::shared_ptr<Device> Plug(const DeviceDescription& description);
-    // The same for a descriptor with any number of top-level collections: a device for each.
+    // Does the same for a descriptor with any number of top-level collections: a device for each.
     std::vector<std::shared_ptr<Device>> PlugAll(const DeviceDescription& description);
 
     // --- calls -----------------------------------------------------------------------------------
@@ -45,35 +45,36 @@ class Machine {
     std::size_t CountCalls(std::string_view function) const;
     bool WaitForCalls(std::string_view function, std::size_t count) const;
     void ForgetCalls();
-    // Whether opening, writing and closing real files and looking at their sizes counts like the
-    // calls on devices, and can fail like them. Off after Reset: the agent's logger makes four such
-    // calls for each line, at times of its own.
+    // Sets whether opening, writing and closing real files and querying their sizes is recorded
+    // like calls on devices, and can fail like them. Off after Reset: the agent's logger makes four
+    // such calls for each line, at unpredictable times.
     void RecordFileCalls(bool record);
-    // Long soaks switch the record off; faults and their numbering stay.
+    // Long soaks switch the record off; faults still apply, and calls are still numbered.
     void RecordCalls(bool record);
 
     // --- faults ----------------------------------------------------------------------------------
-    // The next call of `function`, after `skip` calls that do their work, answers with the fault.
-    // Several may be queued; each serves once.
+    // Makes the next call of `function`, after `skip` calls that do their work, fail with the
+    // fault. Several may be queued; each applies once.
     void FailNext(std::string_view function, Fault fault, std::size_t skip = 0);
     void FailAlways(std::string_view function, Fault fault);
     void StopFailing(std::string_view function);
-    // Asked for each call that no fault above takes. Must not call the platform.
+    // Sets a function that is called for each call without a fault from above. It must not call the
+    // platform.
     void SetFaultPolicy(std::function<std::optional<Fault>(const Call&)> policy);
 
     // --- time ------------------------------------------------------------------------------------
-    // When set, a wait with a time limit on an object that is not signalled answers WAIT_TIMEOUT at
-    // once: simulated time flies. Waits without limit still wait.
+    // Makes a wait with a time limit on an unsignalled object return WAIT_TIMEOUT at once. Waits
+    // without limit still wait.
     void ExpireTimedWaits(bool expire);
-    // The local time that _time64 and _localtime64_s tell from now on; it stands still.
+    // Sets the local time that _time64 and _localtime64_s return from now on; it stands still.
     void StopClockAt(const std::tm& localTime);
 
     // --- files, modules, mutexes -----------------------------------------------------------------
-    // A file that GetPrivateProfileSectionNamesW can read. The path is compared without case.
+    // Adds a file that GetPrivateProfileSectionNamesW can read. The path is compared without case.
     void PutFile(const std::wstring& path, const std::string& bytes);
-    // What GetModuleFileNameW answers for this module handle.
+    // Sets the path that GetModuleFileNameW returns for this module handle.
     void SetModulePath(void* module, const std::wstring& path);
-    // A named mutex that another process created. With `denied`, opening it fails with error 5.
+    // Adds a named mutex of another process. With `denied`, opening it fails with error 5.
     void HoldMutexElsewhere(const std::wstring& name, bool denied);
     void ReleaseMutexElsewhere(const std::wstring& name);
     bool MutexExists(const std::wstring& name) const;

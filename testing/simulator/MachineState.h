@@ -1,5 +1,5 @@
-// The simulated machine's inside. One lock guards all of it, devices and kernel objects included;
-// whoever waits gives the lock up while it sleeps.
+// The state of the simulated machine. One lock guards all of it, devices and kernel objects
+// included; a waiting thread releases the lock while it sleeps.
 #pragma once
 
 #include <chrono>
@@ -40,7 +40,7 @@ struct MachineState {
     std::vector<std::shared_ptr<DeviceObject>> devices;  // in order of enumeration, absent ones too
     std::size_t pluggedDevices = 0;                      // since the last Reset
 
-    // An entry outlives its object, and is overwritten by the next of its name.
+    // An entry outlives its object, until the next object of its name overwrites it.
     std::map<std::wstring, std::weak_ptr<KernelObject>> names;
     std::map<std::wstring, ForeignMutex> foreignMutexes;
 
@@ -53,15 +53,16 @@ struct MachineState {
     std::vector<std::string> misuse;
 };
 
-// Never destroyed: threads and static objects of the agent make calls until the process ends.
+// The state is never destroyed: threads and static objects of the agent make calls until the
+// process ends.
 MachineState& State();
 
-// Null when no object of the name is left. Under the lock.
+// Returns null when no object of the name is left. Callers hold the lock.
 std::shared_ptr<KernelObject> FindNamed(const std::wstring& name);
 
-// The open file behind a handle that `function` was given; null for any other handle. One that was
-// closed already is misuse, and noted: on a real machine another file may have its value by now.
-// Under the lock.
+// Returns the open file of the handle that `function` received, or null for any other handle. A
+// handle that is already closed is noted as misuse: on a real machine its value may belong to
+// another file by now. Callers hold the lock.
 std::shared_ptr<FileObject> FindFile(HANDLE handle, const char* function);
 
 class MachineLock : public std::unique_lock<std::mutex> {
@@ -69,7 +70,7 @@ class MachineLock : public std::unique_lock<std::mutex> {
     MachineLock() : std::unique_lock<std::mutex>(State().mutex) {}
 };
 
-// For a test's waiting operations: false after ten seconds.
+// Waits on behalf of a test; returns false after ten seconds.
 template <typename Predicate>
 bool WaitUntil(MachineLock& lock, Predicate predicate) {
     return State().changed.wait_for(lock, std::chrono::seconds(10), predicate);

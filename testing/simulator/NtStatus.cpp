@@ -27,7 +27,7 @@ constexpr Pair kPairs[] = {
     {ERROR_INVALID_USER_BUFFER, 0xC0000206},   // INVALID_BUFFER_SIZE
 };
 
-// Any other error travels in the facility that the platform keeps for last errors.
+// Any other error is carried in the facility that the platform reserves for last errors.
 constexpr std::uint32_t kErrorFacility = 0xC0070000;
 
 }  // namespace
@@ -39,7 +39,7 @@ NTSTATUS StatusOf(DWORD error) {
     return static_cast<NTSTATUS>(kErrorFacility | (error & 0xFFFF));
 }
 
-// A status that is not negative is a success, STATUS_PENDING among them.
+// A status that is not negative is a success, STATUS_PENDING included.
 DWORD ErrorOf(NTSTATUS status) {
     if (status >= 0) return ERROR_SUCCESS;
     const auto value = static_cast<std::uint32_t>(status);

@@ -12,8 +12,8 @@
 namespace simulator {
 namespace {
 
-// Below the values of the handle table, which carry a number of restarts, and above those that
-// tests take from the air.
+// Below the values of HandleTable, which contain the count of resets, and above the arbitrary
+// values that tests use.
 constexpr std::uintptr_t kFirstValue = std::uintptr_t{1} << 30;
 constexpr std::uintptr_t kStep = 4;
 
@@ -47,7 +47,7 @@ DWORD OpenForAppending(LPCWSTR path, DWORD disposition, HANDLE& handle) {
     const int descriptor =
         open(name.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | creation, kReadableByAll);
     if (descriptor < 0) {
-        // The file itself would have been made.
+        // O_CREAT creates the file itself, so it is the folder that is missing.
         return creation != 0 && errno == ENOENT ? ERROR_PATH_NOT_FOUND : FileError();
     }
     if (creation != 0) SetLastError(existed ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);

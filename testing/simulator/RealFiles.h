@@ -9,14 +9,14 @@
 
 namespace simulator {
 
-// The handles of open ones, apart from the table of the others: numbers of those do not depend on
-// what the agent's logger does meanwhile. No value comes twice. Used under the machine's lock.
+// The handles of open real files. They are kept apart from HandleTable so that its numbers do not
+// depend on the agent's logger. No value is used twice. Callers hold the machine's lock.
 class RealFiles {
  public:
     HANDLE Add(int descriptor);
-    // Nothing for any other handle.
+    // Returns nothing for any other handle.
     std::optional<int> Descriptor(HANDLE handle) const;
-    // The descriptor is the caller's to close.
+    // The caller closes the descriptor.
     void Remove(HANDLE handle) { descriptors_.erase(handle); }
     std::size_t Count() const { return descriptors_.size(); }
 
@@ -25,17 +25,17 @@ class RealFiles {
     std::uintptr_t created_ = 0;
 };
 
-// The descriptor of the open real file behind a handle; nothing for any other handle. Takes the
-// machine's lock and gives it back, as using the descriptor may block, on a pipe for example.
+// Returns the descriptor of an open real file, or nothing for any other handle. The machine's lock
+// is released on return, as using the descriptor may block, on a pipe for example.
 std::optional<int> RealFileDescriptor(HANDLE handle);
 
-// These return an error of the platform's.
+// These return a platform error code.
 DWORD OpenForAppending(LPCWSTR path, DWORD disposition, HANDLE& handle);
 DWORD Append(int descriptor, LPCVOID bytes, DWORD length, LPDWORD written);
-// False when the handle is not one of an open real file.
+// Returns false when the handle is not one of an open real file.
 bool CloseRealFile(HANDLE handle);
 
-// What the platform would say of errno.
+// Converts errno to the platform's error code.
 DWORD FileError();
 
 }  // namespace simulator

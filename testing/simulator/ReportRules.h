@@ -1,4 +1,4 @@
-// What the HID class driver asks of a report before the device sees it.
+// The checks of the HID class driver on a report before the device receives it.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,8 @@
 
 namespace simulator {
 
-// ERROR_SUCCESS, and the length of the report that byte 0 names; a longer buffer is no mistake.
+// Returns ERROR_SUCCESS and sets the length of the report whose id is byte 0. A longer buffer is
+// allowed.
 DWORD CheckReport(const hid::Collection& collection, HIDP_REPORT_TYPE type, const void* bytes,
                   std::size_t length, std::size_t& reportLength);
 

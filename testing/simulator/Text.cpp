@@ -17,7 +17,7 @@ bool IsCodePoint(std::uint32_t value) {
     return value <= 0x10FFFF && !IsHighHalf(value) && !IsLowHalf(value);
 }
 
-// Takes it off the text: a character that stands for itself, or a pair of surrogates.
+// Removes the first character, or surrogate pair, from the text and returns its code point.
 std::uint32_t TakeCodePoint(std::wstring_view& text) {
     const std::uint32_t value{static_cast<char32_t>(text[0])};
     const std::uint32_t next{text.size() > 1 ? static_cast<char32_t>(text[1]) : 0};

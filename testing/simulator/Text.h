@@ -1,4 +1,4 @@
-// Wide text as the simulator needs it: paths compared without case, and UTF-8.
+// Conversions of wide text: to UTF-8, and to lower case for comparing paths.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace simulator {
 
-// Without the C locale, which the agent's tests may change. Two wide characters that are a pair of
-// surrogates become one, stray ones U+FFFD.
+// Does not use the C locale, which the agent's tests may change. A surrogate pair becomes one
+// character, a stray surrogate U+FFFD.
 std::string Utf8(std::wstring_view text);
 std::wstring FoldCase(const std::wstring& text);
 

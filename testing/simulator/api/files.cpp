@@ -1,4 +1,4 @@
-// Opening devices, reading and writing reports. Real files are opened for appending alone.
+// Opening devices, reading and writing reports. Real files can only be opened for appending.
 #include <windows.h>
 
 #include <memory>
@@ -40,8 +40,8 @@ std::string EventName(const OVERLAPPED* overlapped) {
     return HandleName(overlapped != nullptr ? overlapped->hEvent : nullptr);
 }
 
-// What reading and writing have in common: `allowed` is asked of the way the file was opened,
-// `transfer` gives the operation to the device.
+// Does what ReadFile and WriteFile share: `allowed` checks the access that the file was opened
+// with, `transfer` passes the operation to the device.
 template <typename Transfer>
 BOOL StartIo(const char* function, HANDLE handle, bool (Access::*allowed)() const,
              LPDWORD transferred, LPOVERLAPPED overlapped, Transfer transfer) {
@@ -51,24 +51,24 @@ BOOL StartIo(const char* function, HANDLE handle, bool (Access::*allowed)() cons
 
     const MachineLock lock;
     const auto file = FindFile(handle, function);
-    if (file == nullptr) return Answer(ERROR_INVALID_HANDLE);
-    if (!(file->Opening().*allowed)()) return Answer(ERROR_ACCESS_DENIED);
-    if (!file->IsOverlapped()) return Answer(ERROR_NOT_SUPPORTED);
-    if (overlapped == nullptr) return Answer(ERROR_INVALID_PARAMETER);
+    if (file == nullptr) return ReportError(ERROR_INVALID_HANDLE);
+    if (!(file->Opening().*allowed)()) return ReportError(ERROR_ACCESS_DENIED);
+    if (!file->IsOverlapped()) return ReportError(ERROR_NOT_SUPPORTED);
+    if (overlapped == nullptr) return ReportError(ERROR_INVALID_PARAMETER);
 
     std::shared_ptr<KernelObject> signalled = file;
     if (overlapped->hEvent != nullptr) {
         signalled = State().handles.Find<EventObject>(overlapped->hEvent);
-        if (signalled == nullptr) return Answer(ERROR_INVALID_HANDLE);
+        if (signalled == nullptr) return ReportError(ERROR_INVALID_HANDLE);
     }
     signalled->Waitable()->Clear();
-    if (!file->IsConnected()) return Answer(ERROR_DEVICE_NOT_CONNECTED);
+    if (!file->IsConnected()) return ReportError(ERROR_DEVICE_NOT_CONNECTED);
 
     const DWORD error = transfer(*file, IoOperation(*overlapped, signalled));
     if (error == ERROR_SUCCESS && transferred != nullptr) {
         *transferred = static_cast<DWORD>(overlapped->InternalHigh);
     }
-    return Answer(error);
+    return ReportError(error);
 }
 
 }  // namespace
@@ -87,11 +87,11 @@ HANDLE WINAPI CreateFileW(LPCWSTR lpFileName, DWORD dwDesiredAccess, DWORD dwSha
     }
     HANDLE handle = INVALID_HANDLE_VALUE;
     if (isReal) {
-        Answer(OpenForAppending(lpFileName, dwCreationDisposition, handle));
+        ReportError(OpenForAppending(lpFileName, dwCreationDisposition, handle));
         return handle;
     }
-    Answer(OpenDevice(lpFileName, {dwDesiredAccess, dwShareMode}, dwCreationDisposition,
-                      dwFlagsAndAttributes, handle));
+    ReportError(OpenDevice(lpFileName, {dwDesiredAccess, dwShareMode}, dwCreationDisposition,
+                           dwFlagsAndAttributes, handle));
     return handle;
 }
 
@@ -118,7 +118,8 @@ BOOL WINAPI WriteFile(HANDLE hFile, LPCVOID lpBuffer, DWORD nNumberOfBytesToWrit
         return fault->Failed<BOOL>(FALSE);
     }
     if (realFile) {
-        return Answer(Append(*realFile, lpBuffer, nNumberOfBytesToWrite, lpNumberOfBytesWritten));
+        return ReportError(
+            Append(*realFile, lpBuffer, nNumberOfBytesToWrite, lpNumberOfBytesWritten));
     }
     return StartIo("WriteFile", hFile, &Access::Writes, lpNumberOfBytesWritten, lpOverlapped,
                    [&](FileObject& file, const IoOperation& operation) {

@@ -1,5 +1,5 @@
-// Deleting and renaming files, and their sizes: on the file system of the machine that runs the
-// tests, where a backslash is a character of a file's name.
+// Deletes, renames and measures files on the file system of the machine that runs the tests, where
+// a backslash is an ordinary character of a file's name.
 #include <windows.h>
 
 #include <sys/stat.h>
@@ -19,14 +19,14 @@ namespace {
 
 DWORD ErrorOfCall(int result) { return result == 0 ? ERROR_SUCCESS : FileError(); }
 
-// Not in one step: renameat2, which would refuse an existing target by itself, is not there on
-// every file system.
+// Checks first, as renameat2, which would itself refuse an existing target, is missing on some file
+// systems.
 DWORD Move(const std::string& from, const std::string& to) {
     if (access(to.c_str(), F_OK) == 0) return ERROR_ALREADY_EXISTS;
     return ErrorOfCall(std::rename(from.c_str(), to.c_str()));
 }
 
-// In tenths of a microsecond since 1601.
+// Returns the time in tenths of a microsecond since 1601.
 FILETIME FileTime(const timespec& time) {
     constexpr std::uint64_t kSecond = 10000000;
     constexpr std::uint64_t kSecondsUntil1970 = 11644473600;
@@ -61,16 +61,16 @@ BOOL WINAPI GetFileAttributesExW(LPCWSTR lpFileName, GET_FILEEX_INFO_LEVELS fInf
                                          Arguments(Quoted(lpFileName), Count(fInfoLevelId)))) {
         return fault->Failed<BOOL>(FALSE);
     }
-    if (fInfoLevelId != GetFileExInfoStandard) return Answer(ERROR_INVALID_PARAMETER);
-    return Answer(GetAttributes(Utf8(lpFileName),
-                                *static_cast<LPWIN32_FILE_ATTRIBUTE_DATA>(lpFileInformation)));
+    if (fInfoLevelId != GetFileExInfoStandard) return ReportError(ERROR_INVALID_PARAMETER);
+    return ReportError(GetAttributes(Utf8(lpFileName),
+                                     *static_cast<LPWIN32_FILE_ATTRIBUTE_DATA>(lpFileInformation)));
 }
 
 BOOL WINAPI DeleteFileW(LPCWSTR lpFileName) {
     if (const auto fault = Enter("DeleteFileW", Quoted(lpFileName))) {
         return fault->Failed<BOOL>(FALSE);
     }
-    return Answer(ErrorOfCall(unlink(Utf8(lpFileName).c_str())));
+    return ReportError(ErrorOfCall(unlink(Utf8(lpFileName).c_str())));
 }
 
 BOOL WINAPI MoveFileW(LPCWSTR lpExistingFileName, LPCWSTR lpNewFileName) {
@@ -78,7 +78,7 @@ BOOL WINAPI MoveFileW(LPCWSTR lpExistingFileName, LPCWSTR lpNewFileName) {
             Enter("MoveFileW", Arguments(Quoted(lpExistingFileName), Quoted(lpNewFileName)))) {
         return fault->Failed<BOOL>(FALSE);
     }
-    return Answer(Move(Utf8(lpExistingFileName), Utf8(lpNewFileName)));
+    return ReportError(Move(Utf8(lpExistingFileName), Utf8(lpNewFileName)));
 }
 
 }  // extern "C"

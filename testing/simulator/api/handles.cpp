@@ -14,7 +14,7 @@ thread_local DWORD lastError = ERROR_SUCCESS;
 
 bool CloseKernelHandle(HANDLE handle) {
     const MachineLock lock;
-    // Device information lists are no kernel handles; they have a closing function of their own.
+    // Device information lists are not kernel handles; a function of their own closes them.
     return !IsOfKind(handle, HandleKind::Devices) && State().handles.Close(handle);
 }
 
@@ -33,7 +33,7 @@ BOOL WINAPI CloseHandle(HANDLE hObject) {
     if (CloseRealFile(hObject)) return TRUE;
     if (CloseKernelHandle(hObject)) return TRUE;
     NoteMisuse("CloseHandle(" + arguments + "): not an open handle");
-    return Answer(ERROR_INVALID_HANDLE);
+    return ReportError(ERROR_INVALID_HANDLE);
 }
 
 }  // extern "C"

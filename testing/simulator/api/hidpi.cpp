@@ -45,7 +45,8 @@ std::string CountBehind(const Number* length) {
     return length != nullptr ? Count(*length) : "null";
 }
 
-// Null is answered like any other unknown pointer, but is no sign of a use after the end.
+// Returns null for an unknown pointer and notes the misuse, except for a null pointer, which is no
+// use after free.
 std::shared_ptr<const Collection> InUse(const char* function, PHIDP_PREPARSED_DATA preparsed) {
     auto collection = FindPreparsedData(preparsed);
     if (collection == nullptr && preparsed != nullptr) {

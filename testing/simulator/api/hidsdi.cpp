@@ -14,7 +14,7 @@ using namespace simulator;
 
 namespace {
 
-// Runs `work` on the device, for it to answer with a last error.
+// Runs `work` on the device; its result is the last error.
 template <typename Work>
 BOOLEAN OnDevice(const char* function, HANDLE handle, Work work) {
     const MachineLock lock;
@@ -27,7 +27,7 @@ BOOLEAN OnDevice(const char* function, HANDLE handle, Work work) {
     } else {
         error = work(file->Device());
     }
-    return static_cast<BOOLEAN>(Answer(error));
+    return static_cast<BOOLEAN>(ReportError(error));
 }
 
 }  // namespace
@@ -70,7 +70,7 @@ BOOLEAN WINAPI HidD_FreePreparsedData(PHIDP_PREPARSED_DATA PreparsedData) {
     }
     if (PreparsedData != nullptr && hid::FreePreparsedData(PreparsedData)) return TRUE;
     if (PreparsedData != nullptr) NoteMisuse("HidD_FreePreparsedData: not in use");
-    return static_cast<BOOLEAN>(Answer(ERROR_INVALID_PARAMETER));
+    return static_cast<BOOLEAN>(ReportError(ERROR_INVALID_PARAMETER));
 }
 
 BOOLEAN WINAPI HidD_GetProductString(HANDLE HidDeviceObject, PVOID Buffer, ULONG BufferLength) {
@@ -81,8 +81,8 @@ BOOLEAN WINAPI HidD_GetProductString(HANDLE HidDeviceObject, PVOID Buffer, ULONG
     return OnDevice("HidD_GetProductString", HidDeviceObject,
                     [&](const DeviceObject& device) -> DWORD {
                         const std::wstring& text = device.Description().productString;
-                        // A device without the string: some systems call that a success, and write
-                        // nothing.
+                        // Some systems return success and write nothing when the device has no
+                        // product string.
                         if (text.empty()) return ERROR_SUCCESS;
                         const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
                         if (BufferLength < size) return ERROR_INVALID_USER_BUFFER;

@@ -1,4 +1,4 @@
-// The global heap, as far as it hands out fixed blocks.
+// The global heap, limited to fixed blocks.
 #include <windows.h>
 
 #include <cstdlib>
@@ -12,7 +12,7 @@ using namespace simulator;
 
 namespace {
 
-// A block that is not asked to be zeroed shows it.
+// Fills blocks without GMEM_ZEROINIT, so that code relying on zeros fails.
 constexpr int kFresh = 0xCD;
 
 void* Allocate(std::size_t size, bool zeroed) {
@@ -34,7 +34,7 @@ HGLOBAL WINAPI GlobalAlloc(UINT uFlags, SIZE_T dwBytes) {
     if (const auto fault = Enter("GlobalAlloc", Arguments(Hex(uFlags), Count(dwBytes)))) {
         return fault->Failed<HGLOBAL>(nullptr);
     }
-    // The handle of a movable block is no pointer to it: not modelled.
+    // Movable blocks, whose handle is not their address, are not modelled.
     if ((uFlags & GMEM_MOVEABLE) != 0) return FailWith<HGLOBAL>(ERROR_NOT_SUPPORTED, nullptr);
     void* const block = Allocate(dwBytes, (uFlags & GMEM_ZEROINIT) != 0);
     if (block == nullptr) return FailWith<HGLOBAL>(ERROR_NOT_ENOUGH_MEMORY, nullptr);

@@ -1,4 +1,4 @@
-// Modules and what they tell a debugger.
+// Paths of modules, and output for a debugger.
 #include <windows.h>
 
 #include <algorithm>
@@ -26,7 +26,7 @@ DWORD WINAPI GetModuleFileNameW(HMODULE hModule, LPWSTR lpFilename, DWORD nSize)
     const std::size_t length = std::min<std::size_t>(path.size(), nSize - 1);
     std::copy_n(path.begin(), length, lpFilename);
     lpFilename[length] = L'\0';
-    // A cut path is told by the last error alone: the result is the whole buffer then.
+    // The last error reports a truncated path; the result is then the size of the buffer.
     if (length < path.size()) return FailWith(ERROR_INSUFFICIENT_BUFFER, nSize);
     return static_cast<DWORD>(length);
 }

@@ -17,19 +17,22 @@ extern "C" BOOL WINAPI GetOverlappedResult(HANDLE hFile, LPOVERLAPPED lpOverlapp
         return fault->Failed<BOOL>(FALSE);
     }
     MachineLock lock;
-    // Neither is the handle checked nor is the file needed where an event tells of the end.
+    // FindFile only notes misuse here: the call does not check the handle, and uses the file only
+    // when the record has no event.
     FindFile(hFile, "GetOverlappedResult");
     if (StatusIn(*lpOverlapped) == static_cast<NTSTATUS>(STATUS_PENDING)) {
-        if (!bWait) return Answer(ERROR_IO_INCOMPLETE);
+        if (!bWait) return ReportError(ERROR_IO_INCOMPLETE);
         const HANDLE waited = lpOverlapped->hEvent != nullptr ? lpOverlapped->hEvent : hFile;
         const auto object = State().handles.Find<KernelObject>(waited);
-        if (object == nullptr || object->Waitable() == nullptr) return Answer(ERROR_INVALID_HANDLE);
+        if (object == nullptr || object->Waitable() == nullptr) {
+            return ReportError(ERROR_INVALID_HANDLE);
+        }
         object->Waitable()->Wait(lock, INFINITE, State().endTimedWaits);
     }
-    // Nothing asks again whether the operation has ended: an event that someone else signalled
-    // gives a success without bytes, as on the platform.
+    // The status is not checked again: an event that someone else signalled yields a success
+    // without bytes, as on the platform.
     if (lpNumberOfBytesTransferred != nullptr) {
         *lpNumberOfBytesTransferred = static_cast<DWORD>(lpOverlapped->InternalHigh);
     }
-    return Answer(ErrorOf(StatusIn(*lpOverlapped)));
+    return ReportError(ErrorOf(StatusIn(*lpOverlapped)));
 }

@@ -1,4 +1,4 @@
-// The platform's printf, made of this machine's.
+// The platform's printf functions, based on those of this machine.
 #include <windows.h>
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// "w" marks a wide text and "h" a narrow one; this machine knows only "l" for the first.
+// Replaces the platform's "w" for wide text by "l" and drops its "h" for narrow text.
 std::string Translate(const char* format) {
     std::string translated;
     while (*format != '\0') {
@@ -17,7 +17,7 @@ std::string Translate(const char* format) {
             translated += *format++;
             continue;
         }
-        // The flags, width and precision; a second "%" ends the conversion as its letter.
+        // Copies the flags, width and precision. In "%%", the second "%" is the conversion letter.
         const std::size_t prefix = 1 + std::strspn(format + 1, "-+ #0123456789.*");
         translated.append(format, prefix);
         format += prefix;

@@ -15,8 +15,8 @@ using namespace simulator;
 
 namespace {
 
-// A file is in the machine's ANSI code page, taken as Latin-1 here, unless it begins with the mark
-// of little-endian UTF-16. A UTF-8 mark is three letters like any other.
+// Files are in the ANSI code page, taken as Latin-1 here, unless they begin with the byte order
+// mark of little-endian UTF-16. A UTF-8 mark is read as three letters.
 std::wstring Decode(const std::string& bytes) {
     const auto at = [&bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     std::wstring text;

@@ -41,7 +41,7 @@ std::vector<std::wstring> ListPaths(const GUID* guid, DWORD flags) {
     return paths;
 }
 
-// An entry of the list is known by the record's Reserved member: its index, counted from 1.
+// The Reserved member of the record holds the index in the list, counted from 1.
 const std::wstring* FindPath(const DeviceList& list, const SP_DEVICE_INTERFACE_DATA* data) {
     if (data == nullptr || data->cbSize != sizeof(*data)) return nullptr;
     if (data->Reserved == 0 || data->Reserved > list.paths.size()) return nullptr;
@@ -115,8 +115,8 @@ BOOL WINAPI SetupDiEnumDeviceInterfaces(HDEVINFO DeviceInfoSet, PSP_DEVINFO_DATA
                       GuidArgument(InterfaceClassGuid), Count(MemberIndex)))) {
         return fault->Failed<BOOL>(FALSE);
     }
-    return Answer(EnumInterface(DeviceInfoSet, DeviceInfoData, InterfaceClassGuid, MemberIndex,
-                                DeviceInterfaceData));
+    return ReportError(EnumInterface(DeviceInfoSet, DeviceInfoData, InterfaceClassGuid, MemberIndex,
+                                     DeviceInterfaceData));
 }
 
 BOOL WINAPI SetupDiGetDeviceInterfaceDetailW(
@@ -128,8 +128,9 @@ BOOL WINAPI SetupDiGetDeviceInterfaceDetailW(
                   Arguments(HandleName(DeviceInfoSet), Count(DeviceInterfaceDetailDataSize)))) {
         return fault->Failed<BOOL>(FALSE);
     }
-    return Answer(InterfaceDetail(DeviceInfoSet, DeviceInterfaceData, DeviceInterfaceDetailData,
-                                  DeviceInterfaceDetailDataSize, RequiredSize, DeviceInfoData));
+    return ReportError(InterfaceDetail(DeviceInfoSet, DeviceInterfaceData,
+                                       DeviceInterfaceDetailData, DeviceInterfaceDetailDataSize,
+                                       RequiredSize, DeviceInfoData));
 }
 
 BOOL WINAPI SetupDiDestroyDeviceInfoList(HDEVINFO DeviceInfoSet) {
@@ -145,7 +146,7 @@ BOOL WINAPI SetupDiDestroyDeviceInfoList(HDEVINFO DeviceInfoSet) {
     if (DeviceInfoSet != INVALID_HANDLE_VALUE) {
         NoteMisuse("SetupDiDestroyDeviceInfoList(" + arguments + "): not an open list");
     }
-    return Answer(ERROR_INVALID_HANDLE);
+    return ReportError(ERROR_INVALID_HANDLE);
 }
 
 }  // extern "C"

@@ -1,4 +1,4 @@
-// Slim locks and their condition variables. They are no calls to the machine's kernel: neither
+// Slim locks and their condition variables. The calls do not reach the kernel, so they are neither
 // recorded nor failed.
 #include <windows.h>
 
@@ -8,7 +8,7 @@ void WINAPI AcquireSRWLockExclusive(PSRWLOCK SRWLock) { pthread_mutex_lock(&SRWL
 
 void WINAPI ReleaseSRWLockExclusive(PSRWLOCK SRWLock) { pthread_mutex_unlock(&SRWLock->Mutex); }
 
-// Waits without limit for locks taken exclusively only, and refuses the rest.
+// Supports only waits without limit on locks taken exclusively, and fails for others.
 BOOL WINAPI SleepConditionVariableSRW(PCONDITION_VARIABLE ConditionVariable, PSRWLOCK SRWLock,
                                       DWORD dwMilliseconds, ULONG Flags) {
     if (dwMilliseconds != INFINITE || Flags != 0) {

@@ -16,7 +16,7 @@ bool IsDenied(LPCWSTR name) {
     return found != State().foreignMutexes.end() && found->second.denied;
 }
 
-// An existing object of the name is opened as it is; the last error tells which of both happened.
+// Opens the object of that name if there is one; the last error is then ERROR_ALREADY_EXISTS.
 template <typename Object>
 HANDLE CreateNamed(HandleKind kind, LPCWSTR name, std::shared_ptr<Object> fresh) {
     const MachineLock lock;
@@ -38,7 +38,7 @@ template <typename Work>
 BOOL OnEvent(HANDLE handle, Work work) {
     const MachineLock lock;
     const auto event = State().handles.Find<EventObject>(handle);
-    if (event == nullptr) return Answer(ERROR_INVALID_HANDLE);
+    if (event == nullptr) return ReportError(ERROR_INVALID_HANDLE);
     work(*event->Waitable());
     return TRUE;
 }
@@ -81,7 +81,7 @@ DWORD WINAPI WaitForSingleObject(HANDLE hHandle, DWORD dwMilliseconds) {
         return fault->Failed<DWORD>(WAIT_FAILED);
     }
     MachineLock lock;
-    // Kept while waiting: another thread may close the handle.
+    // The shared_ptr keeps the object while waiting, as another thread may close the handle.
     const auto object = State().handles.Find<KernelObject>(hHandle);
     Signal* const signal = object != nullptr ? object->Waitable() : nullptr;
     if (signal == nullptr) return FailWith(ERROR_INVALID_HANDLE, WAIT_FAILED);

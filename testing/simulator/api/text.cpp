@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kUpToTheTerminator = -1;
 
-// With the terminator when the text is to be measured.
+// Includes the terminator when `count` is kUpToTheTerminator.
 std::wstring_view View(LPCWCH text, int count) {
     if (count == kUpToTheTerminator) return {text, std::wstring_view(text).size() + 1};
     return {text, static_cast<std::size_t>(count)};

@@ -26,13 +26,13 @@ __time64_t _time64(__time64_t* time) {
     return now;
 }
 
-// While the clock stands, this machine's time zone is left out: the test gave the local time.
+// A stopped clock already holds local time, so the time zone of this machine is not applied.
 errno_t _localtime64_s(std::tm* localTime, const __time64_t* time) {
     if (localTime == nullptr || time == nullptr || *time < 0) return EINVAL;
     const std::time_t seconds = *time;
-    const std::tm* const told =
+    const std::tm* const converted =
         StoppedClock() ? gmtime_r(&seconds, localTime) : localtime_r(&seconds, localTime);
-    return told != nullptr ? 0 : EINVAL;
+    return converted != nullptr ? 0 : EINVAL;
 }
 
 }  // extern "C"

@@ -1,4 +1,4 @@
-// One capability: the usages that the platform lists in one record, and where they lie in a report.
+// One capability: the usages that the platform lists in one record, and their place in a report.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ struct Capability {
 
     std::uint32_t startBit = 0;  // counted from the report id byte
     std::uint32_t fieldCount = 0;
-    // Arrays: the index that stands for the first usage in a slot.
+    // For arrays: the slot value that stands for the first usage.
     std::int64_t firstIndex = 0;
 
     UCHAR ReportId() const { return globals.reportId; }
@@ -36,7 +36,7 @@ struct Capability {
     std::uint32_t FieldBit(std::uint32_t field) const {
         return startBit + field * globals.reportSize;
     }
-    // Variable fields only: the last usage holds every field that is left over.
+    // For variable fields only. The last usage has all remaining fields.
     std::uint32_t FieldOf(USAGE usage) const {
         return static_cast<std::uint32_t>(usage - usages.minimum);
     }

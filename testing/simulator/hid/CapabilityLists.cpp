@@ -7,8 +7,8 @@
 namespace simulator::hid {
 namespace {
 
-// The members that both records have. Of each pair in the union only the half that its flag names
-// is filled: a reader that takes the other one finds a maximum of 0.
+// Sets the members that both records have. Of Range and NotRange only the one that its flag selects
+// is set: a caller that reads Range of a single usage finds a maximum of 0.
 template <typename Caps>
 Caps CommonCaps(const Collection& collection, const Capability& capability) {
     const UsageAndPage& link = collection.Links()[capability.linkCollection];

@@ -1,12 +1,12 @@
-// Capabilities as the platform's records.
+// Capabilities as the platform's caps, value caps and button caps.
 #pragma once
 
 #include "testing/simulator/hid/Collection.h"
 
 namespace simulator::hid {
 
-// `length` is the room of the list going in, and the number of capabilities of the report type
-// coming out. A list that is too small is left alone.
+// `length` is the size of the list on entry, and the number of capabilities of the report type on
+// return. A list that is too small is left unchanged.
 NTSTATUS GetValueCaps(const Collection& collection, HIDP_REPORT_TYPE type, HIDP_VALUE_CAPS* list,
                       USHORT& length);
 NTSTATUS GetButtonCaps(const Collection& collection, HIDP_REPORT_TYPE type, HIDP_BUTTON_CAPS* list,

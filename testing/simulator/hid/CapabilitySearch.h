@@ -1,4 +1,4 @@
-// Which capability a call on one usage of one report means.
+// The search for the capability of one usage in one report.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@ struct CapabilitySearch {
     NTSTATUS status = HIDP_STATUS_USAGE_NOT_FOUND;  // why there is none
 };
 
-// The first match in capability order whose report the buffer with this id byte can be.
+// Returns the first match in capability order whose report is compatible with this id byte.
 inline CapabilitySearch FindCapability(const std::vector<Capability>& capabilities, USAGE page,
                                        USHORT linkCollection, USAGE usage, UCHAR reportId) {
     CapabilitySearch search;

@@ -17,7 +17,7 @@ class Collection {
  public:
     explicit Collection(UsageAndPage usage) : links_{usage} {}
 
-    // Gives the index of the new link collection. Index 0 is the top-level collection itself.
+    // Returns the index of the new link collection. Index 0 is the top-level collection itself.
     USHORT AddLink(UsageAndPage usage);
     ReportLayout& Reports(HIDP_REPORT_TYPE type) {
         return reports_.at(static_cast<std::size_t>(type));

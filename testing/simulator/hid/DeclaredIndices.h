@@ -8,19 +8,19 @@
 
 namespace simulator::hid {
 
-// One index, or one minimum and maximum. A pair stays a range when both ends meet.
+// One index, or one minimum and maximum. Two equal values are still a range.
 struct IndexRange {
-    USHORT minimum = 0;  // or the one index; 0: none
-    USHORT maximum = 0;  // of a range only
+    USHORT minimum = 0;  // or the single index; 0: none
+    USHORT maximum = 0;  // for a range only
     bool isRange = false;
 };
 
-// The first index or pair is of the first usage or range of usages, and so on.
+// The first index or pair belongs to the first usage or range of usages, and so on.
 class DeclaredIndices {
  public:
     void AddIndex(USHORT index) { indices_.push_back({index, 0, false}); }
     void AddMinimum(USHORT minimum) { indices_.push_back({minimum, minimum, true}); }
-    // A maximum without a minimum is passed over: no report depends on it.
+    // A maximum without a minimum is ignored: no report depends on it.
     void AddMaximum(USHORT maximum) {
         if (!indices_.empty() && indices_.back().isRange) indices_.back().maximum = maximum;
     }

@@ -27,7 +27,7 @@ void Item::Refuse(const std::string& why) const {
 }
 
 std::optional<Item> DescriptorItems::Next() {
-    while (offset_ < bytes_.size() && bytes_[offset_] == kLongItemPrefix) PassLongItem();
+    while (offset_ < bytes_.size() && bytes_[offset_] == kLongItemPrefix) SkipLongItem();
     if (offset_ == bytes_.size()) return std::nullopt;
 
     const std::uint8_t prefix = bytes_[offset_];
@@ -42,7 +42,7 @@ std::optional<Item> DescriptorItems::Next() {
     return item;
 }
 
-void DescriptorItems::PassLongItem() {
+void DescriptorItems::SkipLongItem() {
     constexpr std::size_t kHeader = 3;  // prefix, data size, tag
     Item item;
     item.offset = offset_;

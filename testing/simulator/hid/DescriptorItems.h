@@ -50,7 +50,7 @@ struct Item {
 
     // The data bytes read as a two's complement number of their own width.
     std::int32_t SignedValue() const;
-    // Throws DescriptorError with the item's place in the text.
+    // Throws DescriptorError; its text begins with the item's offset.
     [[noreturn]] void Refuse(const std::string& why) const;
 };
 
@@ -58,12 +58,12 @@ class DescriptorItems {
  public:
     explicit DescriptorItems(const std::vector<std::uint8_t>& bytes) : bytes_(bytes) {}
 
-    // The next short item; nothing at the end. Long items, of which the standard defines none, are
-    // passed over. Throws DescriptorError when the bytes end within an item.
+    // Returns the next short item, or nothing at the end. Skips long items, of which the standard
+    // defines none. Throws DescriptorError when the bytes end within an item.
     std::optional<Item> Next();
 
  private:
-    void PassLongItem();
+    void SkipLongItem();
 
     const std::vector<std::uint8_t>& bytes_;
     std::size_t offset_ = 0;

@@ -22,7 +22,7 @@ struct GlobalItems {
     std::uint32_t unit = 0;
     std::uint32_t unitExponent = 0;  // a nibble as in the descriptor, not sign-extended
 
-    // False when the item is none of these.
+    // Returns false when the item is not a global item of this table.
     bool Take(const Item& item);
 };
 

@@ -18,13 +18,13 @@ struct UsageAndPage {
     USAGE usage = 0;
 };
 
-// One Usage item, or one Usage Minimum and Usage Maximum. A pair stays a range when both ends meet.
+// One Usage item, or one Usage Minimum and Usage Maximum. Two equal values are still a range.
 struct DeclaredUsages {
     USAGE page = 0;
     USAGE minimum = 0;
     USAGE maximum = 0;
     bool isRange = false;
-    // What a host shows for them; they change no report.
+    // For display by a host only; they do not affect any report.
     IndexRange strings{};
     IndexRange designators{};
 
@@ -33,12 +33,12 @@ struct DeclaredUsages {
 
 class LocalItems {
  public:
-    // A usage of four bytes carries its page. A shorter one is of `page`, the one in force where it
-    // stands: a Usage Page item between it and its main item is for the usages that follow. False
-    // when the item is not a local one.
+    // A usage of four bytes contains its usage page. A shorter one takes `page`, the one in force
+    // at the usage: a Usage Page item between it and its main item affects later usages only.
+    // Returns false when the item is not a local one.
     bool Take(const Item& item, USAGE page);
 
-    // At a main item: the usages declared since the last one, in declaration order.
+    // Returns the usages declared since the last main item, in declaration order.
     std::vector<DeclaredUsages> Collect(const Item& mainItem);
 
  private:

@@ -8,8 +8,8 @@
 namespace simulator::hid {
 namespace {
 
-// The pointers name no memory, and none is handed out twice: a use after the end is always seen,
-// also when new preparsed data has been allocated meanwhile.
+// The pointers are not addresses, and none is used twice: a use after free is always detected, even
+// after new preparsed data was allocated.
 class Registry {
  public:
     PHIDP_PREPARSED_DATA Add(std::shared_ptr<const Collection> collection) {
@@ -44,7 +44,8 @@ class Registry {
     std::unordered_map<PHIDP_PREPARSED_DATA, std::shared_ptr<const Collection>> inUse_;
 };
 
-// Never destroyed: static objects of the agent may free their preparsed data after this file's.
+// The registry is never destroyed: static objects of the agent may free their preparsed data after
+// those of this file are gone.
 Registry& ThisProcess() {
     static Registry& registry = *new Registry;
     return registry;

@@ -1,4 +1,4 @@
-// From the opaque pointers of HidD_GetPreparsedData back to the parsed collection.
+// Finds the parsed collection of an opaque pointer of HidD_GetPreparsedData.
 #pragma once
 
 #include <memory>
@@ -7,8 +7,8 @@
 
 namespace simulator::hid {
 
-// Null for what was never handed out or is freed already. The result keeps the collection alive
-// while another thread frees the preparsed data.
+// Returns null for a pointer that was never returned or is already freed. The result keeps the
+// collection alive while another thread frees the preparsed data.
 std::shared_ptr<const Collection> FindPreparsedData(PHIDP_PREPARSED_DATA preparsed);
 
 }  // namespace simulator::hid

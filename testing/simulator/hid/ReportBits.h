@@ -5,7 +5,7 @@
 
 namespace simulator::hid {
 
-// `size` is 1 to 32; bit 0 is the lowest bit of byte 0. Not sign-extended.
+// `size` is 1 to 32; bit 0 is the lowest bit of byte 0. The result is not sign-extended.
 inline std::uint32_t GetBits(const std::uint8_t* report, std::uint32_t start, std::uint32_t size) {
     std::uint32_t value = 0;
     for (std::uint32_t i = 0; i < size; ++i) {
@@ -15,7 +15,7 @@ inline std::uint32_t GetBits(const std::uint8_t* report, std::uint32_t start, st
     return value;
 }
 
-// Keeps the lowest `size` bits of the value, and every neighbour in the report.
+// Writes the lowest `size` bits of the value and keeps all other bits of the report.
 inline void SetBits(std::uint8_t* report, std::uint32_t start, std::uint32_t size,
                     std::uint32_t value) {
     for (std::uint32_t i = 0; i < size; ++i) {

@@ -18,24 +18,25 @@ class DescriptorError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// One parsed top-level collection: what preparsed data stands for.
+// One parsed top-level collection, to which preparsed data refers.
 class Collection;
 
-// Never trusts a length or count of the bytes for an allocation.
+// Never allocates according to a length or count found in the bytes.
 std::vector<std::shared_ptr<const Collection>> ParseReportDescriptor(
     const std::vector<std::uint8_t>& descriptor);
 
 HIDP_CAPS CapsOf(const Collection& collection);
 
-// Length in bytes of one report with its id byte (the byte counts even where there are no ids);
-// nothing when the collection has no report of that type and id. Without ids the only id is 0.
+// Returns the length in bytes of a report with its id byte (which counts even without report ids),
+// or nothing when the collection has no report of that type and id. Without report ids the only id
+// is 0.
 std::optional<std::size_t> ReportLength(const Collection& collection, HIDP_REPORT_TYPE type,
                                         std::uint8_t reportId);
 bool UsesReportIds(const Collection& collection);
 std::vector<std::uint8_t> ReportIds(const Collection& collection, HIDP_REPORT_TYPE type);
 
-// Preparsed data as HidD_GetPreparsedData hands it out: stays valid when the device is gone, and is
-// to be freed exactly once. FreePreparsedData answers false for what is not in use.
+// Preparsed data as HidD_GetPreparsedData returns it: it stays valid after the device is unplugged
+// and must be freed exactly once. FreePreparsedData returns false for a pointer that is not in use.
 PHIDP_PREPARSED_DATA AllocatePreparsedData(std::shared_ptr<const Collection> collection);
 bool FreePreparsedData(PHIDP_PREPARSED_DATA preparsed);
 std::size_t PreparsedDataInUse();

@@ -30,8 +30,8 @@ class Parser {
     LocalItems locals_;
 
     std::vector<std::shared_ptr<Collection>> collections_;
-    std::vector<USHORT>
-        openLinks_;  // link collections around the current item, the top level first
+    // The link collections around the current item, the top level first.
+    std::vector<USHORT> openLinks_;
     std::map<std::uint8_t, const Collection*> claimedIds_;
 };
 
@@ -108,8 +108,8 @@ void Parser::Pop(const Item& item) {
     pushed_.pop_back();
 }
 
-// A report belongs to one top-level collection, else the class driver could not tell to whom it
-// goes; and the id byte is on the wire for every report or for none.
+// A report belongs to one top-level collection, so that the class driver can route it; and either
+// all reports have an id byte or none has.
 void Parser::ClaimReportId(const Item& item) {
     const Collection* collection = collections_.back().get();
     const auto claim = claimedIds_.emplace(globals_.reportId, collection).first;

@@ -7,9 +7,9 @@
 namespace simulator::hid {
 namespace {
 
-// The platform counts report lengths, fields and data indices in 16 bits. The same bound on all
-// button fields of a report type keeps a few bytes of descriptor from making later calls walk
-// millions.
+// The platform counts report lengths, fields and data indices in 16 bits. The same limit on the
+// button fields of a report type prevents a short descriptor from making later calls walk millions
+// of fields.
 constexpr std::uint32_t kMaxCount = 0xFFFF;
 constexpr std::uint32_t kMaxPayloadBits = (kMaxCount - 1) * 8;
 constexpr std::uint32_t kMaxFieldBits = 32;
@@ -42,8 +42,8 @@ std::vector<Capability> ArrayCapabilities(const MainItem& item, std::uint32_t st
     return capabilities;
 }
 
-// Each usage takes the next field; the last one takes what is left, and usages for which no field
-// is left are dropped.
+// Each usage takes the next field; the last one takes all remaining fields. Usages without a field
+// are dropped.
 std::vector<Capability> VariableCapabilities(const MainItem& item, std::uint32_t startBit) {
     std::vector<Capability> capabilities;
     std::uint32_t field = 0;
@@ -78,7 +78,7 @@ void ReportLayout::Add(const MainItem& item) {
                   [&](const Capability& capability) { List(capability, item.IsButtons()); });
 }
 
-// Gives the bit at which the new fields start.
+// Returns the bit at which the new fields start.
 std::uint32_t ReportLayout::Extend(const GlobalItems& globals) {
     std::uint32_t& bits = payloadBits_[globals.reportId];
     const std::uint64_t added =

@@ -14,21 +14,21 @@ namespace simulator::hid {
 
 class ReportLayout {
  public:
-    // Appends the item's fields to its report. Throws DescriptorError, its text without a place,
-    // for what no device could mean or the platform's records could not count.
+    // Appends the item's fields to its report. Throws DescriptorError, without the item's offset,
+    // for fields that make no sense or exceed the platform's counters.
     void Add(const MainItem& item);
 
-    // In the platform's order: main items as declared, within one the last declared usage first.
+    // In the platform's order: main items as declared, within each the last declared usage first.
     const std::vector<Capability>& Buttons() const { return buttons_; }
     const std::vector<Capability>& Values() const { return values_; }
     USHORT DataIndices() const { return static_cast<USHORT>(dataIndices_); }
 
-    // The id byte counts even where there are no ids. 0 when there is no report of the type.
+    // The id byte counts even without report ids. 0 when there is no report of the type.
     std::size_t LongestReport() const;
     std::optional<std::size_t> ReportLength(UCHAR reportId) const;
     std::vector<UCHAR> ReportIds() const;
 
-    // How many usages GetUsages can answer at most; page 0 stands for every page.
+    // The maximum number of usages that GetUsages returns; page 0 stands for every page.
     ULONG MaxUsageListLength(USAGE page) const;
 
  private:

@@ -16,7 +16,7 @@ NTSTATUS GetUsageValue(const ReportLayout& reports, USAGE page, USHORT linkColle
     return HIDP_STATUS_SUCCESS;
 }
 
-// The logical range is not looked at: the platform leaves it to the device.
+// The logical range is not checked: the platform leaves that to the device.
 NTSTATUS SetUsageValue(const ReportLayout& reports, USAGE page, USHORT linkCollection, USAGE usage,
                        ULONG value, std::uint8_t* report) {
     const CapabilitySearch search =

@@ -1,5 +1,4 @@
-// Reading and writing the value usages of a report. The report has the length of the type's
-// longest.
+// Reading and writing the value usages of a report, which is as long as the longest of its type.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +7,7 @@
 
 namespace simulator::hid {
 
-// `value` keeps what it holds on failure.
+// `value` is unchanged on failure.
 NTSTATUS GetUsageValue(const ReportLayout& reports, USAGE page, USHORT linkCollection, USAGE usage,
                        ULONG& value, const std::uint8_t* report);
 

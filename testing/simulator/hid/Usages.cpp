@@ -8,8 +8,8 @@
 namespace simulator::hid {
 namespace {
 
-// An array slot that holds 0 is free, whatever the logical minimum: the set calls put their index
-// into such a slot, so it cannot stand for a usage as well.
+// An array slot that holds 0 is free, whatever the logical minimum: SetUsages writes its index into
+// such a slot, so 0 cannot stand for a usage as well.
 constexpr std::uint32_t kFreeSlot = 0;
 
 std::uint32_t ValueOf(const Capability& capability, std::uint32_t field,

@@ -1,4 +1,4 @@
-// What the platform's C runtime has in <stdio.h> and <time.h> and this machine's has not.
+// Functions of the platform's C runtime that are missing in this machine's <stdio.h> and <time.h>.
 #pragma once
 
 #include <cstdarg>
@@ -11,10 +11,11 @@ typedef std::int64_t __time64_t;
 
 extern "C" {
 
-// Both know "%ws", a wide string. The length without the terminator; -1 when it cannot be
-// formatted.
+// Both support "%ws", a wide string. Returns the length without the terminator, or -1 when the text
+// cannot be formatted.
 int _vscprintf(const char* format, va_list arguments);
-// -1 as well when the text is longer than `count`; a text that leaves no room is not terminated.
+// Returns -1 as well when the text is longer than `count`; the text is terminated only if it leaves
+// room.
 int _vsnprintf(char* buffer, std::size_t count, const char* format, va_list arguments);
 
 __time64_t _time64(__time64_t* time);

@@ -1,5 +1,5 @@
-// HID usages and usage pages, with the platform's names. Only names that every toolchain's header
-// of this name has: what compiles here is to compile there.
+// HID usages and usage pages, with the platform's names. Only names that the hidusage.h of every
+// toolchain has, so that what compiles here also compiles there.
 #pragma once
 
 #include <windows.h>

@@ -27,13 +27,13 @@ typedef struct _SP_DEVICE_INTERFACE_DATA {
     ULONG_PTR Reserved;
 } SP_DEVICE_INTERFACE_DATA, *PSP_DEVICE_INTERFACE_DATA;
 
-// The path goes on behind the record, which is allocated as large as the path needs.
+// The path extends past the end of the record, which is allocated as large as the path needs.
 typedef struct _SP_DEVICE_INTERFACE_DETAIL_DATA_W {
     DWORD cbSize;
     WCHAR DevicePath[1];
 } SP_DEVICE_INTERFACE_DETAIL_DATA_W, *PSP_DEVICE_INTERFACE_DETAIL_DATA_W;
 
-// The library tells the record's version by these sizes.
+// The library identifies the version of the record by these sizes.
 static_assert(sizeof(SP_DEVINFO_DATA) == 32);
 static_assert(sizeof(SP_DEVICE_INTERFACE_DATA) == 32);
 static_assert(sizeof(SP_DEVICE_INTERFACE_DETAIL_DATA_W) == 8);

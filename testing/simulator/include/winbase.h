@@ -32,7 +32,7 @@ typedef struct _SECURITY_ATTRIBUTES {
 
 typedef struct _OVERLAPPED {
     ULONG_PTR Internal;      // the operation's status
-    ULONG_PTR InternalHigh;  // the bytes it moved
+    ULONG_PTR InternalHigh;  // the bytes transferred
     union {
         __extension__ struct {
             DWORD Offset;
@@ -61,7 +61,7 @@ typedef enum _GET_FILEEX_INFO_LEVELS {
     GetFileExMaxInfoLevel
 } GET_FILEEX_INFO_LEVELS;
 
-// Pointers on the platform; here what serves as them.
+// The platform has a pointer in each of these; here they contain the POSIX object.
 typedef struct _RTL_SRWLOCK {
     pthread_mutex_t Mutex;
 } SRWLOCK, *PSRWLOCK;
@@ -73,7 +73,7 @@ typedef struct _RTL_CONDITION_VARIABLE {
 #define CONDITION_VARIABLE_INIT \
     { PTHREAD_COND_INITIALIZER }
 
-// An atomic read, so that asking while the simulated kernel completes the operation is no data
+// Reads atomically, so that a query while the simulated kernel completes the operation is no data
 // race.
 #define HasOverlappedIoCompleted(lpOverlapped) \
     ((DWORD)__atomic_load_n(&(lpOverlapped)->Internal, __ATOMIC_ACQUIRE) != STATUS_PENDING)
