@@ -12,7 +12,7 @@ namespace {
 
 using CreateFileFunction = decltype(&CreateFileW);
 
-// Not the name itself: this module's own import may be the one that is replaced.
+// Looks the function up, as this module's own import may be the one that is replaced.
 CreateFileFunction OriginalCreateFile() {
     const auto address = GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "CreateFileW");
     CreateFileFunction function = nullptr;
@@ -24,7 +24,7 @@ bool IsHidPath(const wchar_t* path) {
     return path != nullptr && _wcsnicmp(path, L"\\\\?\\hid#", 8) == 0;
 }
 
-// The driver answers every request of a refused open so.
+// The driver fails every request on the handle of a refused open with this error.
 bool WasRefused(HANDLE file) {
     ULONG buffers = 0;
     return !HidD_GetNumInputBuffers(file, &buffers) && GetLastError() == ERROR_SHARING_VIOLATION;
@@ -51,7 +51,7 @@ T* At(HMODULE module, DWORD offset) {
     return reinterpret_cast<T*>(reinterpret_cast<char*>(module) + offset);
 }
 
-// The place in the module's import table that holds the address of CreateFileW; null without one.
+// Returns the entry of the module's import table for the address of CreateFileW, or null.
 ULONGLONG* FindImport(HMODULE module) {
     const auto* dos = At<IMAGE_DOS_HEADER>(module, 0);
     const auto* nt = At<IMAGE_NT_HEADERS64>(module, static_cast<DWORD>(dos->e_lfanew));

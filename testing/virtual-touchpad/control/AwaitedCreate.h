@@ -1,14 +1,14 @@
-// Wine's CreateFile succeeds before the device's driver has answered; a refused open then fails at
-// the first use of its handle only. For programs that tell apart what CreateFile itself answers.
+// Wine's CreateFile succeeds without waiting for the driver, so a refused open only fails at the
+// first use of its handle. This function is for programs that depend on the result of CreateFile.
 #pragma once
 
 #include <windows.h>
 
 namespace virtual_touchpad {
 
-// From now on a CreateFileW of this module (a loaded program or library) that opens a HID interface
-// fails, as on Windows, when the driver refused it. Throws std::runtime_error when the module does
-// not import CreateFileW.
+// Makes every CreateFileW of this module (a loaded program or library) on a HID interface fail, as
+// on Windows, when the driver refuses the open. Throws std::runtime_error when the module does not
+// import CreateFileW.
 void AwaitCreateAnswers(HMODULE module);
 
 }  // namespace virtual_touchpad

@@ -1,14 +1,14 @@
-/* What the driver and its clients say to each other over a device's control link: the whole binary
- * contract. C, because the driver is; every number is little endian and of a fixed width.
+/* The binary protocol between the driver and its clients over a device's control link. It is C, as
+ * the driver is; every number is little endian and of a fixed width.
  *
- * A client opens the control link (its name behind the usual device prefix) and uses
- * DeviceIoControl. Reports are always the full bytes with the report id first.
+ * A client opens the control link (the usual device prefix and its name) and uses DeviceIoControl.
+ * Reports are always the full bytes with the report id first.
  */
 #pragma once
 
 #include <stdint.h>
 
-/* The device that was plugged under a name has this, and then the name, for its control link. */
+/* The control link's name is this prefix and the name that the device was plugged in with. */
 #define VIRTUAL_HID_LINK_PREFIX L"VirtualTouchpad-"
 
 /* Longest report in either direction, the report id included. */
@@ -33,13 +33,13 @@
 #define IOCTL_VIRTUAL_HID_SET_FEATURE VIRTUAL_HID_IOCTL(4)
 /* in: uint32_t. Not 0: writes stay pending. 0: the held ones go on, in order. */
 #define IOCTL_VIRTUAL_HID_HOLD_WRITES VIRTUAL_HID_IOCTL(5)
-/* in: int32_t, an NTSTATUS. The next output report fails with it and is not recorded; 0 takes an
- * earlier order back. */
+/* in: int32_t, an NTSTATUS. The next output report fails with it and is not recorded; 0 cancels an
+ * earlier request. */
 #define IOCTL_VIRTUAL_HID_FAIL_NEXT_WRITE VIRTUAL_HID_IOCTL(6)
 /* The same for the next feature request of a host, get or set. */
 #define IOCTL_VIRTUAL_HID_FAIL_NEXT_FEATURE VIRTUAL_HID_IOCTL(7)
-/* in: uint32_t, a number of opens that are still let through, whatever their access; those after
- * them fail with a sharing violation. VIRTUAL_HID_UNLIMITED_OPENS, as at first, refuses none. */
+/* in: uint32_t, the number of opens that may still succeed, whatever their access; later ones fail
+ * with a sharing violation. VIRTUAL_HID_UNLIMITED_OPENS, the initial value, removes the limit. */
 #define IOCTL_VIRTUAL_HID_LIMIT_OPENS VIRTUAL_HID_IOCTL(8)
 #define VIRTUAL_HID_UNLIMITED_OPENS 0xFFFFFFFFu
 
@@ -50,9 +50,9 @@ typedef struct VirtualHidState {
     uint32_t readWriteOpens;  /* handles open now with read or write access */
     uint32_t otherOpens;      /* handles open now without either */
     uint32_t heldWrites;      /* writes pending because writes are held */
-    uint32_t queuedInputs;    /* input reports that nobody has fetched yet */
-    uint32_t enumerations;    /* times the system has been told of the device's collections; after
-                               * the second it has dealt with the first to the end */
+    uint32_t queuedInputs;    /* input reports that were not read yet */
+    uint32_t enumerations;    /* times the system has enumerated the device's collections; at the
+                               * second one it has completely processed the first */
     uint32_t reserved;
 } VirtualHidState;
 
@@ -64,14 +64,14 @@ typedef struct VirtualHidOutput {
 } VirtualHidOutput;
 
 /* Registry values of a device, in its hardware key ("Device Parameters"). */
-#define VIRTUAL_HID_VALUE_DESCRIPTOR L"ReportDescriptor" /* REG_BINARY, needed */
-#define VIRTUAL_HID_VALUE_CONTROL_LINK L"ControlLink"    /* REG_SZ, needed */
+#define VIRTUAL_HID_VALUE_DESCRIPTOR L"ReportDescriptor" /* REG_BINARY, required */
+#define VIRTUAL_HID_VALUE_CONTROL_LINK L"ControlLink"    /* REG_SZ, required */
 #define VIRTUAL_HID_VALUE_VENDOR_ID L"VendorId"          /* REG_DWORD, as the next two */
 #define VIRTUAL_HID_VALUE_PRODUCT_ID L"ProductId"
 #define VIRTUAL_HID_VALUE_VERSION L"VersionNumber"
 #define VIRTUAL_HID_VALUE_PRODUCT L"ProductString" /* REG_SZ */
-/* For an output report whose byte 0 a host left 0, though the device has report ids: the byte at
- * this offset of the report tells which id was meant (REG_DWORD each; all three or none). */
+/* For an output report whose byte 0 is 0 although the device has report ids: the byte at this
+ * offset of the report determines the id (REG_DWORD each; all three or none). */
 #define VIRTUAL_HID_VALUE_ID_OFFSET L"OutputIdOffset"
 #define VIRTUAL_HID_VALUE_ID_IF_SET L"OutputIdIfSet"
 #define VIRTUAL_HID_VALUE_ID_IF_CLEAR L"OutputIdIfClear"

@@ -16,7 +16,7 @@ std::uint8_t ByteAt(const Report& report, std::size_t offset) {
     return offset < report.size() ? report[offset] : std::uint8_t{0};
 }
 
-// Bits in one byte, or slots of a byte each that name the usage.
+// Active usages are bits of one byte, or the values of one-byte array slots.
 std::set<std::uint16_t> DecodeActive(const Report& report, bool asArray) {
     std::set<std::uint16_t> active;
     for (std::uint16_t i = 0; i < kActiveUsages; ++i) {

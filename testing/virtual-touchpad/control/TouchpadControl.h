@@ -1,4 +1,4 @@
-// The virtual touchpad as somebody in front of it meets it: buttons to press, lights to look at.
+// The virtual touchpad from the point of view of its user: buttons and lights.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace virtual_touchpad {
 
-// What a light report says.
+// The contents of a light report.
 struct Lights {
     std::map<std::uint16_t, std::uint8_t> brightness;  // by value usage, without the breathing one
     std::set<std::uint16_t> active;                    // of the usages 0x01 to 0x04
@@ -21,7 +21,7 @@ struct Lights {
     bool IsActive(std::uint16_t usage) const { return active.count(usage) != 0; }
 };
 
-// The report has to be a light report of this layout.
+// The report must be a light report of this layout.
 Lights DecodeLights(const Report& report, const TouchpadLayout& layout);
 bool IsLightReport(const OutputReport& report);
 bool IsStateRequest(const OutputReport& report);
@@ -33,15 +33,15 @@ class TouchpadControl {
     VirtualDevice& Device() { return device_; }
     const VirtualDevice& Device() const { return device_; }
 
-    // One input report with the bits of these usages (0x40 to 0x47) set.
+    // Sends one input report with the bits of these usages (0x40 to 0x47) set.
     void SendEvents(std::initializer_list<std::uint16_t> usages);
     void SendEvent(std::uint16_t usage) { SendEvents({usage}); }
-    // The touchpad sends nothing when a button is let go.
+    // The touchpad sends nothing when a button is released.
     void Press(std::uint16_t buttonUsage) { SendEvent(buttonUsage); }
-    // One input report without events, with the firmware's state in the usage 0x48.
+    // Sends one input report without events, with the firmware's state in the usage 0x48.
     void SendFirmwareState(std::uint8_t bits);
 
-    // The last light report after `since`; all dark when there was none.
+    // Returns the lights of the last light report after `since`; all are dark without one.
     Lights CurrentLights(std::uint64_t since = 0) const;
 
  private:

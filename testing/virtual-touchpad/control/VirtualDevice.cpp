@@ -12,7 +12,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Polled, as a pending request would hold the link's handle across an unplug.
+// The client polls, as a pending request would keep the link's handle open across an unplug.
 constexpr std::chrono::milliseconds kPollInterval{2};
 
 std::string Narrow(const std::wstring& text) {

@@ -1,6 +1,6 @@
-// A client of a virtual device's control link: what a test does to the device and what it learns of
-// the hosts. Every function throws std::runtime_error when the device is not there (any more) or
-// refuses. One object may be used from several threads.
+// A client of a virtual device's control link, through which a test drives the device and observes
+// its hosts. Every function throws std::runtime_error when the device is missing or fails the
+// request. One object may be used from several threads.
 #pragma once
 
 #include <chrono>
@@ -23,7 +23,7 @@ struct OutputReport {
 
 class VirtualDevice {
  public:
-    // The name it was plugged in with.
+    // `name` is the one that the device was plugged in with.
     explicit VirtualDevice(const std::wstring& name = L"touchpad");
     ~VirtualDevice();
     VirtualDevice(const VirtualDevice&) = delete;
@@ -36,32 +36,32 @@ class VirtualDevice {
     // Output reports with a higher sequence number, oldest first. The device remembers the last 64.
     std::vector<OutputReport> OutputReports(std::uint64_t since = 0) const;
     std::uint64_t LastSequence() const { return State().outputCount; }
-    // The first report after `since` that satisfies `wanted`; none after the timeout.
+    // Returns the first report after `since` that satisfies `wanted`; none after the timeout.
     std::optional<OutputReport> WaitForOutput(
         const std::function<bool(const OutputReport&)>& wanted, std::chrono::milliseconds timeout,
         std::uint64_t since = 0) const;
-    // The reports after `since`, once there are `count`; fewer after the timeout.
+    // Returns the reports after `since` once there are `count`; fewer after the timeout.
     std::vector<OutputReport> WaitForOutputs(std::size_t count, std::chrono::milliseconds timeout,
                                              std::uint64_t since = 0) const;
 
-    // The stored report; none when it was never set.
+    // Returns the stored report; none when it was never set.
     std::optional<Report> Feature(std::uint8_t reportId) const;
     void SetFeature(const Report& report);
 
-    // While held, hosts' writes stay pending; releasing lets them go on, in order.
+    // While held, hosts' writes stay pending; releasing continues them in order.
     void HoldWrites(bool hold);
     // The next write, or feature request, of a host fails with this NTSTATUS.
     void FailNextWrite(std::int32_t ntstatus);
     void FailNextFeature(std::int32_t ntstatus);
 
     // After `allowed` more opens every open fails with a sharing violation, whatever its access, as
-    // when a driver keeps the device to itself. Without a number none fails any more.
+    // if a driver kept the device for itself. Without an argument the limit ends.
     void LimitOpens(std::uint32_t allowed = VIRTUAL_HID_UNLIMITED_OPENS);
 
     // Handles that hosts have open now with read or write access.
     std::uint32_t Opens() const { return State().readWriteOpens; }
 
-    // Asks again every few milliseconds until it holds; false after the timeout.
+    // Polls every few milliseconds until `wanted` holds; returns false after the timeout.
     bool WaitForState(const std::function<bool(const VirtualHidState&)>& wanted,
                       std::chrono::milliseconds timeout) const;
 

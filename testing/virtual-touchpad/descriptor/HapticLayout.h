@@ -1,6 +1,6 @@
-// A haptic precision touchpad, laid out as such touchpads are: fingers, buttons and scan time as
-// input, several feature reports, and the intensity of its haptic feedback in one of them, between
-// other fields and not on a byte's edge.
+// A haptic precision touchpad with the usual layout: fingers, buttons and scan time as input,
+// several feature reports, and the intensity of its haptic feedback in one of them, between other
+// fields and not byte-aligned.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ struct HapticLayout {
 
 std::vector<std::uint8_t> BuildReportDescriptor(const HapticLayout& layout);
 
-// What a haptics report holds.
+// The fields of a haptics report.
 struct HapticFields {
     std::uint8_t autoTrigger = 0;
     std::uint8_t intensity = 0;

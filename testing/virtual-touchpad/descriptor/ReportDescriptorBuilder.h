@@ -1,5 +1,5 @@
-// Writes HID report descriptors item by item, in the words of the HID standard (USB Device
-// Class Definition for HID 1.11, section 6.2.2).
+// Writes HID report descriptors item by item, with the names of the HID standard (USB Device Class
+// Definition for HID 1.11, section 6.2.2).
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ class ReportDescriptorBuilder {
 
     Self& UsagePage(std::uint16_t page) { return Item(0x04, page); }
     Self& LogicalMinimum(std::uint32_t value) { return Item(0x14, value); }
-    // Written wide enough that the value's top bit is never read as a sign.
+    // Uses enough bytes that the value's top bit is never read as a sign.
     Self& LogicalMaximum(std::uint32_t value) { return SignedItem(0x24, value); }
     Self& ReportSize(std::uint32_t bits) { return Item(0x74, bits); }
     Self& ReportId(std::uint8_t id) { return Item(0x84, id); }

@@ -1,4 +1,4 @@
-// What the HID class driver asks of its minidriver.
+// The requests of the HID class driver to its minidriver.
 #pragma once
 
 #include "HidMinidriver.h"

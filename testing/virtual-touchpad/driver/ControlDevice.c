@@ -5,7 +5,7 @@
 #include "Reports.h"
 
 #define NAME_ROOM (MAX_NAME_CHARS + 16)
-// One of those left to the drivers' makers; no device of the class driver has it.
+// A vendor-defined device type, which no device of the class driver has.
 #define CONTROL_DEVICE_TYPE 0x8043
 
 static void MakeName(UNICODE_STRING* name, WCHAR* buffer, const WCHAR* folder, const WCHAR* link) {
@@ -72,8 +72,8 @@ static void SetNextStatus(VirtualDevice* device, NTSTATUS* place, NTSTATUS statu
     KeReleaseSpinLock(&device->lock, irql);
 }
 
-// `buffer` holds the input and takes the output; `room` is the output's room and `written` its
-// length.
+// `buffer` contains the input and receives the output; `room` is the size for the output and
+// `written` its length.
 static NTSTATUS Control(VirtualDevice* device, ULONG code, void* buffer, ULONG length, ULONG room,
                         ULONG* written) {
     switch (code) {

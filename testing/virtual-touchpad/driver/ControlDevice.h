@@ -1,5 +1,5 @@
-// A virtual device's control link: the device object a test opens to press buttons and to see what
-// hosts wrote.
+// A virtual device's control link: the device object that a test opens to press buttons and to read
+// what hosts wrote.
 #pragma once
 
 #include "VirtualDevice.h"
@@ -7,7 +7,7 @@
 NTSTATUS CreateControlDevice(DRIVER_OBJECT* driver, VirtualDevice* device);
 void DeleteControlDevice(VirtualDevice* device);
 
-// True of a deleted one as well, as long as requests to it are under way.
+// Returns TRUE for a deleted one as well, as long as requests to it are under way.
 BOOLEAN IsControlObject(const DEVICE_OBJECT* object);
-// For requests to a control device.
+// Handles requests to a control device.
 NTSTATUS DispatchControlRequest(VirtualDevice* device, IRP* irp);

@@ -2,7 +2,7 @@
 
 #include "../control/ControlProtocol.h"
 
-// Reads a value of the given type; `size` is the room in bytes and then the length found.
+// Reads a value of the given type; `size` is the buffer's size on entry and the value's on return.
 static NTSTATUS ReadValue(HANDLE key, const WCHAR* name, ULONG type, void* data, ULONG* size) {
     UNICODE_STRING valueName;
     KEY_VALUE_PARTIAL_INFORMATION* value;

@@ -1,4 +1,4 @@
-// What a virtual device is, read from its hardware key in the registry.
+// The configuration of a virtual device, read from its hardware key in the registry.
 #pragma once
 
 #include "HidMinidriver.h"
@@ -14,7 +14,7 @@ typedef struct DeviceConfiguration {
     USHORT versionNumber;
     WCHAR productString[MAX_NAME_CHARS];
     WCHAR controlLink[MAX_NAME_CHARS];
-    // The report id for an output report that came without one.
+    // The rule for the report id of an output report that has none.
     BOOLEAN fillsOutputId;
     ULONG outputIdOffset;
     UCHAR outputIdIfSet;

@@ -1,8 +1,8 @@
-// A HID minidriver whose devices have no hardware: what each is stands in the registry, and what it
-// does comes over its control link.
+// A HID minidriver for devices without hardware: the registry contains their configuration, and
+// programs drive them over their control links.
 //
-// Built with MinGW and run on Wine's HID stack. It keeps to the documented interfaces, so that the
-// WDK should build it for Windows too; that is untried.
+// It is built with MinGW and runs on Wine's HID stack. It uses documented interfaces, except for
+// two that README.md lists, so the WDK should build it for Windows too; that is untried.
 #include "ClassRequests.h"
 #include "ControlDevice.h"
 #include "HostRequests.h"
@@ -44,9 +44,9 @@ static NTSTATUS NTAPI DispatchMinidriverPnp(DEVICE_OBJECT* functionDevice, IRP* 
     if (minor == IRP_MN_REMOVE_DEVICE || minor == IRP_MN_SURPRISE_REMOVAL) {
         VirtualDevice* device = FindByFunctionDevice(functionDevice);
         if (device != NULL) {
-            // Closed, not just emptied: the class driver's thread may be sending its next read. It
-            // would wait for that for ever, and the removal for the thread. What is removed never
-            // starts again; a device that comes back is added anew.
+            // The queues are closed, not just emptied: the class driver's thread may be sending its
+            // next read, and would wait for it for ever, as the removal would for the thread. A
+            // removed device never starts again; one that comes back is added anew.
             CloseIrpQueue(&device->heldWrites, STATUS_DEVICE_NOT_CONNECTED);
             CloseIrpQueue(&device->reads, STATUS_DEVICE_NOT_CONNECTED);
             DeleteControlDevice(device);

@@ -1,6 +1,6 @@
 #include "Reports.h"
 
-// The stored report with this id, or the free place for it, or null. The caller holds the lock.
+// Returns the stored report with this id, a free place for it, or null. The caller holds the lock.
 static Report* FindFeature(VirtualDevice* device, UCHAR id) {
     for (ULONG i = 0; i < MAX_FEATURES; ++i) {
         Report* report = &device->features[i];
@@ -37,7 +37,7 @@ NTSTATUS ReadFeature(VirtualDevice* device, UCHAR* bytes, ULONG length) {
         const Report* report = FindFeature(device, bytes[0]);
         const ULONG stored = report != NULL ? min(report->length, length) : 0;
         if (stored != 0) RtlCopyMemory(bytes, report->bytes, stored);
-        // The id stays in byte 0 when nothing is stored.
+        // Byte 0 keeps the report id when nothing is stored.
         if (stored < length) RtlZeroMemory(bytes + max(stored, 1), length - max(stored, 1));
         ++device->featureGetCount;
     }

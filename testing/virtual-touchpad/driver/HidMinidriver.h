@@ -9,8 +9,8 @@
 #include <hidusage.h>
 #include <hidclass.h>
 
-// MinGW has no hidport.h. These are its declarations, after the platform's documentation of HID
-// minidrivers.
+// MinGW has no hidport.h. These are its declarations, according to the platform's documentation of
+// HID minidrivers.
 #define HID_MINIDRIVER_CTL(n) CTL_CODE(FILE_DEVICE_KEYBOARD, n, METHOD_NEITHER, FILE_ANY_ACCESS)
 #undef IOCTL_HID_GET_DEVICE_DESCRIPTOR
 #undef IOCTL_HID_GET_REPORT_DESCRIPTOR
@@ -75,8 +75,8 @@ NTSTATUS NTAPI HidRegisterMinidriver(HID_MINIDRIVER_REGISTRATION* registration);
 
 #endif
 
-// The string ids of IOCTL_HID_GET_STRING on Windows. Wine's class driver asks with those of
-// HID_STRING_TYPE as MinGW has it.
+// The string ids of IOCTL_HID_GET_STRING on Windows. Wine's class driver uses those of MinGW's
+// HID_STRING_TYPE.
 #define WINDOWS_STRING_ID_MANUFACTURER 14
 #define WINDOWS_STRING_ID_PRODUCT 15
 #define WINDOWS_STRING_ID_SERIAL_NUMBER 16

@@ -19,11 +19,11 @@ static NTSTATUS Create(VirtualDevice* device, DEVICE_OBJECT* collection, IRP* ir
 }
 
 // Wine's HidP_SetUsages and HidP_SetUsageValue leave the report id of a zeroed report at 0, and its
-// class driver then refuses the write. Windows has placed the id by now.
+// class driver then refuses the write. Windows has set the id by now.
 static void FillOutputId(const DeviceConfiguration* configuration, IRP* irp) {
     const ULONG length = IoGetCurrentIrpStackLocation(irp)->Parameters.Write.Length;
     UCHAR* report = irp->UserBuffer;
-    // With an MDL, as on Windows, the user's address is not for a driver to touch.
+    // A driver must not access the user's address of a request with an MDL, as on Windows.
     if (!configuration->fillsOutputId || irp->MdlAddress != NULL || report == NULL) return;
     if (length == 0 || report[0] != 0) return;
     const BOOLEAN isSet =
@@ -59,8 +59,8 @@ static NTSTATUS HostRequest(VirtualDevice* device, DEVICE_OBJECT* collection, IR
     const IO_STACK_LOCATION* stack = IoGetCurrentIrpStackLocation(irp);
     const UCHAR major = stack->MajorFunction;
     if (major == IRP_MJ_CREATE) return Create(device, collection, irp);
-    // Wine's CreateFile succeeds whatever the driver answers to the create request. A handle that
-    // was refused is refused again at each use; the class driver has never seen it.
+    // Wine's CreateFile succeeds even when the driver fails the create request. So every use of a
+    // refused handle fails here; the class driver has never received its create request.
     if (stack->FileObject != NULL && !IsOpen(device, stack->FileObject)) {
         return CompleteIrp(irp, major == IRP_MJ_CLOSE ? STATUS_SUCCESS : STATUS_SHARING_VIOLATION,
                            0);
@@ -81,8 +81,8 @@ static NTSTATUS NTAPI Dispatch(DEVICE_OBJECT* object, IRP* irp) {
     VirtualDevice* device;
     if (IsControlObject(object)) {
         device = FindByControlDevice(object);
-        // On its way while the device was removed. The class driver would take it for one of its
-        // own devices and spin on what is no lock.
+        // The device was removed while the request was under way. The class driver would treat the
+        // object as one of its own devices and spin on memory that is no lock.
         if (device == NULL) return CompleteIrp(irp, STATUS_DEVICE_NOT_CONNECTED, 0);
         status = DispatchControlRequest(device, irp);
     } else if ((device = FindByCollection(object)) != NULL) {
@@ -94,10 +94,10 @@ static NTSTATUS NTAPI Dispatch(DEVICE_OBJECT* object, IRP* irp) {
     return status;
 }
 
-// Wine starts a device's collections, whose interfaces appear then, and only afterwards notes whose
-// they are; those of a device that is removed in between stay behind for ever. It deals with one
-// invalidation after the other, so it is asked to ask again: when it does, the collections are
-// noted.
+// Wine starts a device's collections, which makes their interfaces appear, and only afterwards
+// records their owner; the interfaces of a device that is removed in between stay for ever. Wine
+// processes one invalidation after the other, so the driver requests a second enumeration: when it
+// arrives, the owner is recorded.
 static void CountEnumeration(VirtualDevice* device, DEVICE_OBJECT* physicalDevice) {
     BOOLEAN isFirst;
     KIRQL irql;
@@ -107,18 +107,18 @@ static void CountEnumeration(VirtualDevice* device, DEVICE_OBJECT* physicalDevic
     if (isFirst) IoInvalidateDeviceRelations(physicalDevice, BusRelations);
 }
 
-// The collections of a device are what the class driver answers for its bus relations.
+// The class driver returns the collections of a device as its bus relations.
 static NTSTATUS NTAPI DispatchPnp(DEVICE_OBJECT* object, IRP* irp) {
     const IO_STACK_LOCATION* stack = IoGetCurrentIrpStackLocation(irp);
-    const BOOLEAN asksForCollections = stack->MinorFunction == IRP_MN_QUERY_DEVICE_RELATIONS &&
+    const BOOLEAN queriesCollections = stack->MinorFunction == IRP_MN_QUERY_DEVICE_RELATIONS &&
                                        stack->Parameters.QueryDeviceRelations.Type == BusRelations;
-    // The request is gone when the class driver returns; its sender's status block is not.
-    const IO_STATUS_BLOCK* answer = irp->UserIosb;
-    VirtualDevice* device = asksForCollections ? FindByFunctionDevice(object) : NULL;
+    // The request may be freed when the class driver returns; its sender's status block is not.
+    const IO_STATUS_BLOCK* result = irp->UserIosb;
+    VirtualDevice* device = queriesCollections ? FindByFunctionDevice(object) : NULL;
     const NTSTATUS status = PassToClassDriver(object, irp);
     if (device == NULL) return status;
-    if (status == STATUS_SUCCESS && answer != NULL && answer->Information != 0) {
-        const DEVICE_RELATIONS* collections = (const DEVICE_RELATIONS*)answer->Information;
+    if (status == STATUS_SUCCESS && result != NULL && result->Information != 0) {
+        const DEVICE_RELATIONS* collections = (const DEVICE_RELATIONS*)result->Information;
         const HID_DEVICE_EXTENSION* extension = object->DeviceExtension;
         SetCollections(device, collections);
         if (collections->Count != 0) CountEnumeration(device, extension->PhysicalDeviceObject);

@@ -1,10 +1,10 @@
-// The requests that hosts send to the collections, seen before the HID class driver sees them.
+// Handles hosts' requests to the collections before the HID class driver receives them.
 #pragma once
 
 #include "VirtualDevice.h"
 
-// Puts itself in front of the dispatch routines that HidRegisterMinidriver has set.
+// Replaces the dispatch routines that HidRegisterMinidriver has set by ones that call them.
 void WrapClassDriver(DRIVER_OBJECT* driver);
 
-// While held, hosts' writes stay pending; releasing lets them go on in order.
+// While held, hosts' writes stay pending; releasing continues them in order.
 void HoldWrites(VirtualDevice* device, BOOLEAN hold);

@@ -1,6 +1,6 @@
 #include "Reports.h"
 
-// Takes the oldest input and the oldest read, if both are there.
+// Removes the oldest input report and the oldest read from their queues, if there are both.
 static IRP* MatchReadWithInput(VirtualDevice* device, Report* report) {
     IRP* irp = NULL;
     KIRQL irql;

@@ -1,6 +1,6 @@
 #include "IrpQueue.h"
 
-// One lock for all queues, so that a cancel routine needs nothing of a queue that may be gone.
+// All queues share one lock, so that a cancel routine needs no queue, which may be freed.
 static KSPIN_LOCK queuesLock;
 
 void InitializeIrpQueues(void) { KeInitializeSpinLock(&queuesLock); }
@@ -36,8 +36,9 @@ NTSTATUS PushIrp(IrpQueue* queue, IRP* irp) {
         return queue->closedStatus;
     }
     IoSetCancelRoutine(irp, CancelQueuedIrp);
-    // Cancelled before the routine was set: nobody else will complete it. If the routine is gone,
-    // it runs already, waits for the lock and expects to find the request in the queue.
+    // A request cancelled before the routine was set is completed by the caller. If the routine is
+    // already reset, it is running: it waits for the lock and then unlinks the request from the
+    // queue.
     if (irp->Cancel && IoSetCancelRoutine(irp, NULL) != NULL) {
         KeReleaseSpinLock(&queuesLock, irql);
         return STATUS_CANCELLED;
@@ -58,7 +59,7 @@ IRP* PopIrp(IrpQueue* queue) {
         if (IoSetCancelRoutine(irp, NULL) != NULL) {
             found = irp;
         } else {
-            // Its cancel routine waits for the lock and will unlink it once more.
+            // The cancel routine of this request waits for the lock and will unlink it again.
             InitializeListHead(entry);
         }
     }
@@ -82,6 +83,7 @@ void CloseIrpQueue(IrpQueue* queue, NTSTATUS status) {
     queue->closed = TRUE;
     queue->closedStatus = status;
     KeReleaseSpinLock(&queuesLock, irql);
-    // Nothing comes after these. Completed without the lock, as whoever sent them may send more.
+    // No request follows these. They are completed without the lock, as their senders may send
+    // more.
     for (IRP* irp = PopIrp(queue); irp != NULL; irp = PopIrp(queue)) CompleteIrp(irp, status, 0);
 }

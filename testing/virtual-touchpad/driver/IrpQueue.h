@@ -9,19 +9,20 @@ typedef struct IrpQueue {
     NTSTATUS closedStatus;
 } IrpQueue;
 
-// Once, before the first queue.
+// Called once, before the first queue is initialized.
 void InitializeIrpQueues(void);
 
 void InitializeIrpQueue(IrpQueue* queue);
-// STATUS_PENDING for a queued request. With any other status the request was cancelled already or
-// the queue is closed, and it is the caller's to complete with that status, outside of its locks.
+// Returns STATUS_PENDING for a queued request. With any other status the request is cancelled or
+// the queue is closed, and the caller completes the request with that status, without holding a
+// lock.
 NTSTATUS PushIrp(IrpQueue* queue, IRP* irp);
-// Null when the queue is empty. The request is the caller's to complete.
+// Returns null when the queue is empty. The caller completes the request.
 IRP* PopIrp(IrpQueue* queue);
 ULONG CountIrps(IrpQueue* queue);
 
 // Completes the request without a priority boost; returns `status`.
 NTSTATUS CompleteIrp(IRP* irp, NTSTATUS status, ULONG_PTR information);
-// Completes every queued request with `status` and refuses those pushed from now on with it, for
-// good: some may be on their way already.
+// Completes every queued request with `status` and makes PushIrp fail with it from now on, as more
+// requests may be under way.
 void CloseIrpQueue(IrpQueue* queue, NTSTATUS status);

@@ -6,7 +6,8 @@ typedef struct Open {
     OpenMode mode;
 } Open;
 
-// In ntoskrnl, though not in its headers. The class is ObjectBasicInformation.
+// ntoskrnl exports ZwQueryObject, but its headers do not declare it. The class is
+// ObjectBasicInformation.
 #define OBJECT_BASIC_INFORMATION_CLASS 0
 typedef struct ObjectBasicInformation {
     ULONG attributes;
@@ -21,7 +22,7 @@ static HANDLE driverProcess;
 void InitializeOpens(void) { driverProcess = PsGetCurrentProcessId(); }
 
 static BOOLEAN GrantedThrough(LONG_PTR handle, const FILE_OBJECT* file, ACCESS_MASK* access) {
-    // CreateFile asks for these always. Most other handles lack one and are passed over cheaply.
+    // CreateFile always requests these. Most other handles lack one and are skipped cheaply.
     const ACCESS_MASK always = SYNCHRONIZE | FILE_READ_ATTRIBUTES;
     ObjectBasicInformation information;
     void* object;
@@ -37,10 +38,9 @@ static BOOLEAN GrantedThrough(LONG_PTR handle, const FILE_OBJECT* file, ACCESS_M
     return object == file;
 }
 
-// A create request on Wine comes without a security context, but the driver's process holds a
-// handle of the file being opened, granted what the opener asked for. Its value is the lowest that
-// is free, so mostly the same as the last time; Wine leaves a dozen others behind at each plugging
-// in.
+// A create request on Wine has no security context, but the driver's process has a handle of the
+// file being opened, with the access that the opener requested. Its value is the lowest free one,
+// so mostly the same as the last time; Wine leaves a dozen other handles open at each plugging in.
 static ACCESS_MASK AccessOfFile(const FILE_OBJECT* file) {
     static LONG_PTR lastFound = 4;
     const LONG_PTR farthest = 0x20000;
@@ -64,7 +64,7 @@ OpenMode OpenModeOf(IRP* createIrp) {
                      stack->Parameters.Create.ShareAccess & (FILE_SHARE_READ | FILE_SHARE_WRITE)};
     ACCESS_MASK access = 0;
     // At a device's first input report Wine's raw input opens every HID device with read and write
-    // access, from the process that runs the drivers, and keeps it open. That is no host.
+    // access, from the process that runs the drivers, and keeps it open. This is not a host.
     if (PsGetCurrentProcessId() == driverProcess) return mode;
     access = context != NULL ? context->DesiredAccess : AccessOfFile(stack->FileObject);
     if (access & (FILE_READ_DATA | GENERIC_READ)) mode.access |= FILE_SHARE_READ;

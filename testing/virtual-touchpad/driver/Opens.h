@@ -1,5 +1,5 @@
-// Who has a device open, and the share modes between them, which Wine's HID class driver leaves to
-// nobody.
+// The open handles of a device and their share modes, which Wine's HID class driver does not
+// enforce.
 #pragma once
 
 #include "VirtualDevice.h"
@@ -10,12 +10,12 @@ typedef struct OpenMode {
     ULONG share;
 } OpenMode;
 
-// Once, from the driver's entry point.
+// Called once, from the driver's entry point.
 void InitializeOpens(void);
 
 OpenMode OpenModeOf(IRP* createIrp);
 
-// STATUS_SHARING_VIOLATION when it conflicts with an open that is there, or no further open is
+// Returns STATUS_SHARING_VIOLATION when it conflicts with an existing open, or no further open is
 // allowed. An open without read and write access conflicts with none.
 NTSTATUS AddOpen(VirtualDevice* device, const FILE_OBJECT* file, OpenMode mode);
 BOOLEAN IsOpen(VirtualDevice* device, const FILE_OBJECT* file);

@@ -4,10 +4,10 @@
 
 #include "VirtualDevice.h"
 
-// Input. Queues the report and hands queued reports to waiting reads. When too many wait, the
-// oldest is dropped.
+// Input. Queues the report and completes waiting reads with queued reports. A full queue drops its
+// oldest report.
 NTSTATUS QueueInput(VirtualDevice* device, const UCHAR* bytes, ULONG length);
-// A read of the class driver; returns what its dispatch routine has to return.
+// Queues a read of the class driver; returns the status for its dispatch routine.
 NTSTATUS QueueRead(VirtualDevice* device, IRP* irp);
 
 // Output.
@@ -16,9 +16,9 @@ NTSTATUS RecordOutput(VirtualDevice* device, const UCHAR* bytes, ULONG length);
 ULONG CopyOutputsSince(VirtualDevice* device, ULONGLONG sequence, VirtualHidOutput* outputs,
                        ULONG room);
 
-// Features, as a host asks for them. An id that nobody has set reads as zeros.
+// Features, for hosts. An id that was never set reads as zeros.
 NTSTATUS ReadFeature(VirtualDevice* device, UCHAR* bytes, ULONG length);
 NTSTATUS WriteFeature(VirtualDevice* device, const UCHAR* bytes, ULONG length);
-// Features, as the control link asks for them.
+// Features, for the control link.
 NTSTATUS GetStoredFeature(VirtualDevice* device, UCHAR id, UCHAR* bytes, ULONG room, ULONG* length);
 NTSTATUS StoreFeature(VirtualDevice* device, const UCHAR* bytes, ULONG length);

@@ -1,4 +1,4 @@
-// One virtual device: its configuration, what hosts have done to it, and who has it open.
+// One virtual device: its configuration, the reports of its hosts, and their open handles.
 #pragma once
 
 #include "../control/ControlProtocol.h"
@@ -19,7 +19,7 @@ typedef struct VirtualDevice {
     LONG references;
     DeviceConfiguration configuration;
     // The device objects that belong to it: the class driver's function device, the collections it
-    // exposes, and our control device.
+    // exposes, and its control device.
     DEVICE_OBJECT* functionDevice;
     DEVICE_OBJECT* collections[MAX_COLLECTIONS];
     DEVICE_OBJECT* controlDevice;
@@ -29,7 +29,7 @@ typedef struct VirtualDevice {
 
     KSPIN_LOCK lock;  // guards: all below
     LIST_ENTRY opens;
-    ULONG allowedOpens;  // still to come; VIRTUAL_HID_UNLIMITED_OPENS: no limit
+    ULONG allowedOpens;  // still allowed; VIRTUAL_HID_UNLIMITED_OPENS: no limit
     BOOLEAN holdsWrites;
     NTSTATUS nextWriteStatus;
     NTSTATUS nextFeatureStatus;
@@ -46,17 +46,18 @@ typedef struct VirtualDevice {
 
 void InitializeVirtualDevices(void);
 
-// Each returns a reference that ReleaseVirtualDevice gives back; null when there is none.
+// Each returns a reference, which the caller gives to ReleaseVirtualDevice, or null.
 VirtualDevice* CreateVirtualDevice(DEVICE_OBJECT* functionDevice);
 VirtualDevice* FindByFunctionDevice(const DEVICE_OBJECT* device);
 VirtualDevice* FindByCollection(const DEVICE_OBJECT* device);
 VirtualDevice* FindByControlDevice(const DEVICE_OBJECT* device);
 void ReleaseVirtualDevice(VirtualDevice* device);
-// Takes it off the list: it is found no more, and its creator's reference is given back.
+// Removes the device from the list that the Find functions search, and releases its creator's
+// reference.
 void ForgetVirtualDevice(VirtualDevice* device);
 
 void SetCollections(VirtualDevice* device, const DEVICE_RELATIONS* relations);
 
 // Takes over a reference to the device object. Wine still dispatches the requests that were under
-// way when it was deleted, so it is freed only after some more have been retired.
+// way when it was deleted, so it is freed only after 64 others have been retired.
 void RetireDeviceObject(DEVICE_OBJECT* object);

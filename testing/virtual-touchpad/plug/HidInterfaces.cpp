@@ -12,7 +12,7 @@ namespace virtual_touchpad {
 namespace {
 
 std::wstring SerialNumber(const std::wstring& path) {
-    // Without read and write access this opens what somebody else holds exclusively.
+    // Opening without read and write access succeeds even if a host has the device exclusively.
     const HANDLE file = CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) return {};

@@ -1,12 +1,12 @@
-// Which HID interface of this machine belongs to which virtual device.
+// Finds the HID interface of a virtual device.
 #pragma once
 
 #include <string>
 
 namespace virtual_touchpad {
 
-// The path of the HID interface whose serial number is this control link's name (the driver answers
-// so); empty when there is none.
+// Returns the path of the HID interface whose serial number is this control link's name (as the
+// driver sets it), or an empty path.
 std::wstring FindHidPath(const std::wstring& controlLink);
 
 }  // namespace virtual_touchpad

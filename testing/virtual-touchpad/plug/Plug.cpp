@@ -14,9 +14,9 @@
 namespace virtual_touchpad {
 namespace {
 
-// Far beyond what it takes; a first start on a busy machine is the slowest.
+// Far longer than needed; a first start on a busy machine is the slowest.
 constexpr std::chrono::seconds kPatience{5};
-// On a loaded machine Wine now and then loses a device's arrival; plugged again, it appears.
+// On a busy machine Wine occasionally loses a device's arrival; plugged in again, it appears.
 constexpr int kPlugAttempts = 3;
 constexpr std::chrono::milliseconds kPollInterval{10};
 
@@ -70,9 +70,9 @@ std::filesystem::path DefaultDriverFolder() {
 
 namespace {
 
-// The system shows the HID interface before it has noted whose it is; it would stay behind if the
-// device were removed in between.
-bool IsNoted(const std::wstring& name) {
+// The system exposes the HID interface before it records the device that owns it; if the device
+// were removed in between, the interface would stay.
+bool IsOwnerRecorded(const std::wstring& name) {
     try {
         return VirtualDevice(name).State().enumerations >= 2;
     } catch (const std::runtime_error&) {
@@ -80,8 +80,8 @@ bool IsNoted(const std::wstring& name) {
     }
 }
 
-// The path of the HID interface; empty when it did not appear or the system was not done with it,
-// and the device is gone again then.
+// Returns the path of the HID interface. When the interface does not appear or its owner is not
+// recorded in time, removes the device and returns an empty path.
 std::wstring TryToPlug(const DeviceSettings& settings, const std::wstring& name,
                        const std::filesystem::path& driverFolder) {
     const std::wstring link = ControlLink(name);
@@ -90,7 +90,7 @@ std::wstring TryToPlug(const DeviceSettings& settings, const std::wstring& name,
         StartRootDevice(name, driverFolder);
         std::wstring path;
         if (WaitUntil([&] { return !(path = FindHidPath(link)).empty(); }) &&
-            WaitUntil([&] { return IsNoted(name); })) {
+            WaitUntil([&] { return IsOwnerRecorded(name); })) {
             return path;
         }
         RemoveRootDevice(name);
@@ -99,7 +99,7 @@ std::wstring TryToPlug(const DeviceSettings& settings, const std::wstring& name,
         try {
             RemoveRootDevice(name);
         } catch (const std::runtime_error&) {
-            // The first failure is the one to tell.
+            // The first failure is the one to report.
         }
         throw;
     }

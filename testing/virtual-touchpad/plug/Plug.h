@@ -1,5 +1,5 @@
-// Plugs virtual devices in and out of this machine, from code. Every function throws
-// std::runtime_error with one line that says what failed.
+// Plugs virtual devices into this machine and out of it. Every function throws std::runtime_error
+// with a message of one line.
 #pragma once
 
 #include <cstdint>
@@ -13,14 +13,15 @@
 
 namespace virtual_touchpad {
 
-// For an output report whose byte 0 a host left 0: the byte at `offset` tells which id was meant.
+// The id of an output report whose byte 0 is 0: `idIfSet` when the byte at `offset` is not 0, else
+// `idIfClear`.
 struct OutputIdRule {
     std::uint32_t offset = 0;
     std::uint8_t idIfSet = 0;
     std::uint8_t idIfClear = 0;
 };
 
-// Any virtual HID device, as the driver is told of it.
+// The configuration of any virtual HID device, which the driver reads.
 struct DeviceSettings {
     std::vector<std::uint8_t> reportDescriptor;
     std::uint16_t vendorId = 0;
@@ -40,11 +41,11 @@ struct PluggedDevice {
 
 constexpr wchar_t kDefaultName[] = L"touchpad";
 
-// Where vtouchpad.inf, .sys and .cat are: the folder "virtual-touchpad" beside this program.
+// The folder of vtouchpad.inf, .sys and .cat: "virtual-touchpad" beside this program.
 std::filesystem::path DefaultDriverFolder();
 
-// Returns when the HID interface is there and the system is done with it, with its path. A name
-// holds letters, digits, '-' and '_' and is told apart without regard to case.
+// Returns the path of the HID interface once it exists and the system has recorded its owner. A
+// name consists of letters, digits, '-' and '_'; case does not matter.
 std::wstring Plug(const DeviceSettings& settings, const std::wstring& name = kDefaultName,
                   const std::filesystem::path& driverFolder = DefaultDriverFolder());
 std::wstring Plug(const TouchpadLayout& layout, const std::wstring& name = kDefaultName,
@@ -54,7 +55,7 @@ void Unplug(const std::wstring& name = kDefaultName);
 
 std::vector<PluggedDevice> PluggedDevices();
 
-// For tests: one that was ended may have left devices behind.
+// For tests: one that was killed may have left devices behind.
 void UnplugAll();
 
 }  // namespace virtual_touchpad

@@ -14,7 +14,7 @@ namespace {
 constexpr GUID kHidClass = {
     0x745A17A0, 0x74D3, 0x11D0, {0xB6, 0xFE, 0x00, 0xA0, 0xC9, 0x0F, 0x57, 0xDA}};
 constexpr wchar_t kEnumerator[] = L"ROOT\\VTOUCHPAD\\";
-// With the second null character that ends a list of strings.
+// Includes the second null character that ends a list of strings.
 constexpr wchar_t kHardwareIds[] = L"root\\VTOUCHPAD\0";
 
 class HardwareKey {
@@ -143,8 +143,8 @@ void StartRootDevice(const std::wstring& name, const std::filesystem::path& driv
     }
     ChooseDriver(device, inf);
     CopyDriver(device, driverFolder);
-    // The steps of UpdateDriverForPlugAndPlayDevices, for this device alone: that would start the
-    // other plugged devices anew.
+    // The steps of UpdateDriverForPlugAndPlayDevices, for this device only: that function would
+    // restart the other plugged devices.
     device.Install(DIF_REGISTER_COINSTALLERS, "cannot register the driver's installers");
     device.Install(DIF_INSTALLINTERFACES, "cannot install the driver's interfaces");
     device.Install(DIF_INSTALLDEVICE, "cannot install the driver");

@@ -1,5 +1,5 @@
-// Root enumerated devices of the virtual HID driver: registering, installing and removing them with
-// SETUPAPI. Every function throws std::runtime_error with one line that says what failed.
+// Registers, installs and removes root enumerated devices of the virtual HID driver with SETUPAPI.
+// Every function throws std::runtime_error with a message of one line.
 #pragma once
 
 #include <filesystem>
@@ -10,11 +10,10 @@
 
 namespace virtual_touchpad {
 
-// The device is known to the machine afterwards, and its configuration in the registry, but no
-// driver runs it yet.
+// Registers the device and writes its configuration to the registry; no driver runs it yet.
 void RegisterRootDevice(const std::wstring& name, const std::wstring& controlLink,
                         const DeviceSettings& settings);
-// Installs the driver, if that was not done before, and starts it for this device.
+// Installs the driver, if it is not installed yet, and starts it for this device.
 void StartRootDevice(const std::wstring& name, const std::filesystem::path& driverFolder);
 void RemoveRootDevice(const std::wstring& name);
 

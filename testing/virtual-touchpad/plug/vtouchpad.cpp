@@ -1,5 +1,4 @@
-// vtouchpad: plugs virtual touchpads into this machine and out of it, presses their buttons and
-// tells their lights.
+// vtouchpad: plugs virtual touchpads in and out, presses their buttons and prints their lights.
 #include <CLI/CLI.hpp>
 
 #include <iostream>
@@ -41,7 +40,7 @@ struct TouchpadArguments : Arguments {
     TouchpadLayout layout;
 };
 
-// What a person can do to a plugged touchpad, as its event usages.
+// The names of the event usages on the command line.
 const std::map<std::string, std::uint16_t> kEvents = {
     {"sync", 0x40},       {"camera", 0x41},  {"share-screen", 0x42}, {"chat", 0x43},
     {"microphone", 0x44}, {"gesture", 0x45}, {"enabled", 0x46},      {"disabled", 0x47}};
@@ -118,7 +117,7 @@ void Press(const PressArguments& arguments) {
     for (const std::uint16_t event : arguments.events) touchpad.SendEvent(event);
 }
 
-// A button's lights: of two, the one for on comes first.
+// The lights of a button; with two of them, the one for on comes first.
 struct LightNames {
     const char* name;
     std::uint16_t active;
@@ -144,8 +143,7 @@ void ShowLights(const Arguments& arguments) {
 
 }  // namespace
 
-// What the set-up of the arguments throws is a mistake in it, found by the first run.
-// NOLINTNEXTLINE(bugprone-exception-escape)
+// Exceptions of the argument set-up are mistakes in it, which the first run reveals.
 int main(int argc, char** argv) {
     TouchpadArguments touchpad;
     HapticArguments haptic;
