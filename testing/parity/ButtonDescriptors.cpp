@@ -5,7 +5,7 @@
 namespace parity {
 namespace {
 
-// Whole bytes of buttons without padding, then a range across a byte's edge.
+// Whole bytes of buttons without padding, then a range across a byte boundary.
 Bytes ButtonsWithoutPadding() {
     return Closed(Application()
                       .Buttons(Main::Output, 0x01, 0x10)

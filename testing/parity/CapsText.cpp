@@ -16,8 +16,8 @@ std::string Range(unsigned minimum, unsigned maximum, int digits = 4) {
 }
 
 template <typename Caps>
-std::vector<Entry::Answer> CommonAnswers(const Caps& caps) {
-    std::vector<Entry::Answer> answers{
+std::vector<Entry::Result> CommonResults(const Caps& caps) {
+    std::vector<Entry::Result> results{
         {"page", Hex(caps.UsagePage, 4)},
         {"id", Hex(caps.ReportID, 2)},
         {"alias", Numbers({caps.IsAlias})},
@@ -28,25 +28,25 @@ std::vector<Entry::Answer> CommonAnswers(const Caps& caps) {
     };
     if (caps.IsRange) {
         const auto& range = caps.Range;
-        answers.emplace_back("usages", Range(range.UsageMin, range.UsageMax));
-        answers.emplace_back("data indices", Range(range.DataIndexMin, range.DataIndexMax));
+        results.emplace_back("usages", Range(range.UsageMin, range.UsageMax));
+        results.emplace_back("data indices", Range(range.DataIndexMin, range.DataIndexMax));
     } else {
-        answers.emplace_back("usage", Hex(caps.NotRange.Usage, 4));
-        answers.emplace_back("data index", Hex(caps.NotRange.DataIndex, 4));
+        results.emplace_back("usage", Hex(caps.NotRange.Usage, 4));
+        results.emplace_back("data index", Hex(caps.NotRange.DataIndex, 4));
     }
-    answers.emplace_back("strings", caps.IsStringRange
+    results.emplace_back("strings", caps.IsStringRange
                                         ? Range(caps.Range.StringMin, caps.Range.StringMax)
                                         : Hex(caps.NotRange.StringIndex, 4));
-    answers.emplace_back("designators",
+    results.emplace_back("designators",
                          caps.IsDesignatorRange
                              ? Range(caps.Range.DesignatorMin, caps.Range.DesignatorMax)
                              : Hex(caps.NotRange.DesignatorIndex, 4));
-    return answers;
+    return results;
 }
 
 }  // namespace
 
-std::vector<Entry::Answer> AnswersOf(const HIDP_CAPS& caps) {
+std::vector<Entry::Result> ResultsOf(const HIDP_CAPS& caps) {
     return {
         {"usage", Hex(caps.UsagePage, 4) + Hex(caps.Usage, 4)},
         {"report lengths", Numbers({caps.InputReportByteLength, caps.OutputReportByteLength,
@@ -61,19 +61,19 @@ std::vector<Entry::Answer> AnswersOf(const HIDP_CAPS& caps) {
     };
 }
 
-std::vector<Entry::Answer> AnswersOf(const HIDP_BUTTON_CAPS& caps) { return CommonAnswers(caps); }
+std::vector<Entry::Result> ResultsOf(const HIDP_BUTTON_CAPS& caps) { return CommonResults(caps); }
 
-std::vector<Entry::Answer> AnswersOf(const HIDP_VALUE_CAPS& caps) {
-    std::vector<Entry::Answer> answers = CommonAnswers(caps);
-    answers.emplace_back("null", Numbers({caps.HasNull}));
-    answers.emplace_back("bits", Numbers({caps.BitSize}));
-    answers.emplace_back("count", Numbers({caps.ReportCount}));
-    answers.emplace_back("unit", Hex(caps.Units, 8) + " " + Hex(caps.UnitsExp, 8));
-    answers.emplace_back("logical",
+std::vector<Entry::Result> ResultsOf(const HIDP_VALUE_CAPS& caps) {
+    std::vector<Entry::Result> results = CommonResults(caps);
+    results.emplace_back("null", Numbers({caps.HasNull}));
+    results.emplace_back("bits", Numbers({caps.BitSize}));
+    results.emplace_back("count", Numbers({caps.ReportCount}));
+    results.emplace_back("unit", Hex(caps.Units, 8) + " " + Hex(caps.UnitsExp, 8));
+    results.emplace_back("logical",
                          std::to_string(caps.LogicalMin) + " " + std::to_string(caps.LogicalMax));
-    answers.emplace_back("physical",
+    results.emplace_back("physical",
                          std::to_string(caps.PhysicalMin) + " " + std::to_string(caps.PhysicalMax));
-    return answers;
+    return results;
 }
 
 }  // namespace parity

@@ -1,4 +1,4 @@
-// The platform's records as answers of a transcript.
+// The platform's caps as results of a transcript.
 #pragma once
 
 #include "testing/parity/PreparsedData.h"
@@ -6,9 +6,9 @@
 
 namespace parity {
 
-std::vector<Entry::Answer> AnswersOf(const HIDP_CAPS& caps);
-// Of the union only the half that IsRange names: what the other half holds is nobody's promise.
-std::vector<Entry::Answer> AnswersOf(const HIDP_BUTTON_CAPS& caps);
-std::vector<Entry::Answer> AnswersOf(const HIDP_VALUE_CAPS& caps);
+std::vector<Entry::Result> ResultsOf(const HIDP_CAPS& caps);
+// Contains only the half of the union that IsRange selects; the other half is undefined.
+std::vector<Entry::Result> ResultsOf(const HIDP_BUTTON_CAPS& caps);
+std::vector<Entry::Result> ResultsOf(const HIDP_VALUE_CAPS& caps);
 
 }  // namespace parity

@@ -18,11 +18,11 @@ Entry Find(const ByCall& calls, const std::string& call) {
     return found != calls.end() ? *found->second : Entry{call, {}};
 }
 
-// In the order of the first entry, then what only the second one has.
-std::vector<std::string> AnswerNames(const Entry& first, const Entry& second) {
+// Returns the names of the first entry in its order, then those that only the second one has.
+std::vector<std::string> ResultNames(const Entry& first, const Entry& second) {
     std::vector<std::string> names;
-    for (const auto& [name, value] : first.answers) names.push_back(name);
-    for (const auto& [name, value] : second.answers) {
+    for (const auto& [name, value] : first.results) names.push_back(name);
+    for (const auto& [name, value] : second.results) {
         if (first.ValueOf(name).empty()) names.push_back(name);
     }
     return names;
@@ -34,7 +34,7 @@ std::vector<Difference> Compare(const std::string& descriptor, const Transcript&
                                 const Transcript& wine) {
     std::vector<Difference> differences;
     const auto compare = [&](const Entry& ofSimulator, const Entry& ofWine) {
-        for (const std::string& name : AnswerNames(ofSimulator, ofWine)) {
+        for (const std::string& name : ResultNames(ofSimulator, ofWine)) {
             if (ofSimulator.ValueOf(name) == ofWine.ValueOf(name)) continue;
             differences.push_back({descriptor, ofSimulator, ofWine, name});
         }

@@ -1,4 +1,4 @@
-// One descriptor's two transcripts side by side.
+// The comparison of the two transcripts of a descriptor.
 #pragma once
 
 #include <string>
@@ -8,16 +8,15 @@
 
 namespace parity {
 
-// An answer that is not the same. Empty is the answer of a platform that did not give it, or did
-// not come to the question.
+// A result that differs. It is empty on a platform without this result or this call.
 struct Difference {
     std::string descriptor;
     Entry simulator;
     Entry wine;
-    std::string answer;  // which one of the entry
+    std::string result;  // its name in the entry
 
-    std::string OfSimulator() const { return simulator.ValueOf(answer); }
-    std::string OfWine() const { return wine.ValueOf(answer); }
+    std::string OfSimulator() const { return simulator.ValueOf(result); }
+    std::string OfWine() const { return wine.ValueOf(result); }
 };
 
 std::vector<Difference> Compare(const std::string& descriptor, const Transcript& simulator,

@@ -1,4 +1,4 @@
-// Words for writing descriptors by hand that the builder has no name for.
+// Shorthands for handwritten descriptors that the builder lacks.
 #pragma once
 
 #include <cstdint>
@@ -31,7 +31,7 @@ constexpr std::uint8_t kNullState = 0x40;
 inline Bytes Push() { return {0xA4}; }
 inline Bytes Pop() { return {0xB4}; }
 
-// Logical and physical bounds as two's complement numbers of 16 bits.
+// Logical and physical limits as two's complement numbers of 16 bits.
 inline Bytes Bounds(std::uint8_t minimumPrefix, std::uint8_t maximumPrefix, int minimum,
                     int maximum) {
     const auto low = [](int value) { return static_cast<std::uint8_t>(value & 0xFF); };
@@ -44,7 +44,7 @@ inline Bytes UnitWithExponent(std::uint8_t unit, std::uint8_t exponent) {
     return {0x65, unit, 0x55, exponent};
 }
 
-// A usage that brings its page.
+// A usage that contains its usage page.
 inline Bytes UsageOnPage(std::uint16_t page, std::uint16_t usage) {
     return {0x0B, static_cast<std::uint8_t>(usage), static_cast<std::uint8_t>(usage >> 8),
             static_cast<std::uint8_t>(page), static_cast<std::uint8_t>(page >> 8)};

@@ -1,5 +1,4 @@
-// The report descriptors that both implementations are asked about, each with one top-level
-// collection.
+// The report descriptors of the comparison, each with one top-level collection.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +8,12 @@
 namespace parity {
 
 struct Descriptor {
-    std::string name;  // also of the file with the expected transcript
+    std::string name;  // also the file name of the expected transcript
     std::vector<std::uint8_t> bytes;
 };
 
 std::vector<Descriptor> TouchpadDescriptors();  // the touchpads that the agent drives
-std::vector<Descriptor> DeviceDescriptors();    // laid out as other devices are
+std::vector<Descriptor> DeviceDescriptors();    // layouts of other devices
 std::vector<Descriptor> FieldDescriptors();     // one rule of the HID standard each
 std::vector<Descriptor> ButtonDescriptors();    // the same for buttons and arrays
 

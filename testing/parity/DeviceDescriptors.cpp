@@ -103,7 +103,7 @@ Bytes VendorReports() {
     return Closed(builder);
 }
 
-// One slot for any of many usages, and buttons of single usages.
+// One array slot for any of many usages, and buttons of single usages.
 Bytes ConsumerControl() {
     return Closed(Application(kConsumerPage, 0x01)
                       .ReportId(3)

@@ -1,4 +1,4 @@
-// The transcripts that are checked in: the simulator's.
+// The checked-in transcripts of the simulator.
 #pragma once
 
 #include <set>
@@ -8,9 +8,9 @@
 
 namespace parity {
 
-// Empty when there is none of the name.
+// Returns an empty transcript when there is none of that name.
 Transcript ExpectedTranscript(const std::string& descriptor);
-// The names of all that are there.
+// Returns the names of all checked-in transcripts.
 std::set<std::string> ExpectedTranscripts();
 
 }  // namespace parity

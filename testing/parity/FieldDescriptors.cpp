@@ -27,7 +27,7 @@ Bytes SignedFields() {
     return Closed(builder.Main(Main::Feature, kDataVariable));
 }
 
-// Every bit of the main item that the platform tells on.
+// Every bit of the main item that the platform reports.
 Bytes MainItemFlags() {
     ReportDescriptorBuilder builder = Application();
     builder.LogicalMinimum(0).LogicalMaximum(200).ReportSize(8).ReportCount(1);
@@ -57,7 +57,7 @@ Bytes SingleValuesInOneItem() {
     return Closed(builder.Value(Main::Output, 0x30, 8, 0xFF));
 }
 
-// The last usage takes the fields that are left over.
+// The last usage takes all remaining fields.
 Bytes FewerUsagesThanFields() {
     ReportDescriptorBuilder builder = Application();
     builder.LogicalMinimum(0).LogicalMaximum(0xFF).ReportSize(8).ReportCount(4);
@@ -137,7 +137,7 @@ Bytes PushedState() {
     return Closed(builder.Usage(0x24).Main(Main::Output, kDataVariable));
 }
 
-// No report of two of the types, and bits that end within a byte.
+// Two of the report types have no report, and the bits end within a byte.
 Bytes OutputOnly() {
     return Closed(Application().Value(Main::Output, 0x20, 7, 100).Value(Main::Output, 0x21, 2, 3));
 }

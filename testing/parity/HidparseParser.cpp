@@ -1,5 +1,5 @@
-// A program of the user's can load hidparse.sys as if it were a DLL: it is what the HID class
-// driver makes preparsed data with, so no device is needed for putting a descriptor through it.
+// hidparse.sys, with which the HID class driver creates preparsed data, can be loaded into a
+// process like a DLL, so parsing a descriptor requires no device.
 #include "testing/parity/PreparsedData.h"
 
 #include <stdexcept>
@@ -8,7 +8,7 @@
 namespace parity {
 namespace {
 
-// As the driver kit documents them; the toolchain has no header for them.
+// The driver kit documents these records; the toolchain has no header for them.
 struct CollectionDescription {
     USAGE usagePage;
     USAGE usage;

@@ -60,7 +60,7 @@ bool ReadsUsages(const Difference& difference) { return IsCallOf(difference, "Hi
 }  // namespace
 
 bool KnownDifference::Covers(const Difference& difference) const {
-    return (answers.empty() || answers.count(difference.answer) != 0) &&
+    return (results.empty() || results.count(difference.result) != 0) &&
            (descriptors.empty() || descriptors.count(difference.descriptor) != 0) &&
            concerns(difference);
 }

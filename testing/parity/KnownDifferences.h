@@ -1,5 +1,5 @@
-// Where Wine answers otherwise than Windows. Each has to occur: one that Wine has mended is to be
-// taken out.
+// The known differences between Wine and Windows. Each must occur: one that Wine has fixed must be
+// removed from the list.
 #pragma once
 
 #include <set>
@@ -12,8 +12,8 @@ namespace parity {
 
 struct KnownDifference {
     std::string name;
-    std::string why;                    // that the simulator's answer is the one of Windows
-    std::set<std::string> answers;      // which it concerns; none: all
+    std::string why;                    // reason that the simulator's result is that of Windows
+    std::set<std::string> results;      // names of those it covers; none: all
     std::set<std::string> descriptors;  // in which it occurs; none: in any
     bool (*concerns)(const Difference& difference);
 
@@ -21,7 +21,7 @@ struct KnownDifference {
 };
 
 const std::vector<KnownDifference>& KnownDifferences();
-// The first that covers it, null if none does.
+// Returns the first that covers it, or null.
 const KnownDifference* FindKnown(const Difference& difference);
 
 }  // namespace parity

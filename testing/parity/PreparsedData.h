@@ -1,5 +1,5 @@
-// Preparsed data of a descriptor's one top-level collection, made by the parser of the platform
-// that the program is built for: the simulator's, or the system's hidparse.sys.
+// Preparsed data of a descriptor's only top-level collection, from the parser of the platform that
+// the program is built for: the simulator's, or the system's hidparse.sys.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 #include <vector>
 
 #include <windows.h>
-// Not every toolchain's header says that these are C functions.
+// Some toolchains' headers do not declare these as C functions.
 extern "C" {
 #include <hidusage.h>
 #include <hidpi.h>

@@ -25,12 +25,12 @@ std::string Text(const Bytes& report) {
     return report.empty() ? "no bytes" : "report " + HexBytes(report);
 }
 
-Entry::Answer Status(NTSTATUS status) {
+Entry::Result Status(NTSTATUS status) {
     return {"status", Hex(static_cast<std::uint32_t>(status), 8)};
 }
-Entry::Answer Length(ULONG length) { return {"length", std::to_string(length)}; }
+Entry::Result Length(ULONG length) { return {"length", std::to_string(length)}; }
 
-// The bytes that a call gets, one there even if its length is 0.
+// The buffer of a call. It contains at least one byte even if its length is 0.
 class Buffer {
  public:
     explicit Buffer(const Bytes& report) : bytes_(report), length_(bytes_.size()) {
@@ -45,8 +45,8 @@ class Buffer {
     std::size_t length_;
 };
 
-// What a call leaves as it was is not noted.
-Entry::Answer Changed(const Buffer& buffer) { return {"report", HexBytes(buffer.Content())}; }
+// Only changed reports are recorded.
+Entry::Result Changed(const Buffer& buffer) { return {"report", HexBytes(buffer.Content())}; }
 
 template <typename Caps, typename Function, typename Note>
 std::vector<Caps> List(const std::string& name, Function function, HIDP_REPORT_TYPE type,
@@ -59,7 +59,7 @@ std::vector<Caps> List(const std::string& name, Function function, HIDP_REPORT_T
     list.resize(status == HIDP_STATUS_SUCCESS ? length : 0);
     const bool isExact = list.size() == room;  // a longer list has the same records
     for (std::size_t i = 0; isExact && i < list.size(); ++i) {
-        note({call + "[" + std::to_string(i) + "]", AnswersOf(list[i])});
+        note({call + "[" + std::to_string(i) + "]", ResultsOf(list[i])});
     }
     return list;
 }
@@ -72,15 +72,15 @@ Entry Change(const std::string& name, Function function, const Place& place, Usa
     auto length = static_cast<ULONG>(usages.size());
     const NTSTATUS status = function(place.type, place.page, place.link, usages.data(), &length,
                                      preparsed, buffer.Data(), buffer.Length());
-    entry.answers = {Status(status)};
-    if (length != usages.size()) entry.answers.push_back(Length(length));
-    if (buffer.Content() != report) entry.answers.push_back(Changed(buffer));
+    entry.results = {Status(status)};
+    if (length != usages.size()) entry.results.push_back(Length(length));
+    if (buffer.Content() != report) entry.results.push_back(Changed(buffer));
     return entry;
 }
 
 }  // namespace
 
-// The questions about different fields overlap.
+// The calls for different fields overlap; each is recorded once.
 void RecordedCalls::Note(Entry entry) {
     if (noted_.insert(entry.call).second) notes_.push_back(std::move(entry));
 }
@@ -88,8 +88,8 @@ void RecordedCalls::Note(Entry entry) {
 HIDP_CAPS RecordedCalls::GetCaps() {
     HIDP_CAPS caps{};
     const NTSTATUS status = HidP_GetCaps(preparsed_.get(), &caps);
-    Entry entry{"HidP_GetCaps()", AnswersOf(caps)};
-    entry.answers.insert(entry.answers.begin(), Status(status));
+    Entry entry{"HidP_GetCaps()", ResultsOf(caps)};
+    entry.results.insert(entry.results.begin(), Status(status));
     Note(std::move(entry));
     return caps;
 }
@@ -121,14 +121,14 @@ void RecordedCalls::GetUsages(const Place& place, ULONG room, const Bytes& repor
     const NTSTATUS status =
         HidP_GetUsages(place.type, place.page, place.link, usages.data(), &length, preparsed_.get(),
                        buffer.Data(), buffer.Length());
-    // What the length is after another failure is nobody's promise.
-    entry.answers = {Status(status)};
-    if (status == HIDP_STATUS_BUFFER_TOO_SMALL) entry.answers.push_back(Length(length));
+    // The length after any other failure is undefined.
+    entry.results = {Status(status)};
+    if (status == HIDP_STATUS_BUFFER_TOO_SMALL) entry.results.push_back(Length(length));
     if (status == HIDP_STATUS_SUCCESS) {
         usages.resize(length);
-        entry.answers.emplace_back("usages", Text(usages));
+        entry.results.emplace_back("usages", Text(usages));
     }
-    if (buffer.Content() != report) entry.answers.push_back(Changed(buffer));
+    if (buffer.Content() != report) entry.results.push_back(Changed(buffer));
     Note(std::move(entry));
 }
 
@@ -150,9 +150,9 @@ void RecordedCalls::GetUsageValue(const Place& place, USAGE usage, const Bytes& 
     ULONG value = kUntouched;
     const NTSTATUS status = HidP_GetUsageValue(place.type, place.page, place.link, usage, &value,
                                                preparsed_.get(), buffer.Data(), buffer.Length());
-    entry.answers = {Status(status)};
-    if (value != kUntouched) entry.answers.emplace_back("value", Hex(value, 1));
-    if (buffer.Content() != report) entry.answers.push_back(Changed(buffer));
+    entry.results = {Status(status)};
+    if (value != kUntouched) entry.results.emplace_back("value", Hex(value, 1));
+    if (buffer.Content() != report) entry.results.push_back(Changed(buffer));
     Note(std::move(entry));
 }
 
@@ -164,8 +164,8 @@ void RecordedCalls::SetUsageValue(const Place& place, USAGE usage, ULONG value,
     Buffer buffer(report);
     const NTSTATUS status = HidP_SetUsageValue(place.type, place.page, place.link, usage, value,
                                                preparsed_.get(), buffer.Data(), buffer.Length());
-    entry.answers = {Status(status)};
-    if (buffer.Content() != report) entry.answers.push_back(Changed(buffer));
+    entry.results = {Status(status)};
+    if (buffer.Content() != report) entry.results.push_back(Changed(buffer));
     Note(std::move(entry));
 }
 

@@ -1,4 +1,4 @@
-// The platform's HID parser functions on one collection, each call noted in a transcript.
+// The platform's HID parser functions on one collection; each call is recorded in a transcript.
 #pragma once
 
 #include <set>
@@ -12,11 +12,11 @@ namespace parity {
 
 using UsageList = std::vector<USAGE>;
 
-// No report type of the platform's.
+// A value that is not a report type of the platform.
 constexpr auto kNoReportType = static_cast<HIDP_REPORT_TYPE>(3);
 constexpr HIDP_REPORT_TYPE kReportTypes[] = {HidP_Input, HidP_Output, HidP_Feature};
 
-// Where a call on a report looks: the report type, usage page and link collection.
+// The part of a report that a call refers to: report type, usage page and link collection.
 struct Place {
     HIDP_REPORT_TYPE type;
     USAGE page;
@@ -28,7 +28,7 @@ class RecordedCalls {
     explicit RecordedCalls(PreparsedData preparsed) : preparsed_(std::move(preparsed)) {}
 
     HIDP_CAPS GetCaps();
-    // The list calls give what fits into the room.
+    // The list calls return what fits into `room`.
     std::vector<HIDP_VALUE_CAPS> GetValueCaps(HIDP_REPORT_TYPE type, USHORT room);
     std::vector<HIDP_BUTTON_CAPS> GetButtonCaps(HIDP_REPORT_TYPE type, USHORT room);
     void MaxUsageListLength(HIDP_REPORT_TYPE type, USAGE page);
@@ -47,7 +47,7 @@ class RecordedCalls {
 
     PreparsedData preparsed_;
     Transcript notes_;
-    std::set<std::string> noted_;  // calls
+    std::set<std::string> noted_;  // texts of the calls
 };
 
 }  // namespace parity

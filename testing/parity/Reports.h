@@ -1,4 +1,4 @@
-// What the questions need to know of a collection's reports of one type, as the platform lists it.
+// The reports of one type of a collection, as the platform lists them, and the calls on them.
 #pragma once
 
 #include <set>
@@ -13,11 +13,11 @@ constexpr USAGE kAbsentPage = 0xFFEE;
 constexpr UCHAR kAbsentReportId = 0xEE;
 
 struct Field {
-    Place place;  // the collection that it is declared in
+    Place place;  // with the link collection that declares it
     USAGE first;
     USAGE last;
     UCHAR reportId;
-    // Values only.
+    // These are set for values only.
     ULONG logicalMinimum = 0;
     ULONG logicalMaximum = 0;
 
@@ -33,7 +33,7 @@ struct Reports {
     std::vector<Field> values;
     std::set<UCHAR> ids;
 
-    // The first and the last, for what is the same for those in between.
+    // Returns the first and the last field, for calls that gain nothing from those in between.
     static std::vector<Field> Outermost(const std::vector<Field>& fields);
 
     Bytes Filled(UCHAR reportId, std::uint8_t fill) const {
@@ -41,7 +41,7 @@ struct Reports {
         report[0] = reportId;
         return report;
     }
-    // Ends with a 3, a 2 and a 1.
+    // Returns a report that ends with a 3, a 2 and a 1.
     Bytes CountingDown(UCHAR reportId) const {
         Bytes report(length);
         for (std::size_t i = 0; i < length; ++i) {
@@ -50,7 +50,7 @@ struct Reports {
         report[0] = reportId;
         return report;
     }
-    // Every byte another one.
+    // Returns a report with a different value in each byte.
     Bytes Patterned(UCHAR reportId) const {
         Bytes report(length);
         for (std::size_t i = 0; i < length; ++i) {
@@ -60,19 +60,20 @@ struct Reports {
         return report;
     }
 
-    // Where the field is not: another link collection, and one and a page that there are not.
+    // Returns places without the field: another link collection, a link collection that does not
+    // exist, and a usage page that does not exist.
     std::vector<Place> PlacesWithout(const Field& field) const;
-    // Ids of the other reports, and one that there is not.
+    // Returns the ids of the other reports, and one that does not exist.
     std::set<UCHAR> IdsWithout(const Field& field) const;
 };
 
-// Notes the calls that list the collection, with every sort of length and report type.
-std::vector<Reports> AskForLists(RecordedCalls& calls);
+// Records the calls that list the collection, with every sort of length and report type.
+std::vector<Reports> RecordLists(RecordedCalls& calls);
 
-// About a collection that has reports of the type:
-void AskForButtons(RecordedCalls& calls, const Reports& reports);
-void AskForValues(RecordedCalls& calls, const Reports& reports);
-// Calls that fail before they come to a field of the report.
-void AskForFailures(RecordedCalls& calls, const Reports& reports);
+// These require a collection with reports of the type.
+void RecordButtonCalls(RecordedCalls& calls, const Reports& reports);
+void RecordValueCalls(RecordedCalls& calls, const Reports& reports);
+// Records calls that fail before they access a field of the report.
+void RecordFailures(RecordedCalls& calls, const Reports& reports);
 
 }  // namespace parity

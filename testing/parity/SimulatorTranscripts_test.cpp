@@ -1,8 +1,8 @@
-// The checked-in transcripts are what the simulator answers. Building the target
-// renew_parity_transcripts writes them anew.
+// Compares the checked-in transcripts with the simulator. The target renew_parity_transcripts
+// rewrites them.
 #include "testing/parity/DescriptorTest.h"
 #include "testing/parity/ExpectedTranscripts.h"
-#include "testing/parity/Questions.h"
+#include "testing/parity/RecordTranscript.h"
 
 namespace parity {
 namespace {
@@ -11,12 +11,12 @@ class SimulatorTranscript : public DescriptorTest {};
 
 TEST_P(SimulatorTranscript, IsTheOneThatIsCheckedIn) {
     const Transcript expected = ExpectedTranscript(GetParam().name);
-    const Transcript answered = Ask(GetParam());
+    const Transcript actual = RecordTranscript(GetParam());
     ASSERT_FALSE(expected.empty()) << "there is none";
-    for (std::size_t i = 0; i < (std::min)(expected.size(), answered.size()); ++i) {
-        ASSERT_EQ(ToText(answered[i]), ToText(expected[i])) << "line " << i + 1;
+    for (std::size_t i = 0; i < (std::min)(expected.size(), actual.size()); ++i) {
+        ASSERT_EQ(ToText(actual[i]), ToText(expected[i])) << "line " << i + 1;
     }
-    EXPECT_EQ(answered.size(), expected.size());
+    EXPECT_EQ(actual.size(), expected.size());
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, SimulatorTranscript, testing::ValuesIn(AllDescriptors()), NameOf);

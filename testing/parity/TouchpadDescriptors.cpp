@@ -31,7 +31,7 @@ TouchpadLayout WithFewParts() {
     return layout;
 }
 
-// The request bit lies in the report of the lights.
+// The light report contains the request bit.
 TouchpadLayout WithSharedRequestReport() {
     TouchpadLayout layout;
     layout.requestReportId = virtual_touchpad::kLightReportId;

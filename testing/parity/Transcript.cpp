@@ -6,11 +6,11 @@
 namespace parity {
 namespace {
 
-constexpr char kBeforeAnswers[] = " -> ";
-constexpr char kBetweenAnswers[] = "; ";
+constexpr char kBeforeResults[] = " -> ";
+constexpr char kBetweenResults[] = "; ";
 constexpr char kBeforeValue[] = ": ";
 
-// Gives the part in front of the separator and takes both off the text.
+// Removes the part before the separator, and the separator, from the text and returns that part.
 std::string Cut(std::string& text, const std::string& separator) {
     const std::size_t end = text.find(separator);
     const std::string part = text.substr(0, end);
@@ -20,11 +20,11 @@ std::string Cut(std::string& text, const std::string& separator) {
 
 Entry EntryFrom(std::string line) {
     Entry entry;
-    entry.call = Cut(line, kBeforeAnswers);
+    entry.call = Cut(line, kBeforeResults);
     while (!line.empty()) {
-        std::string answer = Cut(line, kBetweenAnswers);
-        const std::string name = Cut(answer, kBeforeValue);
-        entry.answers.emplace_back(name, answer);
+        std::string result = Cut(line, kBetweenResults);
+        const std::string name = Cut(result, kBeforeValue);
+        entry.results.emplace_back(name, result);
     }
     return entry;
 }
@@ -32,18 +32,18 @@ Entry EntryFrom(std::string line) {
 }  // namespace
 
 std::string Entry::ValueOf(const std::string& name) const {
-    for (const auto& [answerName, value] : answers) {
-        if (answerName == name) return value;
+    for (const auto& [resultName, value] : results) {
+        if (resultName == name) return value;
     }
     return "";
 }
 
 std::string ToText(const Entry& entry) {
     std::string text = entry.call;
-    const char* separator = kBeforeAnswers;
-    for (const auto& [name, value] : entry.answers) {
+    const char* separator = kBeforeResults;
+    for (const auto& [name, value] : entry.results) {
         text += separator + name + kBeforeValue + value;
-        separator = kBetweenAnswers;
+        separator = kBetweenResults;
     }
     return text;
 }

@@ -1,4 +1,4 @@
-// What a platform answered to a row of calls, as text: one line for each.
+// The results of a series of calls on a platform, as text: one line for each.
 #pragma once
 
 #include <cstdint>
@@ -10,18 +10,18 @@ namespace parity {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// One call, or one record of the list that a call gave. Nothing in it follows from an earlier
-// entry, so that one difference between two platforms makes one line differ.
+// One call, or one record of the list that a call returned. No entry depends on an earlier one, so
+// one difference between two platforms makes one line differ.
 struct Entry {
-    using Answer = std::pair<std::string, std::string>;  // what it is, and its value
+    using Result = std::pair<std::string, std::string>;  // name and value
 
     std::string call;
-    std::vector<Answer> answers;
+    std::vector<Result> results;
 
-    // Empty when there is none of the name.
+    // Returns an empty text when there is no result of that name.
     std::string ValueOf(const std::string& name) const;
     bool operator==(const Entry& other) const {
-        return call == other.call && answers == other.answers;
+        return call == other.call && results == other.results;
     }
 };
 
@@ -32,9 +32,9 @@ std::string ToText(const Transcript& transcript);
 // The inverse of ToText.
 Transcript FromText(const std::string& text);
 
-// Values as they stand in the text.
+// Values in the format of the text.
 std::string Hex(std::uint32_t value, int digits);
-// Runs of eight and more equal bytes in short: "02 00*12 FF".
+// Abbreviates runs of eight and more equal bytes: "02 00*12 FF".
 std::string HexBytes(const Bytes& bytes);
 Bytes BytesFromHex(const std::string& text);
 

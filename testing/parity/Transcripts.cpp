@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "testing/parity/Questions.h"
+#include "testing/parity/RecordTranscript.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {
@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(folder);
     for (const parity::Descriptor& descriptor : parity::AllDescriptors()) {
         std::ofstream file(folder / (descriptor.name + ".txt"), std::ios::binary);
-        file << parity::ToText(parity::Ask(descriptor));
+        file << parity::ToText(parity::RecordTranscript(descriptor));
         if (!file.flush()) {
             std::cerr << "cannot write the transcript of " << descriptor.name << "\n";
             return 1;

@@ -1,4 +1,4 @@
-// Wine's HID.DLL and hidparse.sys answer as the simulator does, but for the known differences.
+// Compares Wine's HID.DLL and hidparse.sys with the simulator, except for the known differences.
 #include <map>
 
 #include <windows.h>
@@ -6,19 +6,20 @@
 #include "testing/parity/DescriptorTest.h"
 #include "testing/parity/ExpectedTranscripts.h"
 #include "testing/parity/KnownDifferences.h"
-#include "testing/parity/Questions.h"
+#include "testing/parity/RecordTranscript.h"
 
 namespace parity {
 namespace {
 
-// Windows itself keeps hidparse.sys from programs, and needs no comparison.
+// Windows itself does not let programs load hidparse.sys, and requires no comparison.
 bool IsWine() {
     const HMODULE ntdll = GetModuleHandleW(L"ntdll.dll");
     return ntdll != nullptr && GetProcAddress(ntdll, "wine_get_version") != nullptr;
 }
 
 std::vector<Difference> DifferencesOf(const Descriptor& descriptor) {
-    return Compare(descriptor.name, ExpectedTranscript(descriptor.name), Ask(descriptor));
+    return Compare(descriptor.name, ExpectedTranscript(descriptor.name),
+                   RecordTranscript(descriptor));
 }
 
 class WineTranscript : public DescriptorTest {};
@@ -30,7 +31,7 @@ TEST_P(WineTranscript, IsTheSimulators) {
     int unknown = 0;
     for (const Difference& difference : DifferencesOf(GetParam())) {
         if (FindKnown(difference) != nullptr || ++unknown > kShown) continue;
-        ADD_FAILURE() << "another " << difference.answer << "\n  simulator "
+        ADD_FAILURE() << "another " << difference.result << "\n  simulator "
                       << ToText(difference.simulator) << "\n  Wine      "
                       << ToText(difference.wine);
     }

@@ -23,7 +23,7 @@ Field FieldOf(HIDP_REPORT_TYPE type, const Caps& caps) {
     Field field{};
     field.place = {type, caps.UsagePage, caps.LinkCollection};
     field.first = caps.IsRange ? caps.Range.UsageMin : caps.NotRange.Usage;
-    // Usage 0 means no usage. Wine takes it for every usage and writes beside the report.
+    // Usage 0 means no usage. Wine treats it as every usage and writes beyond the report.
     if (field.first == 0) field.first = 1;
     field.last = caps.IsRange ? caps.Range.UsageMax : caps.NotRange.Usage;
     field.reportId = caps.ReportID;
@@ -37,7 +37,7 @@ Field FieldOf(HIDP_REPORT_TYPE type, const HIDP_VALUE_CAPS& caps) {
     return field;
 }
 
-// A list with room for everything, and the lengths around it.
+// Requests a list of the exact length, and of the lengths around it.
 template <typename GetList>
 std::vector<Field> FieldsOf(HIDP_REPORT_TYPE type, USHORT count, GetList getList) {
     getList(type, static_cast<USHORT>(0));
@@ -64,7 +64,7 @@ Reports ReportsOf(RecordedCalls& calls, const HIDP_CAPS& caps, const TypeMembers
     return reports;
 }
 
-void AskForUsageCounts(RecordedCalls& calls, const Reports& reports) {
+void RecordUsageCounts(RecordedCalls& calls, const Reports& reports) {
     std::set<USAGE> pages{0, kAbsentPage};
     for (const Field& field : reports.buttons) pages.insert(field.place.page);
     for (const USAGE page : pages) calls.MaxUsageListLength(reports.type, page);
@@ -72,12 +72,12 @@ void AskForUsageCounts(RecordedCalls& calls, const Reports& reports) {
 
 }  // namespace
 
-std::vector<Reports> AskForLists(RecordedCalls& calls) {
+std::vector<Reports> RecordLists(RecordedCalls& calls) {
     const HIDP_CAPS caps = calls.GetCaps();
     std::vector<Reports> lists;
     for (const TypeMembers& members : kTypeMembers) {
         lists.push_back(ReportsOf(calls, caps, members));
-        AskForUsageCounts(calls, lists.back());
+        RecordUsageCounts(calls, lists.back());
     }
     calls.GetButtonCaps(kNoReportType, 4);
     calls.GetValueCaps(kNoReportType, 4);

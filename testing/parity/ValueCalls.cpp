@@ -21,23 +21,23 @@ void Get(RecordedCalls& calls, const Reports& reports, const Field& field, USAGE
     calls.GetUsageValue(field.Anywhere(), usage, reports.Patterned(0));
 }
 
-void AskInVain(RecordedCalls& calls, const Place& place, USAGE usage, const Bytes& report) {
+void CallWithoutField(RecordedCalls& calls, const Place& place, USAGE usage, const Bytes& report) {
     calls.GetUsageValue(place, usage, report);
     calls.SetUsageValue(place, usage, 1, report);
 }
 
-void AskElsewhere(RecordedCalls& calls, const Reports& reports, const Field& field) {
+void CallElsewhere(RecordedCalls& calls, const Reports& reports, const Field& field) {
     for (const Place& place : reports.PlacesWithout(field)) {
-        AskInVain(calls, place, field.first, reports.Filled(field.reportId, 0x5A));
+        CallWithoutField(calls, place, field.first, reports.Filled(field.reportId, 0x5A));
     }
     for (const UCHAR id : reports.IdsWithout(field)) {
-        AskInVain(calls, field.place, field.first, reports.Filled(id, 0x5A));
+        CallWithoutField(calls, field.place, field.first, reports.Filled(id, 0x5A));
     }
 }
 
 }  // namespace
 
-void AskForValues(RecordedCalls& calls, const Reports& reports) {
+void RecordValueCalls(RecordedCalls& calls, const Reports& reports) {
     for (const Field& field : reports.values) {
         for (const USAGE usage : std::set<USAGE>{field.first, field.last}) {
             Set(calls, reports, field, usage);
@@ -45,10 +45,10 @@ void AskForValues(RecordedCalls& calls, const Reports& reports) {
         }
     }
     for (const Field& field : reports.Outermost(reports.values)) {
-        AskElsewhere(calls, reports, field);
+        CallElsewhere(calls, reports, field);
     }
     for (const Field& button : reports.Outermost(reports.buttons)) {
-        AskInVain(calls, button.place, button.first, reports.Filled(button.reportId, 0x00));
+        CallWithoutField(calls, button.place, button.first, reports.Filled(button.reportId, 0x00));
     }
 }
 

@@ -40,34 +40,34 @@ void Get(RecordedCalls& calls, const Reports& reports, const Field& field) {
     }
 }
 
-void AskInVain(RecordedCalls& calls, const Place& place, USAGE usage, const Bytes& report) {
+void CallWithoutField(RecordedCalls& calls, const Place& place, USAGE usage, const Bytes& report) {
     calls.GetUsages(place, 4, report);
     calls.SetUsages(place, {usage}, report);
     calls.UnsetUsages(place, {usage}, report);
 }
 
-void AskElsewhere(RecordedCalls& calls, const Reports& reports, const Field& field) {
+void CallElsewhere(RecordedCalls& calls, const Reports& reports, const Field& field) {
     for (const Place& place : reports.PlacesWithout(field)) {
-        AskInVain(calls, place, field.first, reports.Filled(field.reportId, 0xFF));
+        CallWithoutField(calls, place, field.first, reports.Filled(field.reportId, 0xFF));
     }
     for (const UCHAR id : reports.IdsWithout(field)) {
-        AskInVain(calls, field.place, field.first, reports.Filled(id, 0xFF));
+        CallWithoutField(calls, field.place, field.first, reports.Filled(id, 0xFF));
     }
 }
 
 }  // namespace
 
-void AskForButtons(RecordedCalls& calls, const Reports& reports) {
+void RecordButtonCalls(RecordedCalls& calls, const Reports& reports) {
     for (const Field& field : reports.buttons) {
         Set(calls, reports, field);
         Unset(calls, reports, field);
         Get(calls, reports, field);
     }
     for (const Field& field : reports.Outermost(reports.buttons)) {
-        AskElsewhere(calls, reports, field);
+        CallElsewhere(calls, reports, field);
     }
     for (const Field& value : reports.Outermost(reports.values)) {
-        AskInVain(calls, value.place, value.first, reports.Filled(value.reportId, 0x00));
+        CallWithoutField(calls, value.place, value.first, reports.Filled(value.reportId, 0x00));
     }
 }
 

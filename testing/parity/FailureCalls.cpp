@@ -9,8 +9,8 @@ struct Failure {
     Bytes report;
 };
 
-// Every call checks the length, the report type and the usage: what it answers when several are
-// wrong tells in which order.
+// Every call checks the length, the report type and the usage: its status when several of them are
+// wrong shows in which order.
 std::vector<Failure> FailuresOf(const Reports& reports, const Field& field) {
     const Bytes report = reports.Filled(field.reportId, 0x00);
     const Bytes tooShort(report.begin(), report.end() - 1);
@@ -38,7 +38,7 @@ std::vector<Failure> FailuresOf(const Reports& reports, const Field& field) {
 
 }  // namespace
 
-void AskForFailures(RecordedCalls& calls, const Reports& reports) {
+void RecordFailures(RecordedCalls& calls, const Reports& reports) {
     const bool hasButtons = !reports.buttons.empty();
     const Field& button = hasButtons ? reports.buttons.front() : reports.values.front();
     for (const Failure& failure : FailuresOf(reports, button)) {
