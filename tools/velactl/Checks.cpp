@@ -24,9 +24,9 @@ CheckResult Failed(const std::string& finding, const std::string& nextStep) {
 }
 CheckResult Skipped(const std::string& finding) { return {Outcome::kSkipped, finding, ""}; }
 
-// Before the library is loaded, which begins to log there.
-CheckResult CheckLastSession(Patient& patient) {
-    const auto folder = patient.context.LogFolder();
+// Runs before the library is loaded, which then begins to log there.
+CheckResult CheckLastSession(DoctorContext& doctor) {
+    const auto folder = doctor.context.LogFolder();
     if (folder.empty()) return Skipped("give the host's log folder with --log");
     LogTail log(folder);
     if (!log.FileExists()) return Skipped("no VelaAgent.log in " + Utf8(folder.wstring()));
@@ -40,19 +40,19 @@ CheckResult CheckLastSession(Patient& patient) {
         "look for this line in troubleshooting.md; \"velactl log\" shows those around it");
 }
 
-CheckResult CheckLibrary(Patient& patient) {
-    const std::filesystem::path file = patient.context.DllFile();
+CheckResult CheckLibrary(DoctorContext& doctor) {
+    const std::filesystem::path file = doctor.context.DllFile();
     try {
-        patient.context.Library();
+        doctor.context.Library();
     } catch (const vela_agent::LoadError& error) {
         return Failed(error.what(),
                       error.ExportName().empty()
                           ? "put the 64-bit VelaAgent.dll beside velactl, or name it with --dll"
                           : "replace the file: it is not VelaAgent.dll, or is an older one");
     } catch (const vela_agent::LogError&) {
-        // Loaded all the same; the check of the log folder names the folder.
+        // The library is loaded nevertheless; the check of the log folder reports the folder.
     }
-    patient.isLoaded = true;
+    doctor.isLoaded = true;
     const std::string version = FileVersion(file);
     const std::string finding = Utf8(file.wstring()) + ", version " +
                                 (version.empty() ? "unknown" : version) + ", all exports";
@@ -66,9 +66,9 @@ std::string Joined(const std::vector<std::string>& items) {
     return text;
 }
 
-CheckResult CheckVendorFile(Patient& patient) {
-    if (!patient.isLoaded) return Skipped("it lies beside the library");
-    const auto file = patient.context.DllFile().parent_path() / "Vela.ini";
+CheckResult CheckVendorFile(DoctorContext& doctor) {
+    if (!doctor.isLoaded) return Skipped("it lies beside the library");
+    const auto file = doctor.context.DllFile().parent_path() / "Vela.ini";
     TakeNotes();
     std::vector<std::string> selected;
     for (const vela::HidDeviceFilter& filter : vela::TouchpadDiscovery().GetHidDeviceFilters()) {
@@ -89,8 +89,8 @@ CheckResult CheckVendorFile(Patient& patient) {
     return Ok("\"Vela.ini\" " + finding);
 }
 
-CheckResult CheckDevice(Patient& patient) {
-    if (!patient.isLoaded) return Skipped("no library to ask");
+CheckResult CheckDevice(DoctorContext& doctor) {
+    if (!doctor.isLoaded) return Skipped("no library to ask");
     vela::TouchpadDiscovery query;
     const auto collections = ExamineCollections(vela::GetHidDevicePathList(), query);
     const HidCollection* const chosen = ChosenCollection(collections);
@@ -100,28 +100,28 @@ CheckResult CheckDevice(Patient& patient) {
             "attach it; if \"velactl devices\" lists it, its verdict tells what is "
             "missing");
     }
-    patient.isPresent = true;
+    doctor.isPresent = true;
     const HIDD_ATTRIBUTES& attributes = chosen->examination.attributes;
     return Ok("vendor " + Hex(attributes.VendorID) + ", product " + Hex(attributes.ProductID) +
               ", firmware " + Hex(attributes.VersionNumber));
 }
 
-// By the mark that every session sets, also one of another user.
-CheckResult CheckOtherSessions(Patient&) {
-    const HANDLE mark = OpenMutexW(SYNCHRONIZE, FALSE, vela::kSessionDeviceMutexName.c_str());
-    if (mark != nullptr) CloseHandle(mark);
-    if (mark == nullptr && GetLastError() != ERROR_ACCESS_DENIED) return Ok("no other session");
+// Checks for the mutex that every session creates, another user's included.
+CheckResult CheckOtherSessions(DoctorContext&) {
+    const HANDLE mutex = OpenMutexW(SYNCHRONIZE, FALSE, vela::kSessionDeviceMutexName.c_str());
+    if (mutex != nullptr) CloseHandle(mutex);
+    if (mutex == nullptr && GetLastError() != ERROR_ACCESS_DENIED) return Ok("no other session");
     return Failed("another process has a session open",
                   "leave the meeting, or end the host that drives the touchpad, and try again");
 }
 
-CheckResult CheckOpening(Patient& patient) {
-    if (!patient.isPresent) return Skipped("no touchpad to open");
+CheckResult CheckOpening(DoctorContext& doctor) {
+    if (!doctor.isPresent) return Skipped("no touchpad to open");
     try {
         EventQueue events;
-        vela_agent::Session session(patient.context.Library(), events.Handlers());
-        patient.isOpen = true;
-        patient.firmware = AskFirmware(session, events).Text();
+        vela_agent::Session session(doctor.context.Library(), events.Handlers());
+        doctor.isOpen = true;
+        doctor.firmware = RequestFirmwareState(session, events).Text();
         return Ok("opened and closed");
     } catch (const vela_agent::OpenError& error) {
         return Failed(error.what(), error.Result() == VELA_INIT_HELD_BY_OTHER
@@ -132,22 +132,22 @@ CheckResult CheckOpening(Patient& patient) {
 }
 
 // cppcheck-suppress constParameter ; a row of checks holds functions of one type
-CheckResult CheckAnswer(Patient& patient) {
-    if (!patient.isOpen) return Skipped("the touchpad is not open");
-    const std::string finding = "the firmware " + patient.firmware;
-    if (patient.firmware == "cannot be asked") return Skipped(finding);
-    if (patient.firmware == "answers") return Ok(finding);
+CheckResult CheckFirmware(DoctorContext& doctor) {
+    if (!doctor.isOpen) return Skipped("the touchpad is not open");
+    const std::string finding = "the firmware " + doctor.firmware;
+    if (doctor.firmware == "cannot be asked") return Skipped(finding);
+    if (doctor.firmware == "answers") return Ok(finding);
     return Failed(finding, "unplug the touchpad and plug it in again; then update its firmware");
 }
 
-CheckResult CheckLogFolder(Patient& patient) {
-    const auto folder = patient.context.LogFolder();
+CheckResult CheckLogFolder(DoctorContext& doctor) {
+    const auto folder = doctor.context.LogFolder();
     if (folder.empty()) return Skipped("give the host's log folder with --log");
     const std::string name = Utf8(folder.wstring());
     if (!std::filesystem::is_directory(folder)) {
         return Failed("no folder " + name, "create it: the agent creates none");
     }
-    // The log itself, for appending and nothing more: it may be another user's.
+    // Opens the log itself, and only for appending, as it may belong to another user.
     const auto file = folder / "VelaAgent.log";
     const bool existed = std::filesystem::exists(file);
     const bool isWritable = std::ofstream(file, std::ios::app).is_open();
@@ -168,7 +168,7 @@ const std::vector<Check>& Checks() {
         {"touchpad", CheckDevice},
         {"other sessions", CheckOtherSessions},
         {"opening", CheckOpening},
-        {"firmware", CheckAnswer},
+        {"firmware", CheckFirmware},
         {"log folder", CheckLogFolder},
     };
     return checks;

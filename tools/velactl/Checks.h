@@ -1,4 +1,4 @@
-// What doctor checks, one after the other.
+// The checks of doctor, one after the other.
 #pragma once
 
 #include <memory>
@@ -15,26 +15,26 @@ enum class Outcome { kOk, kFailed, kSkipped };
 struct CheckResult {
     Outcome outcome;
     std::string finding;
-    std::string nextStep;  // for one that failed
+    std::string nextStep;  // for a failed check
 };
 
-// What earlier checks found out.
-struct Patient {
-    explicit Patient(Context& theContext) : context(theContext) {}
+// The results of earlier checks.
+struct DoctorContext {
+    explicit DoctorContext(Context& theContext) : context(theContext) {}
 
     Context& context;
     bool isLoaded = false;
     bool isPresent = false;
     bool isOpen = false;
-    std::string firmware;  // once it is open
+    std::string firmware;  // set when the touchpad was opened
 };
 
 struct Check {
     const char* name;
-    CheckResult (*run)(Patient&);
+    CheckResult (*run)(DoctorContext&);
 };
 
-// In an order in which the first failure is the one to mend first.
+// Returns the checks, ordered so that the first failure is the one to fix first.
 const std::vector<Check>& Checks();
 
 }  // namespace velactl

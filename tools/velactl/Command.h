@@ -1,4 +1,4 @@
-// The commands of velactl, a row each.
+// The table of the commands of velactl.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -16,14 +16,14 @@ using Run = std::function<ExitCode(Context&)>;
 struct Command {
     const char* name;
     const char* summary;
-    // Adds the command's own arguments and returns what it does once they are parsed.
+    // Adds the command's own arguments and returns the function to run after parsing.
     Run (*declare)(CLI::App& arguments);
 };
 
 // In the order of --help.
 const std::vector<Command>& Commands();
 
-// The rows' third columns, each in a file of commands/.
+// The `declare` functions of the table, each in a file of commands/.
 Run DeclareDevices(CLI::App& arguments);
 Run DeclareCaps(CLI::App& arguments);
 Run DeclareStatus(CLI::App& arguments);

@@ -10,7 +10,7 @@
 namespace velactl {
 namespace {
 
-ExitCode Tell(const std::string& failure, ExitCode code) {
+ExitCode ReportFailure(const std::string& failure, ExitCode code) {
     std::string line = failure;
     std::replace(line.begin(), line.end(), '\n', ' ');
     std::fprintf(stderr, "velactl: %s\n", line.c_str());
@@ -21,18 +21,18 @@ ExitCode CodeOf(const vela_agent::OpenError& error) {
     return error.Result() == VELA_INIT_HELD_BY_OTHER ? kHeldByOther : kNoTouchpad;
 }
 
-ExitCode RunTelling(const Run& run, const Options& options) {
+ExitCode RunReporting(const Run& run, const Options& options) {
     try {
         Context context(options);
         return run(context);
     } catch (const vela_agent::LoadError& error) {
-        return Tell(error.what(), kNoLibrary);
+        return ReportFailure(error.what(), kNoLibrary);
     } catch (const vela_agent::OpenError& error) {
-        return Tell(error.what(), CodeOf(error));
+        return ReportFailure(error.what(), CodeOf(error));
     } catch (const Failure& error) {
-        return Tell(error.what(), error.Code());
+        return ReportFailure(error.what(), error.Code());
     } catch (const std::exception& error) {
-        return Tell(error.what(), kFailed);
+        return ReportFailure(error.what(), kFailed);
     }
 }
 
@@ -61,17 +61,17 @@ ExitCode RunCommandLine(std::vector<std::string> arguments) {
         own->callback([&chosen, run] { chosen = run; });
     }
     try {
-        std::reverse(arguments.begin(), arguments.end());  // as CLI11 takes them
+        std::reverse(arguments.begin(), arguments.end());  // the order that CLI11 requires
         app.parse(std::move(arguments));
     } catch (const CLI::Success& help) {
         app.exit(help);
         std::cout.flush();
         return kDone;
     } catch (const CLI::ParseError& error) {
-        return Tell(std::string(error.what()) + " (velactl --help tells more)", kUsage);
+        return ReportFailure(std::string(error.what()) + " (velactl --help tells more)", kUsage);
     }
-    if (!chosen) return Tell("which command? (velactl --help lists them)", kUsage);
-    return RunTelling(chosen, options);
+    if (!chosen) return ReportFailure("which command? (velactl --help lists them)", kUsage);
+    return RunReporting(chosen, options);
 }
 
 }  // namespace velactl

@@ -1,4 +1,4 @@
-// From the command line to an exit code.
+// Runs a command line.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace velactl {
 
-// The arguments in UTF-8, without the program's name. Failures are told on standard error, a line
-// each.
+// The arguments are UTF-8, without the program's name. Failures are reported on standard error, a
+// line each.
 ExitCode RunCommandLine(std::vector<std::string> arguments);
 
 }  // namespace velactl

@@ -28,7 +28,7 @@ Context::Context(const Options& options)
 const vela_agent::Library& Context::Library() {
     if (!library_) {
         library_.emplace(dllFile_);
-        // "Vela.ini" is looked for beside the library, not beside this program.
+        // The agent reads the "Vela.ini" beside the library, not beside this program.
         vela::SetModuleHandle(library_->Module());
         if (!logFolder_.empty()) logger_.emplace(*library_, logFolder_);
     }
@@ -38,7 +38,7 @@ const vela_agent::Library& Context::Library() {
 void Context::Print(const Json& result) const { Print(result, RenderText(result)); }
 
 void Context::Print(const Json& result, const std::string& text) const {
-    // What a device says of itself need not be proper text.
+    // The strings of a device may not be valid UTF-8.
     const auto replaceBadText = Json::error_handler_t::replace;
     const std::string output = json_ ? result.dump(-1, ' ', false, replaceBadText) + '\n' : text;
     std::fwrite(output.data(), 1, output.size(), stdout);

@@ -1,4 +1,4 @@
-// What every command works with: the options that all of them take, the library, and the output.
+// The context of every command: the options common to all of them, the library, and the output.
 #pragma once
 
 #include <filesystem>
@@ -21,16 +21,16 @@ class Context {
     explicit Context(const Options& options);
 
     std::filesystem::path DllFile() const { return dllFile_; }
-    // Where the agent is to log; empty when it is not.
+    // The folder for the agent's log; empty when the agent does not log.
     std::filesystem::path LogFolder() const { return logFolder_; }
     bool IsJson() const { return json_; }
 
-    // Loaded, and logging begun, when it is first asked for. Throws vela_agent::LoadError.
+    // Loads the library and starts its log at the first call. Throws vela_agent::LoadError.
     const vela_agent::Library& Library();
 
-    // A command's result, in one piece or one of many.
+    // Prints a command's result, or a part of it.
     void Print(const Json& result) const;
-    // With words of the command's own for people.
+    // Prints `text` instead of the rendered result when the output is not JSON.
     void Print(const Json& result, const std::string& text) const;
 
  private:

@@ -1,5 +1,5 @@
-// What the touchpad tells, from the threads of the library to the command's own: those must not
-// wait for a console that somebody scrolls.
+// Passes the touchpad's events from the library's threads to the command's: a library thread must
+// not wait for a console that the user scrolls.
 #pragma once
 
 #include <windows.h>
@@ -20,12 +20,12 @@ class EventQueue {
     EventQueue(const EventQueue&) = delete;
     EventQueue& operator=(const EventQueue&) = delete;
 
-    // For a session. They append what happened, with the time. The queue has to outlive it.
+    // The handlers for a session; they append events with their time. The queue must outlive it.
     vela_agent::Handlers Handlers();
 
-    // Signalled after each event; reset by a wait.
+    // An auto-reset event, signalled after each append.
     HANDLE Arrival() const { return arrival_; }
-    // The oldest, as {"time", "event", ...}; none when all were taken.
+    // Removes and returns the oldest event as {"time", "event", ...}, or nothing.
     std::optional<Json> Take();
 
  private:

@@ -1,4 +1,4 @@
-// How a command ends; scripts read the exit codes, so their numbers stay.
+// Exit codes of the commands. Scripts read them, so the numbers must not change.
 #pragma once
 
 #include <stdexcept>

@@ -6,7 +6,7 @@
 
 namespace velactl {
 
-// "1.0.0"; empty when the file has no version resource.
+// Returns the version as "1.0.0", or an empty text when the file has no version resource.
 std::string FileVersion(const std::filesystem::path& file);
 
 }  // namespace velactl

@@ -5,9 +5,9 @@
 namespace velactl {
 namespace {
 
-constexpr std::chrono::seconds kPatience{2};
+constexpr std::chrono::seconds kTimeout{2};
 
-// True when there was one within `time`; it is in `status` then.
+// Returns true and sets `status` when a status arrives within `time`.
 bool WaitForStatus(EventQueue& events, std::chrono::milliseconds time, std::string& status) {
     const auto end = std::chrono::steady_clock::now() + time;
     for (;;) {
@@ -25,14 +25,14 @@ bool WaitForStatus(EventQueue& events, std::chrono::milliseconds time, std::stri
 
 }  // namespace
 
-FirmwareAnswer AskFirmware(vela_agent::Session& session, EventQueue& events) {
-    FirmwareAnswer answer;
-    // Answers are told to an active session only, and this one tells what it knows at once.
+FirmwareState RequestFirmwareState(vela_agent::Session& session, EventQueue& events) {
+    FirmwareState state;
+    // Only an active session is notified of states, and it is notified of the known one at once.
     session.Activate(VELA_ACTIVE_HOST_SETS_LIGHTS);
-    WaitForStatus(events, std::chrono::milliseconds::zero(), answer.status);
-    answer.asked = session.RequestState();
-    if (answer.asked) answer.answered = WaitForStatus(events, kPatience, answer.status);
-    return answer;
+    WaitForStatus(events, std::chrono::milliseconds::zero(), state.status);
+    state.isRequested = session.RequestState();
+    if (state.isRequested) state.isReceived = WaitForStatus(events, kTimeout, state.status);
+    return state;
 }
 
 }  // namespace velactl

@@ -1,4 +1,4 @@
-// Asks a touchpad's firmware for its state: the proof that reports travel both ways.
+// Requests the state of a touchpad's firmware, which shows that reports travel both ways.
 #pragma once
 
 #include <string>
@@ -7,17 +7,18 @@
 
 namespace velactl {
 
-struct FirmwareAnswer {
-    bool asked = false;     // false: this touchpad knows no such request
-    bool answered = false;  // false: not within two seconds
-    std::string status;     // "normal", "disabled"; as far as it is known without an answer
+struct FirmwareState {
+    bool isRequested = false;  // false: this touchpad has no such request
+    bool isReceived = false;   // false: no state within two seconds
+    std::string status;        // "normal", "disabled"; the last known one if not received
 
     std::string Text() const {
-        return !asked ? "cannot be asked" : answered ? "answers" : "does not answer";
+        return !isRequested ? "cannot be asked" : isReceived ? "answers" : "does not answer";
     }
 };
 
-// Leaves the session active, its lights dark. `events` are the session's, and are used up.
-FirmwareAnswer AskFirmware(vela_agent::Session& session, EventQueue& events);
+// The session is active afterwards, its lights dark. `events` must be those of the session, and are
+// removed from the queue.
+FirmwareState RequestFirmwareState(vela_agent::Session& session, EventQueue& events);
 
 }  // namespace velactl

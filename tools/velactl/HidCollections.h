@@ -1,4 +1,4 @@
-// The machine's HID collections, judged as the agent's discovery judges them.
+// The machine's HID collections, examined by the code of the agent's discovery.
 #pragma once
 
 #include <string>
@@ -8,19 +8,19 @@
 
 namespace velactl {
 
-// As it looks to one of the agent's sessions.
+// A collection as one of the agent's sessions examines it.
 struct HidCollection {
     std::wstring path;
     std::wstring product;
-    vela::Examination examination;  // its preparsed data was freed
-    std::string reasonAgainst;      // why the session turns it down; empty when it matches
+    vela::Examination examination;  // without its preparsed data, which is freed
+    std::string reasonAgainst;      // why the session rejects it; empty when it matches
 };
 
-// In the order of the paths.
+// The result is in the order of the paths.
 std::vector<HidCollection> ExamineCollections(const std::vector<std::wstring>& paths,
                                               vela::IDiscoveryQuery& query);
 
-// The one that the session chooses: the first that matches. Null when none does.
+// Returns the one that the session chooses, the first that matches; null when none does.
 const HidCollection* ChosenCollection(const std::vector<HidCollection>& collections);
 
 }  // namespace velactl

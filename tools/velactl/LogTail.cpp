@@ -11,8 +11,8 @@ LogTail::LogTail(const std::filesystem::path& folder)
 
 bool LogTail::FileExists() const { return std::filesystem::exists(file_); }
 
-// Nothing of a file that is not the one wanted. Opened for a moment and with every sharing: the
-// agent could not rename it otherwise.
+// Returns no text of a file other than `wanted`. The file is opened only for a moment and with all
+// share modes, as the agent could not rename it otherwise.
 LogTail::Piece LogTail::ReadFrom(const std::filesystem::path& file, unsigned long long position,
                                  const Identity* wanted) {
     Piece piece;

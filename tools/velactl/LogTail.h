@@ -1,4 +1,4 @@
-// Reads a log file while the agent appends to it, and renames it when it has grown too large.
+// Reads a log file while the agent appends to it and renames it when it is too large.
 #pragma once
 
 #include <filesystem>
@@ -11,8 +11,8 @@ class LogTail {
     explicit LogTail(const std::filesystem::path& folder);
 
     bool FileExists() const;
-    // What was appended since the last call, from the backup's end on when the file was renamed in
-    // between; the whole file at first.
+    // Returns the text appended since the last call, at first the whole file. When the file was
+    // renamed in between, the rest of the backup comes first.
     std::string Read();
 
  private:
@@ -27,7 +27,7 @@ class LogTail {
     struct Piece {
         bool exists = false;
         Identity identity;
-        std::string text;  // behind the position
+        std::string text;  // from the position on
     };
     static Piece ReadFrom(const std::filesystem::path& file, unsigned long long position,
                           const Identity* wanted);

@@ -27,7 +27,7 @@ ExitCode Hold::Show(Context& context, Json change,
                     const std::function<bool(vela_agent::Session&)>& make) const {
     const StopSignal stop;
     vela_agent::Session session(context.Library());
-    // Without the library's own reaction to presses, so that what is shown stays.
+    // Activates without the library's own reaction to presses, so that the lights stay as set.
     LightAll(session, VELA_ACTIVE_HOST_SETS_LIGHTS);
     const bool done = make(session);
     change["done"] = done;

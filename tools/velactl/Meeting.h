@@ -11,15 +11,16 @@
 
 namespace velactl {
 
-// Enabled, visible and activated with `activation`: all four buttons are lit. Throws Failure.
+// Enables and shows all four buttons and activates the session, so that they are lit. Throws
+// Failure.
 void LightAll(vela_agent::Session& session, std::uint32_t activation);
 
-// How long the touchpad stays open after a command's change; closing darkens it.
+// The time that the touchpad stays open after a command's change; closing it turns its lights off.
 class Hold {
  public:
     explicit Hold(CLI::App& arguments);
 
-    // Lights the buttons, makes the change, prints it with whether it was taken, and holds it.
+    // Lights the buttons, makes the change, prints it and whether it succeeded, and waits.
     ExitCode Show(Context& context, Json change,
                   const std::function<bool(vela_agent::Session&)>& make) const;
 

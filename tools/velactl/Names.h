@@ -8,13 +8,14 @@
 
 namespace velactl {
 
-// As they are typed, and printed.
+// The names are used for input and output.
 const std::map<std::string, VelaButton>& Buttons();
 const std::map<std::string, bool>& Switch();  // on, off
 
 std::string ButtonName(std::uint32_t button);
 std::string SwitchName(bool on);
-// "normal", "disabled"; "activation 5" for what the host gave Activate itself.
+// Returns "normal", "disabled", ..., or "activation 5" for a number that the host passed to
+// Activate.
 std::string StatusName(std::uint32_t status);
 
 }  // namespace velactl

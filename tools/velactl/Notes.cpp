@@ -9,7 +9,7 @@
 namespace velactl {
 namespace {
 
-// Used by the main thread alone.
+// Only the main thread uses it.
 class NoteTaker : public vela::ILog {
  public:
     void Initialize(const std::wstring&) override {}
@@ -19,7 +19,7 @@ class NoteTaker : public vela::ILog {
         va_list arguments{};
         va_start(arguments, format);
         char text[512] = {};
-        // A longer text is cut short.
+        // A longer text is truncated.
         _vsnprintf(text, sizeof(text) - 1, format, arguments);
         va_end(arguments);
         notes_.emplace_back(text);

@@ -1,4 +1,4 @@
-// What the agent's discovery code would have logged, kept for the user.
+// The messages that the agent's discovery code would have logged, kept for the user.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace velactl {
 
-// The messages since the last call, oldest first.
+// Returns the messages since the last call, oldest first.
 std::vector<std::string> TakeNotes();
 
 }  // namespace velactl

@@ -16,7 +16,7 @@ std::string Cell(const Json& value) {
     return value.dump();
 }
 
-// Characters rather than bytes: those that continue a UTF-8 sequence take no column.
+// Counts characters, not bytes: the continuation bytes of UTF-8 take no column.
 std::size_t Width(const std::string& text) {
     return static_cast<std::size_t>(
         std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));

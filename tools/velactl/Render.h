@@ -1,4 +1,4 @@
-// A command's result as text for people; scripts get the same result as JSON.
+// A command's result as text for people; scripts receive the same result as JSON.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -9,7 +9,8 @@ namespace velactl {
 
 using Json = nlohmann::ordered_json;
 
-// An object as lines "name  value", a list of objects as a table with a heading; with the line end.
+// Renders an object as lines "name  value", and a list of objects as a table with a heading. The
+// text ends with a line end.
 std::string RenderText(const Json& result);
 
 }  // namespace velactl

@@ -10,8 +10,8 @@ HANDLE StopEvent() {
     return event;
 }
 
-// On a thread of the system's own. Of a closing console the process is ended when this returns, so
-// it waits for the main thread, which leaves by itself.
+// The system calls this on a thread of its own. When the console closes, the process ends as soon
+// as this returns, so it waits for the main thread to leave by itself.
 BOOL WINAPI OnControl(DWORD kind) {
     SetEvent(StopEvent());
     if (kind != CTRL_C_EVENT && kind != CTRL_BREAK_EVENT) Sleep(kTimeToClose);

@@ -1,5 +1,5 @@
-// Ctrl+C, or the closing of the console, as something to wait for: the touchpad is to be closed
-// before the program ends.
+// A wait that Ctrl+C or closing the console ends, so that the touchpad is closed before the program
+// ends.
 #pragma once
 
 #include <windows.h>
@@ -12,12 +12,12 @@ constexpr std::chrono::milliseconds kForEver{-1};
 
 class StopSignal {
  public:
-    // From now on Ctrl+C only ends the waiting. One at a time; it stays until the process ends.
+    // Makes Ctrl+C end the wait instead of the process, until the process ends. One at a time.
     StopSignal();
 
-    // True when the user wants an end, false when the time is over.
+    // Returns true when the user stops the program, false when the time is over.
     bool WaitFor(std::chrono::milliseconds time) const;
-    // The same, or earlier when `event` is signalled; tells apart by the result.
+    // Does the same, but returns early when `event` is signalled.
     enum Outcome { kStopped, kTimeOver, kSignalled };
     Outcome WaitFor(std::chrono::milliseconds time, HANDLE event) const;
 };

@@ -1,4 +1,4 @@
-// Text between Windows and the tool's output, which is UTF-8.
+// Conversions of Windows' text and numbers for the tool's output, which is UTF-8.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ std::string Hex(std::uint32_t number);
 // "2026-05-06 17:42:10.123"
 std::string LocalTime();
 
-// The system's words for an error, with its number.
+// Returns the system's message for an error, with its number.
 std::string SystemErrorText(std::uint32_t error);
 
 }  // namespace velactl

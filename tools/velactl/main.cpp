@@ -8,6 +8,6 @@ int wmain(int argc, wchar_t** argv) {
     SetConsoleOutputCP(CP_UTF8);
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) arguments.push_back(velactl::Utf8(argv[i]));
-    // A touchpad that can be taken off leaves a thread behind in the library.
+    // A detachable touchpad leaves a thread of the library running.
     vela_agent::LeaveProcess(velactl::RunCommandLine(std::move(arguments)));
 }

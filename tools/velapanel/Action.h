@@ -1,5 +1,5 @@
-// What a person can do at the panel, each with its place, its key and the event that the touchpad
-// then reports.
+// The actions of the user at the panel, each with its place, its key and the event that the
+// touchpad then reports.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ enum class Action {
     Sync,
     Enable,
     Disable,
-    Plug,  // pulls the touchpad out, or plugs it in again
+    Plug,  // unplugs the touchpad, or plugs it in again
 };
 
 struct ActionInfo {

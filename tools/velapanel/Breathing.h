@@ -1,4 +1,4 @@
-// How a breathing light looks: it swells and fades, evenly, a breath every three seconds.
+// The animation of a breathing light: it swells and fades evenly, every three seconds.
 #pragma once
 
 #include <cmath>
@@ -7,8 +7,7 @@ namespace velapanel {
 
 constexpr double kBreathSeconds = 3.0;
 
-// The part of its brightness that the light has, 0 to 1, at this time of the breath that began at
-// 0.
+// The light's share of its brightness, 0 to 1, `seconds` after the breath began.
 inline double BreathLevel(double seconds) {
     constexpr double kFullCircle = 6.283185307179586;
     return (1 - std::cos(kFullCircle * seconds / kBreathSeconds)) / 2;

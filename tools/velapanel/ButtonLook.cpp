@@ -5,7 +5,7 @@
 namespace velapanel {
 namespace {
 
-// The usages of a button's lights in the light report, and of its being active.
+// The usages of a button in the light report: its active bit and its lights.
 struct LightUsages {
     std::uint16_t active;
     std::uint16_t on;

@@ -1,4 +1,4 @@
-// How one of the four buttons looks, from what the last light report says of it.
+// The look of one of the four buttons according to the last light report.
 #pragma once
 
 #include <string>
@@ -12,11 +12,11 @@ namespace velapanel {
 struct ButtonLook {
     Colour light;            // of its symbol
     double level = 0;        // of the light, 0 dark to 1
-    bool isCrossed = false;  // the light for off is the one that is lit
-    std::wstring caption;    // its state in words
+    bool isCrossed = false;  // the light for off is lit
+    std::wstring caption;    // its state as text
 };
 
-// seconds: since the breath began.
+// `seconds` is the time since the breath began.
 ButtonLook LookOf(Action button, const virtual_touchpad::Lights& lights, double seconds);
 
 }  // namespace velapanel

@@ -1,5 +1,5 @@
-// A bitmap that is drawn on at twice its size and then made smaller, for edges that are smooth
-// wherever the panel runs: Wine's GDI+ does not smooth any.
+// A bitmap that is drawn at twice its size and then scaled down, for smooth edges everywhere:
+// Wine's GDI+ has no antialiasing.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ class Canvas {
  public:
     Canvas(int width, int height) : width_(width), height_(height) {}
 
-    // `draw` draws in the canvas's own size.
+    // `draw` uses the coordinates of the final size.
     void Draw(const std::function<void(Gdiplus::Graphics&)>& draw);
 
     int Width() const { return width_; }

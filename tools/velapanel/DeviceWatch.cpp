@@ -22,7 +22,7 @@ Report InputReport(std::uint16_t eventUsage) {
             static_cast<std::uint8_t>(1U << (eventUsage - kFirstEvent)), 0};
 }
 
-// A device as far as it has been looked at.
+// A device and the counts of its reports that were already read.
 template <typename Control>
 struct Watched {
     explicit Watched(const std::wstring& name) : control(name) {}
@@ -31,9 +31,9 @@ struct Watched {
     std::uint64_t outputs = 0;
 };
 
-// Opens it when it has come, lets go of it when it has gone.
+// Opens the device when it appears and closes it when it is gone.
 template <typename Device, typename Look>
-bool Visit(std::unique_ptr<Device>& device, const std::wstring& name, const Look& look) {
+bool QueryDevice(std::unique_ptr<Device>& device, const std::wstring& name, const Look& look) {
     try {
         if (device == nullptr) device = std::make_unique<Device>(name);
         look(*device);
@@ -64,7 +64,7 @@ void DeviceWatch::Refresh() {
 }
 
 void DeviceWatch::RefreshTouchpad() {
-    state_.isPlugged = Visit(touchpad_, touchpadName_, [this](Touchpad& touchpad) {
+    state_.isPlugged = QueryDevice(touchpad_, touchpadName_, [this](Touchpad& touchpad) {
         const virtual_touchpad::VirtualDevice& device = touchpad.control.Device();
         const VirtualHidState now = device.State();
         if (now.outputCount != touchpad.outputs) {
@@ -85,7 +85,7 @@ void DeviceWatch::RefreshTouchpad() {
 }
 
 void DeviceWatch::RefreshHaptic() {
-    const bool isThere = Visit(haptic_, hapticName_, [this](Haptic& haptic) {
+    const bool isThere = QueryDevice(haptic_, hapticName_, [this](Haptic& haptic) {
         const auto report = haptic.control.Feature(kHapticsReportId);
         state_.hapticLevel = report ? HapticLevel(*report) : 0;
         const std::uint32_t sets = haptic.control.State().featureSetCount;

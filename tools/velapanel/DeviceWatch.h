@@ -1,4 +1,4 @@
-// The panel's side of the virtual touchpad: what its hosts sent, and what a person does to it.
+// The panel's connection to the virtual touchpad: the reports of its hosts, and the user's actions.
 #pragma once
 
 #include <cstdint>
@@ -15,11 +15,11 @@ class DeviceWatch {
                          std::wstring hapticName = L"haptic");
     ~DeviceWatch();
 
-    // Asks the devices what is new. A device that is not there, or not any more, is no error.
+    // Queries the devices for changes. A missing device is no error.
     void Refresh();
     const PanelState& State() const { return state_; }
 
-    // Throws std::runtime_error with one line when it cannot be done.
+    // Throws std::runtime_error with a message of one line on failure.
     void Do(Action action);
 
  private:

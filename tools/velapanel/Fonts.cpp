@@ -3,7 +3,7 @@
 namespace velapanel {
 namespace {
 
-// Windows' own first, then what Wine finds on Debian.
+// Fonts of Windows first, then those of Wine on Debian.
 constexpr const wchar_t* kProportional[] = {L"Segoe UI", L"Tahoma", L"DejaVu Sans"};
 constexpr const wchar_t* kFixed[] = {L"Consolas", L"Courier New", L"DejaVu Sans Mono"};
 

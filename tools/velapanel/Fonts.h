@@ -1,4 +1,4 @@
-// The panel's two fonts, whichever of their kind this machine has.
+// The panel's two fonts, the first available ones of their kind.
 #pragma once
 
 #include "tools/velapanel/GdiPlus.h"
@@ -7,7 +7,8 @@ namespace velapanel {
 
 enum class FontKind { Proportional, Fixed };
 
-// In pixels. An unusable font, whose texts are left out, where the machine has none of them.
+// `size` is in pixels. The font is unusable, and its texts are missing, on a machine without any of
+// them.
 Gdiplus::Font MakeFont(FontKind kind, float size);
 
 }  // namespace velapanel

@@ -1,4 +1,4 @@
-// GDI+ with what its header expects to be there before it.
+// GDI+ with the declarations that its header requires.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,8 @@ using std::min;
 
 namespace velapanel {
 
-// GDI+ is usable for as long as this lives; the first and last thing of a program that draws.
+// GDI+ is usable only while this object exists; a program that draws creates it first and destroys
+// it last.
 class GdiPlusSession {
  public:
     GdiPlusSession() {

@@ -13,11 +13,11 @@ namespace velapanel {
 struct PanelView {
     const PanelState& state;
     double breathSeconds = 0;       // since the chat light began to breathe
-    std::optional<Action> focused;  // by the keyboard
-    std::wstring notice;            // why the last action failed, if it did
+    std::optional<Action> focused;  // by keyboard
+    std::wstring notice;            // error of the last action, if it failed
 };
 
-// The lamp below a button's symbol: where its light can be looked at.
+// The lamp below a button's symbol, which shows the colour of its light.
 Box LampOf(const PanelLayout& layout, Action button);
 
 void Paint(Canvas& canvas, const PanelView& view);

@@ -1,4 +1,4 @@
-// The panel's colours, and how bright a light looks.
+// The panel's colours, and the visible brightness of lights.
 #pragma once
 
 #include <cmath>
@@ -19,14 +19,14 @@ inline const Colour kText(255, 232, 234, 238);
 inline const Colour kQuietText(255, 158, 163, 172);
 inline const Colour kFocus(255, 92, 158, 255);
 
-// The lights: on, off (camera and microphone), and the ones that have a single light.
+// The lights: on and off (camera and microphone), and the single ones of the other buttons.
 inline const Colour kOnLight(255, 72, 220, 120);
 inline const Colour kOffLight(255, 255, 84, 72);
 inline const Colour kSingleLight(255, 255, 214, 96);
 inline const Colour kDarkLight(255, 74, 77, 84);
 
-// 0 (dark) to 1. The eye sees dim lights far better than their share of the energy says; the
-// dimmest one is well apart from none.
+// Returns 0 (dark) to 1. The eye perceives dim lights as brighter than their energy, so even the
+// dimmest is well above 0.
 inline double VisibleLevel(std::uint8_t brightness) {
     return brightness == 0 ? 0 : 0.3 + 0.7 * std::sqrt(brightness / 255.0);
 }

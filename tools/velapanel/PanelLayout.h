@@ -1,4 +1,4 @@
-// Where everything is on a panel of a given size.
+// The places of everything on a panel of a given size.
 #pragma once
 
 #include <array>
@@ -21,7 +21,7 @@ struct Box {
     }
 };
 
-// The smallest client area on which everything can be read.
+// The smallest client area on which everything is readable.
 constexpr int kMinimumWidth = 560;
 constexpr int kMinimumHeight = 420;
 

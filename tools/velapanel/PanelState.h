@@ -1,4 +1,4 @@
-// What the panel shows: a touchpad as somebody in front of it meets it, and its latest reports.
+// The contents of the panel: the lights of the touchpad and its latest reports.
 #pragma once
 
 #include <optional>
@@ -13,7 +13,7 @@ namespace velapanel {
 struct ReportLine {
     std::string kind;    // "output", "input" or "feature"
     std::string bytes;   // in hexadecimal, the report id first
-    std::string fields;  // the same by the fields' names
+    std::string fields;  // the same as named fields
 };
 
 struct PanelState {

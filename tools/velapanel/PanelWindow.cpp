@@ -99,7 +99,7 @@ PanelView PanelWindow::View() const {
     return {watch_.State(), breath.count(), focused_, notice_};
 }
 
-// Into a bitmap first, so that nothing half drawn is ever on the screen.
+// Draws into a bitmap first to avoid flicker.
 void PanelWindow::Draw() {
     RECT area{};
     GetClientRect(window_, &area);

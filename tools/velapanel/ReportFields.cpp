@@ -18,7 +18,7 @@ void Append(std::string& text, const std::string& part) {
     text += part;
 }
 
-// The lights of a light report, by byte offset from 1 on: the order of kLightUsages.
+// The lights of a light report in the order of kLightUsages, from byte 1 on.
 constexpr const char* kLightNames[] = {"camera on", "camera off", "screen",
                                        "chat",      "mic on",     "mic off"};
 constexpr std::size_t kBreathingOffset = std::size(kLightNames) + 1;
@@ -36,7 +36,7 @@ std::string SetBits(unsigned bits, const char* const (&names)[count]) {
     return text;
 }
 
-// Lights of the same brightness together, the brightest first.
+// Lists lights of the same brightness together, the brightest first.
 std::string Brightnesses(const Report& report) {
     std::map<std::uint8_t, std::string, std::greater<>> lights;
     for (std::size_t i = 0; i < std::size(kLightNames); ++i) {
@@ -108,7 +108,7 @@ ReportLine DescribeFeature(const Report& report) {
     return {"feature", ToHex(report), fields};
 }
 
-// Seven bits, from bit 4 on.
+// The field has seven bits, from bit 4 on.
 unsigned HapticLevel(const Report& report) {
     return (report.at(1) >> 4U | static_cast<unsigned>(report.at(2)) << 4U) & 0x7FU;
 }

@@ -1,4 +1,4 @@
-// Reports in words: the fields by name, with what they say.
+// Reports as text: their fields by name, with their values.
 #pragma once
 
 #include "tools/velapanel/PanelState.h"
@@ -7,7 +7,8 @@ namespace velapanel {
 
 std::string ToHex(const virtual_touchpad::Report& report);
 
-// Of the virtual touchpads' layouts; a report of another one is told as that.
+// These know the virtual touchpads' layouts, and describe any other report as one of another
+// layout.
 ReportLine DescribeOutput(const virtual_touchpad::Report& report);
 ReportLine DescribeInput(const virtual_touchpad::Report& report);
 ReportLine DescribeFeature(const virtual_touchpad::Report& report);

@@ -5,7 +5,7 @@
 namespace velapanel {
 namespace {
 
-// GDI+'s PNG encoder, as the system registers it on every machine.
+// The class id of GDI+'s PNG encoder, the same on every machine.
 constexpr CLSID kPngEncoder = {
     0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 

@@ -7,11 +7,11 @@
 
 namespace velapanel {
 
-// Both throw std::runtime_error with one line when the file cannot be written.
+// Both throw std::runtime_error with a message of one line when the file cannot be written.
 
-// As the panel is drawn at this size.
+// Draws the panel at this size.
 void SavePicture(const PanelView& view, int width, int height, const std::filesystem::path& file);
-// As a window's client area looks on the screen just now.
+// Copies a window's client area from the screen.
 void SaveWindow(HWND window, const std::filesystem::path& file);
 
 }  // namespace velapanel

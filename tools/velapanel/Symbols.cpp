@@ -10,7 +10,7 @@ using Gdiplus::PointF;
 using Gdiplus::RectF;
 using Gdiplus::SolidBrush;
 
-// Everything is drawn in a square of 100 by 100.
+// All symbols are drawn in a square of 100 by 100.
 constexpr float kSide = 100;
 constexpr float kLine = 8;
 

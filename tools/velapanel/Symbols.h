@@ -6,7 +6,7 @@
 
 namespace velapanel {
 
-// Draws it into a square; crossed out when it is for something that is off.
+// Draws a symbol into a square, crossed out for a state of off.
 void DrawSymbol(Gdiplus::Graphics& graphics, Action button, const Gdiplus::RectF& square,
                 const Gdiplus::Color& colour, bool isCrossed);
 

@@ -1,4 +1,4 @@
-// velapanel: the virtual touchpad as a picture. Its buttons can be pressed, its plug pulled; its
+// velapanel: the virtual touchpad as a picture. The user can press its buttons and unplug it; its
 // lights show what a host sends.
 #include <CLI/CLI.hpp>
 

@@ -6,7 +6,7 @@
 namespace velactl {
 namespace {
 
-// A word in place of the number that it stands for.
+// Replaces a name by the number that it stands for.
 template <typename Value>
 CLI::Validator OneOf(const std::map<std::string, Value>& words) {
     const auto replace = [&words](std::string& text) -> std::string {
@@ -28,7 +28,7 @@ void AddWord(CLI::App& arguments, const char* name, Value& value,
     arguments.add_option(name, value, help)->required()->transform(OneOf(words))->type_name("");
 }
 
-// A switch that each button has.
+// Declares the command of a switch that each button has.
 Run DeclareButtonSwitch(CLI::App& arguments, const char* what,
                         bool (vela_agent::Session::*set)(VelaButton, bool)) {
     const auto button = std::make_shared<VelaButton>();

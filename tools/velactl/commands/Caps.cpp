@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kReportTypes[] = {"input", "output", "feature"};
 
-// By report type and usage, values before buttons, as the reports are read.
+// Rows by report type, kind (values before buttons) and usage.
 using Rows = std::map<std::tuple<int, int, USAGE>, Json>;
 
 Json Common(int type, const char* kind, USAGE page, USAGE usage, UCHAR reportId) {
@@ -25,7 +25,7 @@ Json Common(int type, const char* kind, USAGE page, USAGE usage, UCHAR reportId)
             {"reportId", reportId}};
 }
 
-// The report type and the usage are in the key alone: a record may stand for a range of usages.
+// Report type and usage are taken from the key, as a record may be one of a range of usages.
 template <typename Map, typename AddRow>
 void ForEachEntry(const Map& map, AddRow addRow) {
     for (const auto& [key, caps] : map) {
@@ -60,7 +60,7 @@ Rows RowsOf(const vela::Examination& examination) {
 }
 
 ExitCode ListCapabilities(Context& context, bool haptic) {
-    context.Library();  // whose "Vela.ini" counts
+    context.Library();  // sets the folder of "Vela.ini"
     vela::TouchpadDiscovery touchpadQuery;
     vela::HapticDiscovery hapticQuery;
     vela::IDiscoveryQuery* query = &touchpadQuery;

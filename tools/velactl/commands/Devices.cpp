@@ -9,7 +9,7 @@
 namespace velactl {
 namespace {
 
-// The machine's collections as one of the agent's sessions chooses among them.
+// The machine's collections, and the one that a kind of session chooses among them.
 class Choice {
  public:
     Choice(vela::IDiscoveryQuery& query, const char* name, const std::vector<std::wstring>& paths)
@@ -50,7 +50,7 @@ class Choice {
 };
 
 ExitCode ListDevices(Context& context) {
-    context.Library();  // whose "Vela.ini" counts
+    context.Library();  // sets the folder of "Vela.ini"
     vela::TouchpadDiscovery touchpadQuery;
     vela::HapticDiscovery hapticQuery;
     const std::vector<std::wstring> paths = vela::GetHidDevicePathList();

@@ -16,7 +16,7 @@ const char* Word(Outcome outcome) {
     }
 }
 
-// "failed   touchpad: none of 2 HID collections is the touchpad", and below it what to do.
+// "failed   touchpad: none of 2 HID collections is the touchpad", and below it the next step.
 std::string Line(const char* name, const CheckResult& result) {
     std::string line = Word(result.outcome);
     line.resize(9, ' ');
@@ -26,18 +26,18 @@ std::string Line(const char* name, const CheckResult& result) {
 }
 
 ExitCode Examine(Context& context) {
-    Patient patient(context);
-    bool isWell = true;
+    DoctorContext doctor(context);
+    bool allOk = true;
     for (const Check& check : Checks()) {
-        const CheckResult result = check.run(patient);
+        const CheckResult result = check.run(doctor);
         context.Print({{"check", check.name},
                        {"result", Word(result.outcome)},
                        {"finding", result.finding},
                        {"next", result.nextStep}},
                       Line(check.name, result));
-        isWell = isWell && result.outcome != Outcome::kFailed;
+        allOk = allOk && result.outcome != Outcome::kFailed;
     }
-    return isWell ? kDone : kFailed;
+    return allOk ? kDone : kFailed;
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ struct LogOptions {
     double seconds = 0;  // 0: until Ctrl+C
 };
 
-// Takes the whole lines off the text; the agent may be in the midst of the last one.
+// Removes the complete lines from the text; the agent may still be writing the last one.
 std::vector<std::string> TakeLines(std::string& text) {
     std::vector<std::string> lines;
     std::size_t start = 0;

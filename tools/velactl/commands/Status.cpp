@@ -13,9 +13,9 @@ void AddOpenTouchpad(const vela_agent::Library& library, Json& status) {
     status["detachable"] = session.IsDetachable();
     status["biDirectionSwipe"] = session.SupportsBiDirectionSwipe();
     status["clickMode"] = session.IsClickModeOn();
-    const FirmwareAnswer answer = AskFirmware(session, events);
-    status["state"] = answer.status;
-    status["firmware"] = answer.Text();
+    const FirmwareState state = RequestFirmwareState(session, events);
+    status["state"] = state.status;
+    status["firmware"] = state.Text();
 }
 
 void AddTouchpad(const vela_agent::Library& library, Json& status) {
@@ -45,7 +45,7 @@ void AddHaptics(const vela_agent::Library& library, Json& status) {
     }
 }
 
-ExitCode TellStatus(Context& context) {
+ExitCode PrintStatus(Context& context) {
     Json status;
     AddTouchpad(context.Library(), status);
     AddHaptics(context.Library(), status);
@@ -55,6 +55,6 @@ ExitCode TellStatus(Context& context) {
 
 }  // namespace
 
-Run DeclareStatus(CLI::App&) { return TellStatus; }
+Run DeclareStatus(CLI::App&) { return PrintStatus; }
 
 }  // namespace velactl
