@@ -6,7 +6,7 @@ export type Button = 'camera' | 'microphone' | 'chat' | 'share-screen';
 /** The value for `activate`; see `VelaActivation` in VelaAgent.h. */
 export type Activation = 'active' | 'active-host-sets-lights' | 'deactivated' | 'suspended';
 
-/** What a 'status' event reports: a state of the touchpad, or the activation that the host has set. */
+/** The value of a 'status' event: a state of the touchpad, or the activation that the host has set. */
 export type Status =
   | 'normal'
   | 'temporarily-disabled'
@@ -35,17 +35,17 @@ export interface VelaAgentEvents {
 }
 
 /**
- * The one touchpad session of a DLL. Calls that reach the device, the disk or another thread are
- * promises and run one after the other, in the order asked for; what only reads a flag is a plain call.
- * Events come on the JavaScript thread, in listeners of which every call is allowed.
+ * The one touchpad session of a DLL. Calls that reach the device, the disk or another thread return
+ * promises and run one after the other, in the order of the calls; those that only read a flag return it.
+ * Listeners run on the JavaScript thread and may make every call.
  *
- * A boolean result is false where the library returns 0: without a session, or when the device refused;
+ * A boolean result is false where the library returns 0: without a session, or when the device failed;
  * "VelaAgent.log" then has the reason. Wrong arguments throw a TypeError or RangeError.
  */
 export class VelaAgent extends EventEmitter {
   private constructor();
 
-  /** The agent of the DLL at this full path, the same one each time. */
+  /** Returns the agent of the DLL at this full path, the same one each time. */
   static load(path: string): VelaAgent;
 
   readonly path: string;
@@ -53,7 +53,7 @@ export class VelaAgent extends EventEmitter {
 
   /**
    * Writes "VelaAgent.log", in UTF-8, into this directory. It should be one that only the user can write to.
-   * A relative one counts from the current directory. Throws an Error with the code
+   * A relative one is relative to the current directory. Throws an Error with the code
    * 'VELA_LOG_DIRECTORY_MISSING' when it does not exist.
    */
   startLog(directory: string): Promise<void>;
@@ -61,14 +61,14 @@ export class VelaAgent extends EventEmitter {
   stopLog(): Promise<void>;
 
   /**
-   * Whether a touchpad is attached, or another user's process has one open. While this agent is open: false
-   * once its touchpad is unplugged, when that is detachable; true for any other. Every call costs memory
-   * that is not given back: make one when a device arrives, never on a timer.
+   * True when a touchpad is attached, or another user's process has one open. While this agent is open:
+   * false after a detachable touchpad was unplugged; always true for any other. Every call uses memory
+   * that is never freed: call it when a device arrives, not on a timer.
    */
   isPresent(): Promise<boolean>;
-  /** 'open' while it is open already, also when the touchpad was unplugged meanwhile: close first. */
+  /** 'open' also when already open, even if the touchpad was unplugged meanwhile: close first. */
   open(): Promise<OpenResult>;
-  /** Darkens the lights and closes the touchpad; may take as long as a write in flight, 30 seconds. */
+  /** Turns the lights off and closes the touchpad; waits for a write in flight, up to 30 seconds. */
   close(): Promise<boolean>;
 
   enableFeature(on: boolean): Promise<boolean>;
@@ -80,7 +80,7 @@ export class VelaAgent extends EventEmitter {
   isButtonEnabled(button: Button): boolean;
   setButtonVisible(button: Button, on: boolean): Promise<boolean>;
   setButtonLight(button: Button, on: boolean): Promise<boolean>;
-  /** Only the chat button breathes, once it is allowed to. */
+  /** Only the chat button breathes, and only after enableChatBreathing(true). */
   setButtonBreathing(button: Button, on: boolean): Promise<boolean>;
   enableChatBreathing(on: boolean): Promise<boolean>;
   readonly isChatBreathingEnabled: boolean;
@@ -92,7 +92,7 @@ export class VelaAgent extends EventEmitter {
   /** mode 0: off; 1: the longest time between two taps, in the device's units, 0 to 65535. */
   setClickMode(mode: number, value: number): Promise<boolean>;
   isClickModeOn(): Promise<boolean>;
-  /** The state comes as a 'status' event. */
+  /** A 'status' event reports the state. */
   requestStatus(): Promise<boolean>;
   isDetachable(): Promise<boolean>;
   readonly supportsBidirectionalSwipe: boolean;
@@ -100,7 +100,7 @@ export class VelaAgent extends EventEmitter {
   isHapticPresent(): Promise<boolean>;
   openHaptic(): Promise<boolean>;
   closeHaptic(): Promise<boolean>;
-  /** In the device's own units, mostly 0 to 100; 0 on any failure. */
+  /** The level in the device's own units, mostly 0 to 100; 0 on any failure. */
   getHapticLevel(): Promise<number>;
   setHapticLevel(level: number): Promise<boolean>;
 

@@ -8,7 +8,7 @@ const { loadLibrary, VelaLibraryError } = require('./lib/library');
 const { existingDirectory } = require('./lib/logDirectory');
 const names = require('./lib/names');
 
-// Longer than any session: an open one keeps the process running, as an open socket does.
+// A timer longer than any session keeps the process running while one is open, as an open socket does.
 const kKeepAliveMilliseconds = 0x7fffffff;
 
 const agents = new Map(); // a library has one session, so there is one agent for each file
@@ -22,19 +22,19 @@ class VelaAgent extends EventEmitter {
   #onPress;
   #onStatus;
 
-  /** The agent of the DLL at this full path. Throws a VelaLibraryError. */
+  /** Returns the agent of the DLL at this full path. Throws a VelaLibraryError. */
   static load(path) {
     const library = loadLibrary(path);
     if (!agents.has(library.path)) agents.set(library.path, new VelaAgent(library));
     return agents.get(library.path);
   }
 
-  /** Not for hosts: see load. */
+  /** Hosts call load instead. */
   constructor(library) {
     super();
     this.#library = library;
     this.#exit = new ExitGuard(library);
-    // Registered once and for the process's life, so that a callback that comes late finds it.
+    // The callbacks are registered once and stay for the process's lifetime, so that late calls find them.
     this.#onPress = library.pressCallback((button, light) => {
       if (this.#isOpen) this.emit('press', names.nameOf(names.buttons, button), light !== 0);
     });

@@ -1,10 +1,10 @@
 'use strict';
 // Closes a session that is still open when the process exits.
 //
-// The JavaScript thread cannot call UnInit itself then: UnInit waits for the library's reader thread,
-// which may wait with a press for the JavaScript thread. So a thread of its own calls it, and the wait
-// for that thread has a limit; a process that must not be left through the C++ runtime (see convention 7
-// of VelaAgent.h) ends itself.
+// The JavaScript thread cannot call UnInit itself then: UnInit waits for the library's reader thread, which
+// may wait with a press for the JavaScript thread. So a separate thread calls it, and the wait for that
+// thread has a limit; a process that must not exit through the C++ runtime (see convention 7 of VelaAgent.h)
+// terminates itself.
 
 const kLimitMilliseconds = 3000;
 
@@ -44,7 +44,7 @@ class ExitGuard {
     this.#isOpen = false;
   }
 
-  // The heartbeat of a detachable touchpad stays behind after UnInit.
+  // UnInit does not end the heartbeat thread of a detachable touchpad.
   leavesAThread() {
     this.#hasThread = true;
   }

@@ -46,7 +46,7 @@ const kExports = [
 
 const libraries = new Map(); // by path
 
-// koffi's types, which are its own for the whole process.
+// koffi's callback types, which it keeps for the whole process.
 let callbackTypes;
 function callbacks(koffi) {
   callbackTypes ??= {
@@ -87,7 +87,7 @@ function load(file) {
   return library;
 }
 
-/** The declared exports of the DLL at this path, which has to be a full one: no search finds another. */
+/** Returns the declared exports of the DLL at this full path, so that no search finds another file. */
 function loadLibrary(file) {
   if (typeof file !== 'string' || !path.isAbsolute(file)) {
     throw new TypeError('the path of VelaAgent.dll has to be a full one');

@@ -1,10 +1,10 @@
 'use strict';
-// The library takes a log directory as it is: a relative one would follow the current directory, and one
-// that does not exist would give no file and no word about it.
+// The library does not check a log directory: a relative one would follow the current directory, and a
+// missing one would produce neither a file nor an error.
 const fs = require('node:fs');
 const path = require('node:path');
 
-/** The full path of a directory. Throws at once when there is none. */
+/** Returns the full path of a directory. Throws when it does not exist. */
 function existingDirectory(directory) {
   if (typeof directory !== 'string' || directory === '') {
     throw new TypeError('the log directory has to be a path');

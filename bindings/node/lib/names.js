@@ -1,5 +1,5 @@
 'use strict';
-// The library's numbers under names, and checks of what a host passes in.
+// Names for the library's numbers, and checks of a host's arguments.
 
 const buttons = { camera: 0, microphone: 1, chat: 2, 'share-screen': 3 };
 const activations = {

@@ -1,5 +1,5 @@
 'use strict';
-// On Windows' Node: the package against VelaAgent.dll and the virtual touchpad.
+// Tests the package in Node for Windows, with VelaAgent.dll and the virtual touchpad.
 require('./loading.js');
 require('./session.js');
 require('./exiting.js');

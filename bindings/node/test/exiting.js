@@ -1,5 +1,5 @@
 'use strict';
-// Processes that leave with the session open or after it, in whatever way.
+// Processes that exit in various ways, with the session open or closed.
 const assert = require('node:assert/strict');
 const { spawnSync } = require('node:child_process');
 const fs = require('node:fs');
@@ -12,7 +12,7 @@ const dark = [
   'breathing 0',
 ];
 
-// Its output goes to a file: on Wine koffi ends a process whose output is discarded.
+// The host's output goes to a file: on Wine koffi ends a process whose output is discarded.
 function run(script) {
   const output = fs.openSync(path.join(touchpad.folder, `${script}.txt`), 'w');
   const { status } = spawnSync(process.execPath, [path.join(__dirname, 'exitingHost.js'), script], {

@@ -21,14 +21,14 @@ async function light() {
   }
 }
 
-// The report is written by a thread of the library's own.
+// A thread of the library writes the report.
 async function waitForLights(expected) {
   let lights = touchpad.lights();
   for (let i = 0; i < 50 && lights.join() !== expected.join(); ++i) lights = touchpad.lights();
   assert.deepEqual(lights, expected);
 }
 
-// The arguments of the next events of this name.
+// Returns the arguments of the next events of this name.
 function events(name, count) {
   const seen = [];
   return new Promise((resolve) => {

@@ -1,5 +1,5 @@
 'use strict';
-// The virtual touchpad, by its command-line tool.
+// Drives the virtual touchpad with its command-line tool.
 const { spawnSync } = require('node:child_process');
 const fs = require('node:fs');
 const os = require('node:os');
@@ -24,6 +24,6 @@ module.exports = {
   plugHaptic: () => vtouchpad('plug-haptic'),
   unplug: (...options) => vtouchpad('unplug', ...options),
   press: (...events) => vtouchpad('press', ...events),
-  // Lines as "camera 0 3 active".
+  // Returns lines such as "camera 0 3 active".
   lights: () => vtouchpad('lights').trim().split(/\r?\n/).map((line) => line.replaceAll('\t', ' ')),
 };

@@ -1,4 +1,4 @@
-// Compiled, never run: the declarations admit what a host writes, and nothing else.
+// This file is compiled, never run: the declarations accept a host's code and reject mistakes.
 import { VelaAgent, VelaLibraryError, Button, Status } from '..';
 
 export async function host(path: string): Promise<void> {
