@@ -7,13 +7,13 @@
 namespace demo {
 namespace {
 
-constexpr std::chrono::seconds kPatience{40};
-// How the lines begin that tell what the library told the host.
-const std::string kToldPrefixes[] = {"callback: ", "answer: "};
+constexpr std::chrono::seconds kTimeout{40};
+// The prefixes of the lines with callbacks and results of the library.
+const std::string kMessagePrefixes[] = {"callback: ", "answer: "};
 
-// The line without its prefix; empty for the host's other lines.
-std::string ToldBy(const std::string& line) {
-    for (const std::string& prefix : kToldPrefixes) {
+// Returns the line without its prefix, or an empty text for the host's other lines.
+std::string MessageIn(const std::string& line) {
+    for (const std::string& prefix : kMessagePrefixes) {
         if (line.rfind(prefix, 0) == 0) return line.substr(prefix.size());
     }
     return {};
@@ -83,8 +83,8 @@ void HostProcess::ReadLines() {
             text.erase(0, end + 1);
             if (!line.empty() && line.back() == '\r') line.pop_back();
             const std::lock_guard<std::mutex> lock(mutex_);
-            const std::string told = ToldBy(line);
-            told.empty() ? lines_.push_back(line) : told_.push_back(told);
+            const std::string message = MessageIn(line);
+            message.empty() ? lines_.push_back(line) : messages_.push_back(message);
             arrived_.notify_all();
         }
     }
@@ -98,11 +98,11 @@ bool HostProcess::WaitForLine(const std::string& line) {
     const auto isThere = [&] {
         return std::find(lines_.begin(), lines_.end(), line) != lines_.end();
     };
-    arrived_.wait_for(lock, kPatience, [&] { return ended_ || isThere(); });
+    arrived_.wait_for(lock, kTimeout, [&] { return ended_ || isThere(); });
     return isThere();
 }
 
-void HostProcess::Tell(const std::string& command) {
+void HostProcess::Send(const std::string& command) {
     const std::string line = command + "\n";
     DWORD written = 0;
     {
@@ -115,15 +115,15 @@ void HostProcess::Tell(const std::string& command) {
     }
 }
 
-std::vector<std::string> HostProcess::Told(std::size_t count) {
+std::vector<std::string> HostProcess::TakeMessages(std::size_t count) {
     std::unique_lock<std::mutex> lock(mutex_);
-    if (!arrived_.wait_for(lock, kPatience, [&] { return ended_ || told_.size() >= count; }) ||
-        told_.size() < count) {
+    if (!arrived_.wait_for(lock, kTimeout, [&] { return ended_ || messages_.size() >= count; }) ||
+        messages_.size() < count) {
         throw std::runtime_error("the host was told nothing");
     }
-    std::vector<std::string> told;
-    told.swap(told_);
-    return told;
+    std::vector<std::string> messages;
+    messages.swap(messages_);
+    return messages;
 }
 
 DWORD HostProcess::Wait() {

@@ -1,4 +1,4 @@
-// A conferencing host in a process of its own, told what to do over its standard input.
+// A conferencing host in a process of its own, which reads commands from its standard input.
 #pragma once
 
 #include <windows.h>
@@ -16,16 +16,16 @@ class HostProcess {
  public:
     // Throws std::runtime_error when it cannot be started.
     HostProcess(const std::filesystem::path& program, const std::filesystem::path& logDirectory);
-    // Closes its input, upon which the host leaves.
+    // Closes its input, which makes the host exit.
     ~HostProcess();
     HostProcess(const HostProcess&) = delete;
     HostProcess& operator=(const HostProcess&) = delete;
 
-    // Sends a command line and waits until the host has answered "host: done <command>".
-    void Tell(const std::string& command);
-    // What the host was told since the last call, by callbacks and in answer to what it asked,
-    // after waiting for at least `count` lines.
-    std::vector<std::string> Told(std::size_t count);
+    // Sends a command line and waits until the host has printed "host: done <command>".
+    void Send(const std::string& command);
+    // Returns the callbacks and results that the host has printed since the last call, after
+    // waiting for at least `count` lines.
+    std::vector<std::string> TakeMessages(std::size_t count);
     // Waits for the end and returns the exit code.
     DWORD Wait();
 
@@ -36,10 +36,10 @@ class HostProcess {
     HANDLE process_ = nullptr;
     HANDLE input_ = nullptr;
     HANDLE output_ = nullptr;
-    std::mutex mutex_;  // guards: lines_, told_ and ended_
+    std::mutex mutex_;  // guards: lines_, messages_ and ended_
     std::condition_variable arrived_;
     std::vector<std::string> lines_;
-    std::vector<std::string> told_;
+    std::vector<std::string> messages_;
     bool ended_ = false;
     std::thread reader_;
 };

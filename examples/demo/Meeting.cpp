@@ -1,10 +1,10 @@
-// Plays a short meeting: starts the example host, is the person in front of the virtual touchpad,
-// and shows after each event what the host was told and what the touchpad's lights show. A haptic
-// touchpad is there as well; its feedback is made stronger before the meeting.
+// Plays a short meeting: starts the example host, acts as the user of the virtual touchpad, and
+// prints after each event the host's callbacks and the touchpad's lights. A haptic touchpad is
+// plugged in as well; the host increases its feedback before the meeting.
 //
 //   meeting HOST LOGDIRECTORY [PANEL PICTURES]
 //
-// With a panel (velapanel.exe) the person presses there, and each event leaves a picture of the
+// With a panel (velapanel.exe) the buttons are pressed there, and each event saves a picture of the
 // panel's window in the folder PICTURES.
 #include <windows.h>
 
@@ -30,7 +30,7 @@ using virtual_touchpad::Lights;
 using virtual_touchpad::TouchpadControl;
 using virtual_touchpad::VirtualDevice;
 
-constexpr std::chrono::seconds kPatience{10};
+constexpr std::chrono::seconds kTimeout{10};
 
 LightState StateOf(const Lights& lights) {
     return {lights.Brightness(0x21), lights.Brightness(0x20), lights.Brightness(0x27),
@@ -38,21 +38,21 @@ LightState StateOf(const Lights& lights) {
             lights.breathing};
 }
 
-// What the person does.
+// Presses a button like a user.
 using Press = std::function<void(Action)>;
 
 struct Event {
     const char* name;
     const char* title;
     std::function<void(HostProcess&, const Press&)> happen;
-    std::size_t told;                            // lines: the callbacks that the host is to get
-    std::function<bool(const LightState&)> lit;  // how the lights are to end up
+    std::size_t messages;                        // the number of callbacks that the host receives
+    std::function<bool(const LightState&)> lit;  // whether the lights are as expected
 };
 
 const std::vector<Event>& Meeting() {
     static const std::vector<Event> meeting{
         {"joined", "The meeting begins: the host opens the touchpad and lights its buttons",
-         [](HostProcess& host, const Press&) { host.Tell("join"); }, 1,
+         [](HostProcess& host, const Press&) { host.Send("join"); }, 1,
          [](const LightState& lights) { return lights.cameraOff && lights.shareScreen; }},
         {"camera", "The person presses the camera button",
          [](HostProcess&, const Press& press) { press(Action::Camera); }, 1,
@@ -61,12 +61,12 @@ const std::vector<Event>& Meeting() {
          [](HostProcess&, const Press& press) { press(Action::Microphone); }, 1,
          [](const LightState& lights) { return lights.microphoneOn && !lights.microphoneOff; }},
         {"chat-message", "A chat message arrives: the chat light breathes",
-         [](HostProcess& host, const Press&) { host.Tell("chat"); }, 0,
+         [](HostProcess& host, const Press&) { host.Send("chat"); }, 0,
          [](const LightState& lights) { return lights.breathing != 0; }},
         {"chat", "The person presses the chat button; the host opens the chat",
          [](HostProcess& host, const Press& press) {
              press(Action::Chat);
-             host.Tell("read");
+             host.Send("read");
          },
          1, [](const LightState& lights) { return lights.breathing == 0; }},
         {"gesture", "A gesture on the touchpad disables the buttons for a while",
@@ -76,7 +76,7 @@ const std::vector<Event>& Meeting() {
          [](HostProcess&, const Press& press) { press(Action::Sync); }, 1,
          [](const LightState& lights) { return lights.cameraOn != 0; }},
         {"left", "The meeting ends: the host leaves",
-         [](HostProcess& host, const Press&) { host.Tell("leave"); }, 2,
+         [](HostProcess& host, const Press&) { host.Send("leave"); }, 2,
          [](const LightState& lights) { return !lights.cameraOn && !lights.shareScreen; }},
     };
     return meeting;
@@ -84,7 +84,7 @@ const std::vector<Event>& Meeting() {
 
 LightState WaitForLights(const TouchpadControl& touchpad,
                          const std::function<bool(const LightState&)>& lit) {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    const auto deadline = std::chrono::steady_clock::now() + kTimeout;
     while (std::chrono::steady_clock::now() < deadline) {
         const LightState lights = StateOf(touchpad.CurrentLights());
         if (lit(lights)) return lights;
@@ -93,17 +93,19 @@ LightState WaitForLights(const TouchpadControl& touchpad,
     throw std::runtime_error("the lights did not change as they should have");
 }
 
-void PrintTold(HostProcess& host, std::size_t count) {
-    for (const std::string& told : host.Told(count)) std::printf("    host: %s\n", told.c_str());
+void PrintMessages(HostProcess& host, std::size_t count) {
+    for (const std::string& message : host.TakeMessages(count)) {
+        std::printf("    host: %s\n", message.c_str());
+    }
 }
 
-// The intensity is one of the four fields of a report; the host sets that one only.
+// The intensity is one of the four fields of a report; the host sets only that one.
 void MakeFeedbackStronger(HostProcess& host, VirtualDevice& haptic) {
     virtual_touchpad::HapticFields fields{9, 50, 17, 200};
     haptic.SetFeature(HapticsReport(fields));
     std::printf("\nThe host makes the haptic touchpad's feedback stronger\n");
-    host.Tell("haptic 80");
-    PrintTold(host, 2);
+    host.Send("haptic 80");
+    PrintMessages(host, 2);
     fields.intensity = 80;
     if (haptic.Feature(virtual_touchpad::kHapticsReportId) != HapticsReport(fields)) {
         throw std::runtime_error("the haptic touchpad's report is not as it should be");
@@ -111,13 +113,13 @@ void MakeFeedbackStronger(HostProcess& host, VirtualDevice& haptic) {
     std::printf("%s", HapticPicture(fields.intensity).c_str());
 }
 
-// afterwards: once the lights are as the event leaves them.
+// Calls `afterwards` when the lights have the state that the event leads to.
 void Play(HostProcess& host, const TouchpadControl& touchpad, const Press& press,
           const std::function<void(const Event&)>& afterwards) {
     for (const Event& event : Meeting()) {
         std::printf("\n%s\n", event.title);
         event.happen(host, press);
-        PrintTold(host, event.told);
+        PrintMessages(host, event.messages);
         std::printf("%s", Picture(WaitForLights(touchpad, event.lit)).c_str());
         std::fflush(stdout);
         afterwards(event);

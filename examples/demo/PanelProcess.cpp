@@ -9,8 +9,8 @@
 namespace demo {
 namespace {
 
-constexpr std::chrono::seconds kPatience{15};
-// Half a breath, so that a breathing light is seen lit; many times what the panel needs to draw.
+constexpr std::chrono::seconds kTimeout{15};
+// Half a breath, so that a breathing light is lit; far longer than the panel needs to draw.
 constexpr DWORD kDrawnMilliseconds = 1500;
 
 }  // namespace
@@ -25,7 +25,7 @@ PanelProcess::PanelProcess(const std::filesystem::path& program) {
     }
     CloseHandle(started.hThread);
     process_ = started.hProcess;
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    const auto deadline = std::chrono::steady_clock::now() + kTimeout;
     while (window_ == nullptr && std::chrono::steady_clock::now() < deadline) {
         Sleep(50);
         window_ = FindWindowW(velapanel::kWindowClass, nullptr);

@@ -13,14 +13,14 @@ namespace demo {
 
 class PanelProcess {
  public:
-    // Returns when its window is there. Throws std::runtime_error when it does not come.
+    // Returns when its window exists. Throws std::runtime_error when none appears.
     explicit PanelProcess(const std::filesystem::path& program);
     ~PanelProcess();  // closes the window
     PanelProcess(const PanelProcess&) = delete;
     PanelProcess& operator=(const PanelProcess&) = delete;
 
     void Press(velapanel::Action action);
-    // Of the window as it is on the screen once it has drawn what happened before.
+    // Saves a picture of the window from the screen, after it has drawn earlier events.
     void SavePicture(const std::filesystem::path& file);
 
  private:

@@ -8,7 +8,7 @@ namespace demo {
 
 enum class Breathing : std::uint8_t { None = 0, Starts = 8, GoesOn = 15 };
 
-// What the last light report told the touchpad: brightness of each light, 0 = dark.
+// The state according to the last light report: the brightness of each light, 0 = dark.
 struct LightState {
     std::uint8_t cameraOff = 0;
     std::uint8_t cameraOn = 0;
@@ -19,9 +19,9 @@ struct LightState {
     std::uint8_t breathing = 0;  // a Breathing value
 };
 
-// One line in ANSI colours, ended by a newline.
+// Returns one line in ANSI colours, ended by a newline.
 std::string Picture(const LightState& lights);
-// The same for the strength of a haptic touchpad's feedback, 0 to 100.
+// Returns the same for the strength of a haptic touchpad's feedback, 0 to 100.
 std::string HapticPicture(std::uint8_t intensity);
 
 }  // namespace demo

@@ -1,16 +1,16 @@
-/* A conferencing host in small, to copy from: it opens the touchpad, lights its buttons, hears
- * their presses and closes it again.
+/* A small conferencing host to copy from: it opens the touchpad, lights its buttons, receives their
+ * presses and closes it again.
  *
  *   host LOGDIRECTORY
  *
  * The directory is absolute, exists, and only the user can write to it, as "%LOCALAPPDATA%\Host".
- * What a real host's user interface would do comes as lines on standard input:
+ * Lines on standard input stand for the user interface of a real host:
  *   join    the meeting begins: lights on
- *   chat    a chat message came: the chat light breathes
+ *   chat    a chat message arrived: the chat light breathes
  *   read    the message was read
- *   haptic  how strong a haptic touchpad's feedback is; "haptic 80" sets it as well
+ *   haptic  prints the strength of a haptic touchpad's feedback; "haptic 80" sets it as well
  *   leave   the meeting ends (so does the end of input)
- * Each callback is printed as a line on standard output, and so is what was asked for. */
+ * Each callback and each requested value is printed as a line on standard output. */
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -20,8 +20,8 @@
 
 static const char* const button_names[] = {"camera", "microphone", "chat", "share screen"};
 
-/* Both callbacks come on the library's reader thread. A real host posts to its own thread here; it
- * must not call UnInit. */
+/* Presses come on the library's reader thread, status changes also on the thread that calls the
+ * library. A real host posts to its own thread in both; it must not call UnInit here. */
 static void on_button_press(uint32_t button, uint32_t new_light) {
     const char* const name = button < 4 ? button_names[button] : "unknown";
     printf("callback: %s pressed, light to be %s\n", name, new_light ? "on" : "off");
@@ -83,7 +83,7 @@ static void leave(void) {
 
 enum outcome { GO_ON, LEAVE, FAILED };
 
-static enum outcome obey(const char* command) {
+static enum outcome run_command(const char* command) {
     if (strcmp(command, "join") == 0) return join() ? GO_ON : FAILED;
     if (strcmp(command, "chat") == 0) SetButtonBreathing(VELA_BUTTON_CHAT, 1);
     if (strcmp(command, "read") == 0) SetButtonBreathing(VELA_BUTTON_CHAT, 0);
@@ -103,7 +103,7 @@ int wmain(int argc, wchar_t** argv) {
     fflush(stdout);
     while (outcome == GO_ON && fgets(command, sizeof(command), stdin) != NULL) {
         command[strcspn(command, "\r\n")] = '\0';
-        outcome = obey(command);
+        outcome = run_command(command);
         printf("host: done %s\n", command);
         fflush(stdout);
     }
