@@ -41,7 +41,8 @@ class FileObject : public KernelObject {
     DeviceObject& Device() const { return *device_; }
     const Access& Opening() const { return access_; }
     bool IsOverlapped() const { return overlapped_; }
-    // False after the device was unplugged; plugging it in again does not revive the handle.
+    // Returns false after the device was unplugged; plugging it in again does not revive the
+    // handle.
     bool IsConnected() const { return connected_; }
 
     // The oldest queued report, if any, completes the read within the call.

@@ -27,7 +27,7 @@ class HandleTable {
         const auto found = objects_.find(handle);
         return found != objects_.end() ? std::dynamic_pointer_cast<Object>(found->second) : nullptr;
     }
-    // False when the handle is not open.
+    // Returns false when the handle is not open.
     bool Close(HANDLE handle);
     // Returns whether the handle was open once and is closed now.
     bool IsClosed(HANDLE handle) const;

@@ -78,7 +78,7 @@ class Machine {
     void HoldMutexElsewhere(const std::wstring& name, bool denied);
     void ReleaseMutexElsewhere(const std::wstring& name);
     bool MutexExists(const std::wstring& name) const;
-    // The texts given to OutputDebugStringA.
+    // The texts passed to OutputDebugStringA.
     std::vector<std::string> DebugOutput() const;
 
     // --- accounting ------------------------------------------------------------------------------
@@ -91,8 +91,8 @@ class Machine {
     std::size_t GlobalMemoryInUse() const;
     // Misuse that a test would not see otherwise: preparsed data freed twice or used after its end,
     // unknown handles closed, a device's handle used after its end, GlobalFree of an unknown block.
-    // Empty when all is well. The invalid handle value given to SetupDiDestroyDeviceInfoList counts
-    // as harmless.
+    // Empty when all is well. The invalid handle value passed to SetupDiDestroyDeviceInfoList
+    // counts as harmless.
     std::vector<std::string> Misuse() const;
 
  private:

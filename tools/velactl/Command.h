@@ -20,7 +20,7 @@ struct Command {
     Run (*declare)(CLI::App& arguments);
 };
 
-// In the order of --help.
+// Returns the commands in the order of --help.
 const std::vector<Command>& Commands();
 
 // The `declare` functions of the table, each in a file of commands/.

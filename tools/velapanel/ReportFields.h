@@ -7,8 +7,7 @@ namespace velapanel {
 
 std::string ToHex(const virtual_touchpad::Report& report);
 
-// These know the virtual touchpads' layouts, and describe any other report as one of another
-// layout.
+// These describe reports of the virtual touchpads' layouts, and any other as one of another layout.
 ReportLine DescribeOutput(const virtual_touchpad::Report& report);
 ReportLine DescribeInput(const virtual_touchpad::Report& report);
 ReportLine DescribeFeature(const virtual_touchpad::Report& report);

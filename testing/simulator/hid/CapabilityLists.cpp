@@ -31,7 +31,7 @@ Caps CommonCaps(const Collection& collection, const Capability& capability) {
         caps.NotRange.Usage = usages.minimum;
         caps.NotRange.DataIndex = capability.dataIndex;
     }
-    // A single index lies where a range has its minimum.
+    // A single index occupies the place of a range's minimum.
     caps.IsStringRange = usages.strings.isRange ? 1 : 0;
     caps.Range.StringMin = usages.strings.minimum;
     caps.Range.StringMax = usages.strings.maximum;

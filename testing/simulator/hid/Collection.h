@@ -24,7 +24,7 @@ class Collection {
     }
 
     const std::vector<UsageAndPage>& Links() const { return links_; }
-    // Null when there is no such report type; callers of the platform may pass any number.
+    // Returns null when there is no such report type; callers of the platform may pass any number.
     const ReportLayout* FindReports(HIDP_REPORT_TYPE type) const;
 
  private:

@@ -24,7 +24,7 @@ struct DeclaredUsages {
     USAGE minimum = 0;
     USAGE maximum = 0;
     bool isRange = false;
-    // For display by a host only; they do not affect any report.
+    // A host may display these; they do not affect any report.
     IndexRange strings{};
     IndexRange designators{};
 

@@ -21,7 +21,7 @@ class DescriptorError : public std::runtime_error {
 // One parsed top-level collection, to which preparsed data refers.
 class Collection;
 
-// Never allocates according to a length or count found in the bytes.
+// Does not allocate according to lengths or counts found in the bytes.
 std::vector<std::shared_ptr<const Collection>> ParseReportDescriptor(
     const std::vector<std::uint8_t>& descriptor);
 

@@ -18,7 +18,8 @@ class ReportLayout {
     // for fields that make no sense or exceed the platform's counters.
     void Add(const MainItem& item);
 
-    // In the platform's order: main items as declared, within each the last declared usage first.
+    // The lists are in the platform's order: main items as declared, within each the last declared
+    // usage first.
     const std::vector<Capability>& Buttons() const { return buttons_; }
     const std::vector<Capability>& Values() const { return values_; }
     USHORT DataIndices() const { return static_cast<USHORT>(dataIndices_); }

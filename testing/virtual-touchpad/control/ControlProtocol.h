@@ -27,7 +27,7 @@
  * higher sequence number, oldest first, as many as fit. */
 #define IOCTL_VIRTUAL_HID_GET_OUTPUTS VIRTUAL_HID_IOCTL(2)
 /* in: one byte, the report id. out: the stored report. Fails with STATUS_NOT_FOUND for an id that
- * nobody has set yet. */
+ * was not set yet. */
 #define IOCTL_VIRTUAL_HID_GET_FEATURE VIRTUAL_HID_IOCTL(3)
 /* in: report bytes. Does not count as a host's set. */
 #define IOCTL_VIRTUAL_HID_SET_FEATURE VIRTUAL_HID_IOCTL(4)
