@@ -1,134 +1,141 @@
-// The test's side of a device.
 #include "testing/simulator/Device.h"
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "testing/simulator/DeviceObject.h"
 #include "testing/simulator/MachineState.h"
 
 namespace simulator {
 
-void DeviceObject::SendInput(const Bytes& report) {
-    if (report.empty() || report.size() > caps_.InputReportByteLength) {
+Device::Device(std::shared_ptr<DeviceObject> object) : object_(std::move(object)) {}
+
+const std::wstring& Device::Path() const { return object_->Description().path; }
+
+const hid::Collection& Device::Collection() const { return *object_->ParsedCollection(); }
+
+void Device::SendInput(const Bytes& report) {
+    if (report.empty() || report.size() > object_->caps_.InputReportByteLength) {
         throw std::invalid_argument("an input report that the descriptor does not allow");
     }
     Bytes padded = report;
-    padded.resize(caps_.InputReportByteLength);
+    padded.resize(object_->caps_.InputReportByteLength);
     const MachineLock lock;
-    for (FileObject* file : files_) file->Receive(padded);
+    for (FileObject* file : object_->files_) file->Receive(padded);
 }
 
-void DeviceObject::FailPendingReads(std::uint32_t error) {
+void Device::FailPendingReads(std::uint32_t error) {
     const MachineLock lock;
-    for (FileObject* file : files_) file->FailOldestRead(error);
+    for (FileObject* file : object_->files_) file->FailOldestRead(error);
 }
 
-std::size_t DeviceObject::PendingReads() const {
+std::size_t Device::PendingReads() const {
     const MachineLock lock;
-    return CountPendingReads();
+    return object_->CountPendingReads();
 }
 
-bool DeviceObject::WaitForPendingReads(std::size_t count) const {
+bool Device::WaitForPendingReads(std::size_t count) const {
     MachineLock lock;
-    return WaitUntil(lock, [&] { return CountPendingReads() >= count; });
+    return WaitUntil(lock, [&] { return object_->CountPendingReads() >= count; });
 }
 
-std::vector<Bytes> DeviceObject::Outputs() const {
+std::vector<Bytes> Device::Outputs() const {
     const MachineLock lock;
-    return outputs_;
+    return object_->outputs_;
 }
 
-bool DeviceObject::WaitForOutputs(std::size_t count) const {
+bool Device::WaitForOutputs(std::size_t count) const {
     MachineLock lock;
-    return WaitUntil(lock, [&] { return outputs_.size() >= count; });
+    return WaitUntil(lock, [&] { return object_->outputs_.size() >= count; });
 }
 
-void DeviceObject::ForgetOutputs() {
+void Device::ForgetOutputs() {
     const MachineLock lock;
-    outputs_.clear();
+    object_->outputs_.clear();
 }
 
-void DeviceObject::SetWriteBehaviour(WriteBehaviour behaviour) {
+void Device::SetWriteBehaviour(WriteBehaviour behaviour) {
     const MachineLock lock;
-    writeBehaviour_ = behaviour;
+    object_->writeBehaviour_ = behaviour;
 }
 
-std::size_t DeviceObject::HeldWrites() const {
+std::size_t Device::HeldWrites() const {
     const MachineLock lock;
-    return heldWrites_.size();
+    return object_->heldWrites_.size();
 }
 
-bool DeviceObject::WaitForHeldWrites(std::size_t count) const {
+bool Device::WaitForHeldWrites(std::size_t count) const {
     MachineLock lock;
-    return WaitUntil(lock, [&] { return heldWrites_.size() >= count; });
+    return WaitUntil(lock, [&] { return object_->heldWrites_.size() >= count; });
 }
 
-void DeviceObject::CompleteHeldWrites(std::uint32_t error) {
+void Device::CompleteHeldWrites(std::uint32_t error) {
     const MachineLock lock;
-    EndHeldWrites(nullptr, error);
+    object_->EndHeldWrites(nullptr, error);
 }
 
-void DeviceObject::FailNextWriteLate(std::uint32_t error) {
+void Device::FailNextWriteLate(std::uint32_t error) {
     const MachineLock lock;
-    lateErrors_.push_back(error);
+    object_->lateErrors_.push_back(error);
 }
 
-Bytes DeviceObject::Feature(std::uint8_t reportId) const {
+Bytes Device::Feature(std::uint8_t reportId) const {
     const MachineLock lock;
-    const auto found = features_.find(reportId);
-    if (found == features_.end()) throw std::invalid_argument("no feature report of this id");
+    const auto found = object_->features_.find(reportId);
+    if (found == object_->features_.end())
+        throw std::invalid_argument("no feature report of this id");
     return found->second;
 }
 
-void DeviceObject::SetFeature(const Bytes& report) {
+void Device::SetFeature(const Bytes& report) {
     const MachineLock lock;
-    const auto found = report.empty() ? features_.end() : features_.find(report[0]);
-    if (found == features_.end() || report.size() > found->second.size()) {
+    const auto found =
+        report.empty() ? object_->features_.end() : object_->features_.find(report[0]);
+    if (found == object_->features_.end() || report.size() > found->second.size()) {
         throw std::invalid_argument("a feature report that the descriptor does not allow");
     }
     std::fill(found->second.begin(), found->second.end(), std::uint8_t{0});
     std::copy(report.begin(), report.end(), found->second.begin());
 }
 
-std::vector<Bytes> DeviceObject::FeatureWrites() const {
+std::vector<Bytes> Device::FeatureWrites() const {
     const MachineLock lock;
-    return featureWrites_;
+    return object_->featureWrites_;
 }
 
-void DeviceObject::ForgetFeatureWrites() {
+void Device::ForgetFeatureWrites() {
     const MachineLock lock;
-    featureWrites_.clear();
+    object_->featureWrites_.clear();
 }
 
-void DeviceObject::Unplug() {
+void Device::Unplug() {
     const MachineLock lock;
-    Disconnect();
+    object_->Disconnect();
 }
 
-void DeviceObject::PlugIn() {
+void Device::PlugIn() {
     const MachineLock lock;
-    if (present_) return;
-    present_ = true;
+    if (object_->present_) return;
+    object_->present_ = true;
     auto& devices = State().devices;
-    const auto self = shared_from_this();
-    devices.erase(std::remove(devices.begin(), devices.end(), self), devices.end());
-    devices.push_back(self);
+    devices.erase(std::remove(devices.begin(), devices.end(), object_), devices.end());
+    devices.push_back(object_);
 }
 
-void DeviceObject::HoldElsewhere() {
+void Device::HoldElsewhere() {
     const MachineLock lock;
-    heldElsewhere_ = true;
+    object_->heldElsewhere_ = true;
 }
 
-void DeviceObject::ReleaseElsewhere() {
+void Device::ReleaseElsewhere() {
     const MachineLock lock;
-    heldElsewhere_ = false;
+    object_->heldElsewhere_ = false;
 }
 
-std::size_t DeviceObject::OpenHandles() const {
+std::size_t Device::OpenHandles() const {
     const MachineLock lock;
-    return files_.size();
+    return object_->files_.size();
 }
 
 }  // namespace simulator

@@ -1,4 +1,5 @@
-// A device of the machine: tests use it as a Device, platform calls as a DeviceObject.
+// A device of the machine as platform calls use it, which hold the machine's lock. Tests use it
+// through a Device. A DWORD result is a last error.
 #pragma once
 
 #include <deque>
@@ -18,41 +19,11 @@
 
 namespace simulator {
 
-class DeviceObject final : public Device, public std::enable_shared_from_this<DeviceObject> {
+class DeviceObject : public std::enable_shared_from_this<DeviceObject> {
  public:
     // `description.path` is already set.
     DeviceObject(DeviceDescription description, std::shared_ptr<const hid::Collection> collection);
 
-    // --- for tests: these take the machine's lock ------------------------------------------------
-    const std::wstring& Path() const override { return description_.path; }
-    const hid::Collection& Collection() const override { return *collection_; }
-
-    void SendInput(const Bytes& report) override;
-    void FailPendingReads(std::uint32_t error) override;
-    std::size_t PendingReads() const override;
-    bool WaitForPendingReads(std::size_t count) const override;
-
-    std::vector<Bytes> Outputs() const override;
-    bool WaitForOutputs(std::size_t count) const override;
-    void ForgetOutputs() override;
-    void SetWriteBehaviour(WriteBehaviour behaviour) override;
-    std::size_t HeldWrites() const override;
-    bool WaitForHeldWrites(std::size_t count) const override;
-    void CompleteHeldWrites(std::uint32_t error) override;
-    void FailNextWriteLate(std::uint32_t error) override;
-
-    Bytes Feature(std::uint8_t reportId) const override;
-    void SetFeature(const Bytes& report) override;
-    std::vector<Bytes> FeatureWrites() const override;
-    void ForgetFeatureWrites() override;
-
-    void Unplug() override;
-    void PlugIn() override;
-    void HoldElsewhere() override;
-    void ReleaseElsewhere() override;
-    std::size_t OpenHandles() const override;
-
-    // --- for platform calls, which hold the machine's lock; a DWORD result is a last error -------
     const DeviceDescription& Description() const { return description_; }
     const std::shared_ptr<const hid::Collection>& ParsedCollection() const { return collection_; }
     bool IsPresent() const { return present_; }
@@ -65,10 +36,12 @@ class DeviceObject final : public Device, public std::enable_shared_from_this<De
     DWORD ReadFeature(void* buffer, DWORD length) const;
     DWORD WriteFeature(const void* bytes, DWORD length);
 
-    // Does the work of Unplug; Machine::Reset calls it as well. Callers hold the lock.
+    // Does the work of Unplug; Machine::Reset calls it as well.
     void Disconnect();
 
  private:
+    friend class Device;
+
     struct HeldWrite {
         const FileObject* file;
         IoOperation operation;

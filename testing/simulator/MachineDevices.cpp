@@ -13,7 +13,7 @@ namespace {
 bool IsTaken(const std::wstring& path) {
     const auto& devices = State().devices;
     return std::any_of(devices.begin(), devices.end(), [&](const auto& device) {
-        return FoldCase(device->Path()) == FoldCase(path);
+        return FoldCase(device->Description().path) == FoldCase(path);
     });
 }
 
@@ -37,7 +37,7 @@ std::vector<std::shared_ptr<Device>> Machine::PlugAll(const DeviceDescription& d
         if (IsTaken(described.path)) throw std::invalid_argument("a device of this path exists");
         const auto device = std::make_shared<DeviceObject>(described, collections[i]);
         State().devices.push_back(device);
-        plugged.push_back(device);
+        plugged.push_back(std::make_shared<Device>(device));
     }
     return plugged;
 }

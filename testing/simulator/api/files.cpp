@@ -17,7 +17,7 @@ namespace {
 std::shared_ptr<DeviceObject> FindPresent(const std::wstring& path) {
     const std::wstring folded = FoldCase(path);
     for (const auto& device : State().devices) {
-        if (device->IsPresent() && FoldCase(device->Path()) == folded) return device;
+        if (device->IsPresent() && FoldCase(device->Description().path) == folded) return device;
     }
     return nullptr;
 }

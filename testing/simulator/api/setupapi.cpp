@@ -36,7 +36,8 @@ std::vector<std::wstring> ListPaths(const GUID* guid, DWORD flags) {
                                (IsHidClass(guid) || (flags & DIGCF_ALLCLASSES) != 0);
     if (!hidInterfaces) return paths;
     for (const auto& device : State().devices) {
-        if (device->IsPresent() || (flags & DIGCF_PRESENT) == 0) paths.push_back(device->Path());
+        if (device->IsPresent() || (flags & DIGCF_PRESENT) == 0)
+            paths.push_back(device->Description().path);
     }
     return paths;
 }
