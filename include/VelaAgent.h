@@ -251,6 +251,39 @@ typedef VELA_BOOL (*VelaUnInitHapticTPFunction)(void);
 typedef VELA_BOOL (*VelaSetHapticTPIntensityLevelFunction)(uint32_t level);
 typedef uint32_t (*VelaGetHapticTPIntensityLevelFunction)(void);
 
+/* Expands X(name) for every function, as for a host that looks them all up. */
+#define VELA_AGENT_FOR_EACH_EXPORT(X) \
+    X(Activate)                       \
+    X(EnableChatBreathing)            \
+    X(EnableFeature)                  \
+    X(EnableSingleButton)             \
+    X(GetClickMode)                   \
+    X(GetHapticTPIntensityLevel)      \
+    X(GetVelaBrightness)              \
+    X(Init)                           \
+    X(InitHapticTP)                   \
+    X(InitLogger)                     \
+    X(IsActivated)                    \
+    X(IsChatBreathingEnabled)         \
+    X(IsDetachable)                   \
+    X(IsFeatureEnabled)               \
+    X(IsHapticTPPresent)              \
+    X(IsSingleButtonEnabled)          \
+    X(IsSupportBiDirectionSwipe)      \
+    X(IsVelaPresent)                  \
+    X(SetButtonBreathing)             \
+    X(SetButtonLight)                 \
+    X(SetButtonVisible)               \
+    X(SetClickMode)                   \
+    X(SetHapticTPIntensityLevel)      \
+    X(SetVelaBrightness)              \
+    X(SetVelaButtonPressCallback)     \
+    X(SetVelaStatusChangeCallback)    \
+    X(UnInit)                         \
+    X(UnInitHapticTP)                 \
+    X(UnInitLogger)                   \
+    X(UpdateVelaState)
+
 #ifdef __cplusplus
 }
 #endif

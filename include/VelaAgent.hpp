@@ -48,39 +48,6 @@
 #pragma pop_macro("max")
 #pragma pop_macro("min")
 
-// Every function of VelaAgent.h.
-#define VELA_AGENT_FOR_EACH_EXPORT(X) \
-    X(Activate)                       \
-    X(EnableChatBreathing)            \
-    X(EnableFeature)                  \
-    X(EnableSingleButton)             \
-    X(GetClickMode)                   \
-    X(GetHapticTPIntensityLevel)      \
-    X(GetVelaBrightness)              \
-    X(Init)                           \
-    X(InitHapticTP)                   \
-    X(InitLogger)                     \
-    X(IsActivated)                    \
-    X(IsChatBreathingEnabled)         \
-    X(IsDetachable)                   \
-    X(IsFeatureEnabled)               \
-    X(IsHapticTPPresent)              \
-    X(IsSingleButtonEnabled)          \
-    X(IsSupportBiDirectionSwipe)      \
-    X(IsVelaPresent)                  \
-    X(SetButtonBreathing)             \
-    X(SetButtonLight)                 \
-    X(SetButtonVisible)               \
-    X(SetClickMode)                   \
-    X(SetHapticTPIntensityLevel)      \
-    X(SetVelaBrightness)              \
-    X(SetVelaButtonPressCallback)     \
-    X(SetVelaStatusChangeCallback)    \
-    X(UnInit)                         \
-    X(UnInitHapticTP)                 \
-    X(UnInitLogger)                   \
-    X(UpdateVelaState)
-
 namespace vela_agent {
 namespace detail {
 
@@ -400,7 +367,5 @@ class Haptics : detail::SelfClosing {
 }
 
 }  // namespace vela_agent
-
-#undef VELA_AGENT_FOR_EACH_EXPORT
 
 #endif

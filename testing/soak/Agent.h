@@ -3,38 +3,6 @@
 
 #include "include/VelaAgent.h"
 
-#define VELA_SOAK_FOR_EACH_EXPORT(X) \
-    X(Activate)                      \
-    X(EnableChatBreathing)           \
-    X(EnableFeature)                 \
-    X(EnableSingleButton)            \
-    X(GetClickMode)                  \
-    X(GetHapticTPIntensityLevel)     \
-    X(GetVelaBrightness)             \
-    X(Init)                          \
-    X(InitHapticTP)                  \
-    X(InitLogger)                    \
-    X(IsActivated)                   \
-    X(IsChatBreathingEnabled)        \
-    X(IsDetachable)                  \
-    X(IsFeatureEnabled)              \
-    X(IsHapticTPPresent)             \
-    X(IsSingleButtonEnabled)         \
-    X(IsSupportBiDirectionSwipe)     \
-    X(IsVelaPresent)                 \
-    X(SetButtonBreathing)            \
-    X(SetButtonLight)                \
-    X(SetButtonVisible)              \
-    X(SetClickMode)                  \
-    X(SetHapticTPIntensityLevel)     \
-    X(SetVelaBrightness)             \
-    X(SetVelaButtonPressCallback)    \
-    X(SetVelaStatusChangeCallback)   \
-    X(UnInit)                        \
-    X(UnInitHapticTP)                \
-    X(UnInitLogger)                  \
-    X(UpdateVelaState)
-
 namespace soak {
 
 struct Agent {
@@ -43,7 +11,7 @@ struct Agent {
     Agent();
 
 #define VELA_SOAK_DECLARE(name) decltype(&::name) name = nullptr;
-    VELA_SOAK_FOR_EACH_EXPORT(VELA_SOAK_DECLARE)
+    VELA_AGENT_FOR_EACH_EXPORT(VELA_SOAK_DECLARE)
 #undef VELA_SOAK_DECLARE
 };
 

@@ -1,34 +1,8 @@
 // The agent's exports, doing nothing. Only their names matter: nobody calls them.
+#define VELA_AGENT_NO_PROTOTYPES
+#include "include/VelaAgent.h"
+
 #define VELA_EMPTY(name) \
     extern "C" void name() {}
 
-VELA_EMPTY(Activate)
-VELA_EMPTY(EnableChatBreathing)
-VELA_EMPTY(EnableFeature)
-VELA_EMPTY(EnableSingleButton)
-VELA_EMPTY(GetClickMode)
-VELA_EMPTY(GetHapticTPIntensityLevel)
-VELA_EMPTY(GetVelaBrightness)
-VELA_EMPTY(Init)
-VELA_EMPTY(InitHapticTP)
-VELA_EMPTY(InitLogger)
-VELA_EMPTY(IsActivated)
-VELA_EMPTY(IsChatBreathingEnabled)
-VELA_EMPTY(IsDetachable)
-VELA_EMPTY(IsFeatureEnabled)
-VELA_EMPTY(IsHapticTPPresent)
-VELA_EMPTY(IsSingleButtonEnabled)
-VELA_EMPTY(IsSupportBiDirectionSwipe)
-VELA_EMPTY(IsVelaPresent)
-VELA_EMPTY(SetButtonBreathing)
-VELA_EMPTY(SetButtonLight)
-VELA_EMPTY(SetButtonVisible)
-VELA_EMPTY(SetClickMode)
-VELA_EMPTY(SetHapticTPIntensityLevel)
-VELA_EMPTY(SetVelaBrightness)
-VELA_EMPTY(SetVelaButtonPressCallback)
-VELA_EMPTY(SetVelaStatusChangeCallback)
-VELA_EMPTY(UnInit)
-VELA_EMPTY(UnInitHapticTP)
-VELA_EMPTY(UnInitLogger)
-VELA_EMPTY(UpdateVelaState)
+VELA_AGENT_FOR_EACH_EXPORT(VELA_EMPTY)

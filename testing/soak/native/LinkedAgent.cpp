@@ -4,7 +4,7 @@ namespace soak {
 
 Agent::Agent() {
 #define VELA_SOAK_TAKE(name) this->name = &::name;
-    VELA_SOAK_FOR_EACH_EXPORT(VELA_SOAK_TAKE)
+    VELA_AGENT_FOR_EACH_EXPORT(VELA_SOAK_TAKE)
 #undef VELA_SOAK_TAKE
 }
 

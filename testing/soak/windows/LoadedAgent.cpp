@@ -6,7 +6,7 @@ namespace soak {
 Agent::Agent() {
     const kit::AgentDll library;
 #define VELA_SOAK_TAKE(name) this->name = library.name;
-    VELA_SOAK_FOR_EACH_EXPORT(VELA_SOAK_TAKE)
+    VELA_AGENT_FOR_EACH_EXPORT(VELA_SOAK_TAKE)
 #undef VELA_SOAK_TAKE
 }
 

@@ -39,39 +39,7 @@ HAS_TYPE(UnInitHapticTP, int32_t (*)(void));
 HAS_TYPE(UnInitLogger, void (*)(void));
 HAS_TYPE(UpdateVelaState, int32_t (*)(void));
 
-#define EXPORT(name) \
-    { #name, (void (*)(void))name }
+#define EXPORT(name) {#name, (void (*)(void))name},
 
-const struct NamedExport kExportsInC[] = {
-    EXPORT(Activate),
-    EXPORT(EnableChatBreathing),
-    EXPORT(EnableFeature),
-    EXPORT(EnableSingleButton),
-    EXPORT(GetClickMode),
-    EXPORT(GetHapticTPIntensityLevel),
-    EXPORT(GetVelaBrightness),
-    EXPORT(Init),
-    EXPORT(InitHapticTP),
-    EXPORT(InitLogger),
-    EXPORT(IsActivated),
-    EXPORT(IsChatBreathingEnabled),
-    EXPORT(IsDetachable),
-    EXPORT(IsFeatureEnabled),
-    EXPORT(IsHapticTPPresent),
-    EXPORT(IsSingleButtonEnabled),
-    EXPORT(IsSupportBiDirectionSwipe),
-    EXPORT(IsVelaPresent),
-    EXPORT(SetButtonBreathing),
-    EXPORT(SetButtonLight),
-    EXPORT(SetButtonVisible),
-    EXPORT(SetClickMode),
-    EXPORT(SetHapticTPIntensityLevel),
-    EXPORT(SetVelaBrightness),
-    EXPORT(SetVelaButtonPressCallback),
-    EXPORT(SetVelaStatusChangeCallback),
-    EXPORT(UnInit),
-    EXPORT(UnInitHapticTP),
-    EXPORT(UnInitLogger),
-    EXPORT(UpdateVelaState),
-};
+const struct NamedExport kExportsInC[] = {VELA_AGENT_FOR_EACH_EXPORT(EXPORT)};
 const size_t kExportsInCCount = sizeof(kExportsInC) / sizeof(kExportsInC[0]);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -28,36 +29,9 @@ std::vector<std::string> NamesInC() {
 }
 
 TEST(HeaderTest, GivesCAndCppTheSameFunctions) {
-    const std::vector<Function> functions{Address(Activate),
-                                          Address(EnableChatBreathing),
-                                          Address(EnableFeature),
-                                          Address(EnableSingleButton),
-                                          Address(GetClickMode),
-                                          Address(GetHapticTPIntensityLevel),
-                                          Address(GetVelaBrightness),
-                                          Address(Init),
-                                          Address(InitHapticTP),
-                                          Address(InitLogger),
-                                          Address(IsActivated),
-                                          Address(IsChatBreathingEnabled),
-                                          Address(IsDetachable),
-                                          Address(IsFeatureEnabled),
-                                          Address(IsHapticTPPresent),
-                                          Address(IsSingleButtonEnabled),
-                                          Address(IsSupportBiDirectionSwipe),
-                                          Address(IsVelaPresent),
-                                          Address(SetButtonBreathing),
-                                          Address(SetButtonLight),
-                                          Address(SetButtonVisible),
-                                          Address(SetClickMode),
-                                          Address(SetHapticTPIntensityLevel),
-                                          Address(SetVelaBrightness),
-                                          Address(SetVelaButtonPressCallback),
-                                          Address(SetVelaStatusChangeCallback),
-                                          Address(UnInit),
-                                          Address(UnInitHapticTP),
-                                          Address(UnInitLogger),
-                                          Address(UpdateVelaState)};
+#define VELA_ADDRESS(name) Address(name),
+    const std::vector<Function> functions{VELA_AGENT_FOR_EACH_EXPORT(VELA_ADDRESS)};
+#undef VELA_ADDRESS
     ASSERT_EQ(functions.size(), kExportsInCCount);
     for (std::size_t i = 0; i < functions.size(); ++i) {
         EXPECT_EQ(functions[i], kExportsInC[i].function) << kExportsInC[i].name;
@@ -81,6 +55,18 @@ TEST(HeaderTest, NamesWhatTheLibraryExports) {
     const auto exports = std::find(lines.begin(), lines.end(), "EXPORTS");
     ASSERT_NE(exports, lines.end());
     EXPECT_EQ(std::vector<std::string>(exports + 1, lines.end()), NamesInC());
+}
+
+// The list that hosts, tests and stand-ins expand is the header's declarations, no more and no
+// less.
+TEST(HeaderTest, ListsEveryFunctionThatItDeclares) {
+    static const std::regex declaration(R"((?:void|u?int32_t|VELA_BOOL) (\w+)\(.*\);)");
+    std::vector<std::string> declared;
+    for (const std::string& line : LinesOf("include/VelaAgent.h")) {
+        std::smatch match;
+        if (std::regex_match(line, match, declaration)) declared.push_back(match[1]);
+    }
+    EXPECT_THAT(NamesInC(), testing::UnorderedElementsAreArray(declared));
 }
 
 // The numbers are part of the binary interface: compiled hosts carry them.
