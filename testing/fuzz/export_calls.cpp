@@ -1,11 +1,11 @@
 // Sequences of export calls, with presses, firmware states and plugs pulled between them: after
 // every step the answers, what the host was told and what the touchpad shows are the model's.
-#include "testing/fuzz/CallStage.h"
+#include "testing/fuzz/CallFixture.h"
 #include "testing/fuzz/FuzzInput.h"
 
 namespace {
 
-using fuzz::CallStage;
+using fuzz::CallFixture;
 using fuzz::CallStep;
 using fuzz::FuzzInput;
 using virtual_touchpad::TouchpadLayout;
@@ -40,11 +40,11 @@ TouchpadLayout TakeLayout(FuzzInput& input) {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzInput input(data, size);
-    CallStage stage(TakeLayout(input));
+    CallFixture fixture(TakeLayout(input));
     for (int count = 0; count < kMaximumSteps && !input.IsEmpty(); ++count) {
         const CallStep step = TakeStep(input);
-        step.run(stage, input);
-        stage.CompareAll(step.name);
+        step.run(fixture, input);
+        fixture.CompareAll(step.name);
     }
     return 0;
 }

@@ -4,8 +4,8 @@
 #include "testing/fuzz/Check.h"
 #include "testing/fuzz/FuzzInput.h"
 #include "testing/fuzz/InputLayouts.h"
-#include "testing/kit/SessionModel.h"
 #include "testing/kit/HostCallbacks.h"
+#include "testing/kit/SessionModel.h"
 
 namespace {
 
@@ -65,7 +65,7 @@ void SendAll(FuzzInput& input, const InputLayout& layout, Device& device, Sessio
     }
 }
 
-void CheckTold(const char* when, const Device& device, SessionModel& model) {
+void CheckNotified(const char* when, const Device& device, SessionModel& model) {
     Check(device.WaitForPendingReads(), std::string("the reader does not come back ") + when);
     CheckSame(HostCallbacks::Calls(), model.TakeCallbacks(),
               std::string("what the host was told ") + when);
@@ -83,9 +83,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     SessionModel model{kit::TouchpadLayout{}};
     OpenSession(input.OneOf(kActivations), model);
     SendAll(input, layout, *device, model);
-    CheckTold("by the reports", *device, model);
+    CheckNotified("by the reports", *device, model);
     Send(layout.cameraPress, layout, *device, model);
-    CheckTold("by a press afterwards", *device, model);
+    CheckNotified("by a press afterwards", *device, model);
     CloseSession();
     CheckSame(machine.Misuse(), {}, "misuse of the platform");
     return 0;

@@ -30,14 +30,14 @@ constexpr std::size_t kMaximumLength = 1024;
 std::string currentName;
 Bytes currentInput;
 
-void TellInput() {
+void PrintInput() {
     std::cerr << "input " << currentName << ':' << std::hex << std::setfill('0');
     for (const unsigned byte : currentInput) std::cerr << ' ' << std::setw(2) << byte;
     std::cerr << std::endl;
 }
 
-extern "C" void TellInputAtSignal(int signal) {
-    TellInput();
+extern "C" void PrintInputAtSignal(int signal) {
+    PrintInput();
     static_cast<void>(std::signal(signal, SIG_DFL));
     static_cast<void>(std::raise(signal));
 }
@@ -123,9 +123,9 @@ int main(int argumentCount, char** arguments) {
         return 2;
     }
     for (const int signal : {SIGABRT, SIGSEGV, SIGFPE}) {
-        static_cast<void>(std::signal(signal, TellInputAtSignal));
+        static_cast<void>(std::signal(signal, PrintInputAtSignal));
     }
-    if (__sanitizer_set_death_callback != nullptr) __sanitizer_set_death_callback(TellInput);
+    if (__sanitizer_set_death_callback != nullptr) __sanitizer_set_death_callback(PrintInput);
 
     const std::filesystem::path source = arguments[1];
     if (std::filesystem::is_regular_file(source)) {

@@ -22,13 +22,13 @@ struct HapticModel {
     std::uint32_t level = 0;
 };
 
-class CallStage {
+class CallFixture {
  public:
-    explicit CallStage(const TouchpadLayout& layout);
+    explicit CallFixture(const TouchpadLayout& layout);
     // Leaves the agent as a new process has it.
-    ~CallStage();
-    CallStage(const CallStage&) = delete;
-    CallStage& operator=(const CallStage&) = delete;
+    ~CallFixture();
+    CallFixture(const CallFixture&) = delete;
+    CallFixture& operator=(const CallFixture&) = delete;
 
     // What an export answered and what the model did.
     template <typename Got, typename Expected>
@@ -68,7 +68,7 @@ class CallStage {
 // One call of an export, or one event at a device, with arguments from the input.
 struct CallStep {
     const char* name;
-    void (*run)(CallStage& stage, FuzzInput& input);
+    void (*run)(CallFixture& fixture, FuzzInput& input);
 };
 CallStep TakeStep(FuzzInput& input);
 

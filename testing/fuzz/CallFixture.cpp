@@ -1,4 +1,4 @@
-#include "testing/fuzz/CallStage.h"
+#include "testing/fuzz/CallFixture.h"
 
 #include <fstream>
 #include <optional>
@@ -39,12 +39,12 @@ std::string LastLine(const std::filesystem::path& file) {
 
 }  // namespace
 
-CallStage::CallStage(const TouchpadLayout& layout)
+CallFixture::CallFixture(const TouchpadLayout& layout)
     : model(layout), machine(PreparedMachine(layout)), touchpad(machine.Plug(Describe(layout))) {
     hapticTouchpad = machine.Plug(Describe(virtual_touchpad::HapticLayout{}));
 }
 
-CallStage::~CallStage() {
+CallFixture::~CallFixture() {
     UnInit();
     // These live longer than a session does.
     if (model.IsTemporarilyDisabled() || model.GetBrightness() != 3) {
@@ -65,7 +65,7 @@ CallStage::~CallStage() {
     CheckSame(machine.Misuse(), {}, "misuse of the platform");
 }
 
-void CallStage::CompareAll(const char* step) {
+void CallFixture::CompareAll(const char* step) {
     for (const Bytes& report : model.TakeReports()) expectedReports_.push_back(report);
     const std::string at = std::string(" after ") + step;
     Check(touchpad->WaitForOutputs(expectedReports_.size()), "a report did not come" + at);
@@ -82,14 +82,14 @@ void CallStage::CompareAll(const char* step) {
     }
 }
 
-void CallStage::Init() {
+void CallFixture::Init() {
     const bool wasOpen = model.IsOpen();
     Same(::Init(), model.Init(), "Init");
     if (wasOpen || !model.IsOpen()) return;
     Check(touchpad->WaitForPendingReads(), "the session reads no input reports");
 }
 
-void CallStage::UnInit() {
+void CallFixture::UnInit() {
     // What is queued would be written, or not, beside the reports of the closing.
     const bool allWritten = WriteAllQueued();
     const bool canWrite = model.IsConnected();
@@ -102,7 +102,7 @@ void CallStage::UnInit() {
     CompareAll("UnInit");
 }
 
-bool CallStage::WriteAllQueued() {
+bool CallFixture::WriteAllQueued() {
     if (!model.IsConnected()) return true;
     if (model.UpdateVelaState()) {
         Same(::UpdateVelaState(), 1, "UpdateVelaState");
@@ -119,7 +119,7 @@ bool CallStage::WriteAllQueued() {
 
 // The closing writes blank reports, and the touchpad is dark afterwards. A report before them that
 // could not be waited for may still be the first.
-void CallStage::CompareClosing(const Bytes& lastReport, bool allWereWritten) {
+void CallFixture::CompareClosing(const Bytes& lastReport, bool allWereWritten) {
     std::vector<Bytes> closing = touchpad->Outputs();
     closing.erase(closing.begin(),
                   closing.begin() + static_cast<std::ptrdiff_t>(expectedReports_.size()));
@@ -132,7 +132,7 @@ void CallStage::CompareClosing(const Bytes& lastReport, bool allWereWritten) {
     if (lights) CheckSame(*lights, model.BlankReport(), "the lights that the closing left");
 }
 
-void CallStage::Send(std::uint8_t reportId, std::uint8_t buttons, std::uint8_t firmwareState) {
+void CallFixture::Send(std::uint8_t reportId, std::uint8_t buttons, std::uint8_t firmwareState) {
     if (!model.IsOpen() || !model.IsConnected()) return;
     Check(touchpad->WaitForPendingReads(), "the session reads no input reports");
     touchpad->SendInput({reportId, buttons, firmwareState});
@@ -144,43 +144,43 @@ void CallStage::Send(std::uint8_t reportId, std::uint8_t buttons, std::uint8_t f
     model.Receive(reportId, usages, firmwareState);
 }
 
-void CallStage::Unplug() {
+void CallFixture::Unplug() {
     touchpad->Unplug();
     model.Unplug();
 }
 
-void CallStage::PlugIn() {
+void CallFixture::PlugIn() {
     touchpad->PlugIn();
     model.PlugIn();
 }
 
-void CallStage::HoldElsewhere(bool held) {
+void CallFixture::HoldElsewhere(bool held) {
     // Only a touchpad that is there and free.
     if (held && (!model.IsPlugged() || model.IsConnected())) return;
     held ? touchpad->HoldElsewhere() : touchpad->ReleaseElsewhere();
     model.HoldElsewhere(held);
 }
 
-void CallStage::HoldMutexElsewhere(bool held) {
+void CallFixture::HoldMutexElsewhere(bool held) {
     if (model.IsOpen()) return;
     held ? machine.HoldMutexElsewhere(kDeviceMutex, true)
          : machine.ReleaseMutexElsewhere(kDeviceMutex);
     model.HoldMutexElsewhere(held);
 }
 
-void CallStage::PlugHaptic(bool plugged) {
+void CallFixture::PlugHaptic(bool plugged) {
     plugged ? hapticTouchpad->PlugIn() : hapticTouchpad->Unplug();
     haptic.plugged = plugged;
     if (!plugged) haptic.connected = false;
 }
 
-void CallStage::InitLogger() {
+void CallFixture::InitLogger() {
     if (loggers_ == 0) std::filesystem::remove(HostLog().File());
     ++loggers_;
     ::InitLogger(HostLog().Path().wstring().c_str());
 }
 
-void CallStage::UnInitLogger() {
+void CallFixture::UnInitLogger() {
     ::UnInitLogger();
     if (loggers_ == 0 || --loggers_ > 0) return;
     const std::string last = LastLine(HostLog().File());
