@@ -15,8 +15,8 @@ using namespace virtual_touchpad::events;
 using simulator::Machine;
 
 // Beside the run's own.
-std::filesystem::path SecondLogDirectory(const Stage& stage) {
-    return stage.LogDirectory().parent_path() / "second" / "log";
+std::filesystem::path SecondLogDirectory(const ScriptFixture& fixture) {
+    return fixture.LogDirectory().parent_path() / "second" / "log";
 }
 
 bool StartsWith(const std::string& text, const std::string& start) {
@@ -62,8 +62,8 @@ std::string Unless(Number seen, Number expected, const std::string& what) {
 std::string Unless(bool good, const std::string& what) { return good ? "" : "  " + what + "\n"; }
 
 // A plug pulled and put back frees the touchpad of a handle that the platform refused to close.
-void FreeTouchpads(Stage& stage) {
-    for (simulator::Device* const touchpad : {&stage.Touchpad(), &stage.HapticTouchpad()}) {
+void FreeTouchpads(ScriptFixture& fixture) {
+    for (simulator::Device* const touchpad : {&fixture.Touchpad(), &fixture.HapticTouchpad()}) {
         touchpad->ReleaseElsewhere();
         touchpad->SetWriteBehaviour(simulator::WriteBehaviour::Pend);
         touchpad->Unplug();
@@ -100,8 +100,8 @@ std::string PressCamera(simulator::Device& touchpad) {
     return Unless(kit::HostCallbacks::Calls() == expected, "a press is not reported");
 }
 
-std::string UseTouchpad(Stage& stage) {
-    simulator::Device& touchpad = stage.Touchpad();
+std::string UseTouchpad(ScriptFixture& fixture) {
+    simulator::Device& touchpad = fixture.Touchpad();
     std::string problems = LightTouchpad(touchpad);
     problems += PressCamera(touchpad);
     problems += Unless(SetClickMode(1, 77) == 1 && GetClickMode() == 1, "the click mode is lost");
@@ -118,9 +118,9 @@ std::string UseHapticTouchpad() {
 
 }  // namespace
 
-std::string Leftovers(Stage& stage) {
+std::string Leftovers(ScriptFixture& fixture) {
     const Machine& machine = Machine::Get();
-    const std::vector<WatchedCall> calls = stage.Watch().Calls();
+    const std::vector<WatchedCall> calls = fixture.Watch().Calls();
     std::string problems;
     std::size_t events = 0;
     for (const std::string& handle : machine.OpenHandles()) {
@@ -131,30 +131,30 @@ std::string Leftovers(Stage& stage) {
     }
     problems += Unless(events, CountMade(calls, "CreateEventW", false), "events are open");
 
-    const std::vector<std::string> lines = stage.Events();
+    const std::vector<std::string> lines = fixture.Events();
     const auto found = static_cast<std::size_t>(
         std::count_if(lines.begin(), lines.end(), [](const std::string& line) {
             return line.find("} GetHIDInformation PID") != std::string::npos;
         }));
     problems += Unless(
-        stage.PreparsedDataInUse(),
+        fixture.PreparsedDataInUse(),
         PreparsedDataOfScans(calls) - found + CountMade(calls, "HidD_FreePreparsedData", true),
         "blocks of preparsed data in use");
-    problems += Unless(stage.GlobalMemoryInUse(), CountMade(calls, "GlobalFree", true),
+    problems += Unless(fixture.GlobalMemoryInUse(), CountMade(calls, "GlobalFree", true),
                        "blocks of global memory in use");
     for (const std::string& misuse : machine.Misuse()) problems += "  misuse: " + misuse + "\n";
     return problems;
 }
 
-std::string Reopen(Stage& stage) {
-    stage.Watch().Stop();
-    FreeTouchpads(stage);
-    const std::filesystem::path directory = SecondLogDirectory(stage);
+std::string Reopen(ScriptFixture& fixture) {
+    fixture.Watch().Stop();
+    FreeTouchpads(fixture);
+    const std::filesystem::path directory = SecondLogDirectory(fixture);
     std::filesystem::create_directories(directory);
     std::string problems;
     std::thread host([&] {
         InitLogger(directory.wstring().c_str());
-        problems += UseTouchpad(stage);
+        problems += UseTouchpad(fixture);
         problems += UseHapticTouchpad();
         WaitUntilOthersSleep();
         UnInitLogger();
@@ -167,9 +167,9 @@ std::string Reopen(Stage& stage) {
     return problems;
 }
 
-bool HeartbeatWasStarted(const Stage& stage) {
+bool HeartbeatWasStarted(const ScriptFixture& fixture) {
     constexpr const char* kCreated = "{INFO @ HeartbeatThread} HeartbeatThread created.";
-    for (const auto& directory : {stage.LogDirectory(), SecondLogDirectory(stage)}) {
+    for (const auto& directory : {fixture.LogDirectory(), SecondLogDirectory(fixture)}) {
         const std::vector<std::string> lines = LoggedLines(directory);
         if (std::count(lines.begin(), lines.end(), kCreated) != 0) return true;
     }

@@ -19,7 +19,7 @@ thread_local unsigned threadNumber = kUnknownThread;
 // A session that is being closed writes its last report on the host's thread while the writer may
 // still be at the reports before, or be stopped first. Here the writer always gets its turn, so
 // that every run makes the same calls.
-bool MeetsTheWriter(const WatchedCall& call) {
+bool RacesWithWriter(const WatchedCall& call) {
     return call.thread == 0 && call.function == "HidP_UnsetUsages" && call.step == "UnInit";
 }
 
@@ -69,7 +69,7 @@ std::optional<simulator::Fault> CallWatch::Watch(const simulator::Call& call) {
         watched.failed = fault.has_value();
         calls_.push_back(watched);
     }
-    if (MeetsTheWriter(watched)) WaitUntilOthersSleep();
+    if (RacesWithWriter(watched)) WaitUntilOthersSleep();
     return fault;
 }
 

@@ -89,7 +89,7 @@ ChildEnd RunInChild(const std::function<std::string()>& body) {
     }
     close(ends[1]);
     ChildEnd result;
-    result.said = ReadAll(ends[0]);
+    result.output = ReadAll(ends[0]);
     close(ends[0]);
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {

@@ -9,7 +9,7 @@ namespace faults {
 
 struct ChildEnd {
     // What the body returned; empty when it never did.
-    std::string said;
+    std::string output;
     // "normal"; "terminate": the C++ runtime ended the process while its objects were destroyed, as
     // it does when a thread object was not joined; otherwise what went wrong, in words.
     std::string end;

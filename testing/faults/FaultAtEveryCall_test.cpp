@@ -58,37 +58,38 @@ class FaultAtEveryCall : public testing::TestWithParam<Part> {
 
     CleanRun RunClean() const {
         const ChildEnd end = RunInChild([this] {
-            Stage stage(TheScript().layout, TheScript().subject, folder_,
-                        [](const WatchedCall&) { return std::nullopt; });
-            stage.Play(TheScript().steps);
+            ScriptFixture fixture(TheScript().layout, TheScript().subject, folder_,
+                                  [](const WatchedCall&) { return std::nullopt; });
+            fixture.Play(TheScript().steps);
             std::string events;
-            for (const std::string& event : stage.Events()) events += event + "\n";
-            return ToText(stage.Watch().Calls()) + kEndOfCalls + events;
+            for (const std::string& event : fixture.Events()) events += event + "\n";
+            return ToText(fixture.Watch().Calls()) + kEndOfCalls + events;
         });
-        const std::size_t calls = end.said.find(std::string("\n") + kEndOfCalls) + 1;
-        return {CallsFromText(end.said.substr(0, calls)),
-                Lines(end.said.substr(calls + std::string(kEndOfCalls).size()))};
+        const std::size_t calls = end.output.find(std::string("\n") + kEndOfCalls) + 1;
+        return {CallsFromText(end.output.substr(0, calls)),
+                Lines(end.output.substr(calls + std::string(kEndOfCalls).size()))};
     }
 
     void RunFailing(const CleanRun& clean, std::size_t index, const Fault& fault) const {
         const WatchedCall& chosen = clean.calls[index];
         const ChildEnd end = RunInChild([&] {
-            Stage stage(TheScript().layout, TheScript().subject, folder_,
-                        [&](const WatchedCall& call) -> std::optional<Fault> {
-                            if (call.Site() == chosen.Site()) return fault;
-                            return std::nullopt;
-                        });
-            stage.Play(TheScript().steps);
-            const std::vector<WatchedCall> calls = stage.Watch().Calls();
+            ScriptFixture fixture(TheScript().layout, TheScript().subject, folder_,
+                                  [&](const WatchedCall& call) -> std::optional<Fault> {
+                                      if (call.Site() == chosen.Site()) return fault;
+                                      return std::nullopt;
+                                  });
+            fixture.Play(TheScript().steps);
+            const std::vector<WatchedCall> calls = fixture.Watch().Calls();
             const bool failed = std::any_of(calls.begin(), calls.end(),
                                             [](const WatchedCall& call) { return call.failed; });
             std::string problems = failed ? "" : "  the call was not made\n";
-            problems += Compare(stage.Events(), clean.events, OutcomeOf(clean.calls, index, fault));
-            problems += Leftovers(stage);
-            problems += Reopen(stage);
-            return (HeartbeatWasStarted(stage) ? "terminate\n" : "normal\n") + problems;
+            problems +=
+                Compare(fixture.Events(), clean.events, OutcomeOf(clean.calls, index, fault));
+            problems += Leftovers(fixture);
+            problems += Reopen(fixture);
+            return (HeartbeatWasStarted(fixture) ? "terminate\n" : "normal\n") + problems;
         });
-        EXPECT_EQ(end.said, end.end + "\n")
+        EXPECT_EQ(end.output, end.end + "\n")
             << TheScript().name << ", " << chosen.Text() << ": " << ToText(fault);
     }
 

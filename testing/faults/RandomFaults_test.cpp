@@ -59,14 +59,14 @@ bool IsLogLine(const std::string& line) {
 }
 
 // IsDetachable asks whatever device there is, also while no session is open.
-constexpr const char* kNoDeviceToAsk =
+constexpr const char* kNoDevice =
     "{WARNING @ IsDetachable} GetProductString failed, GetLastError(6).";
 
 std::string CheckLog(const std::vector<std::string>& lines, bool troubleIsFine) {
     std::string problems;
     for (const std::string& line : lines) {
         if (!IsLogLine(line)) problems += "  not in the form of the log: " + line + "\n";
-        const bool reason = troubleIsFine || line == kNoDeviceToAsk;
+        const bool reason = troubleIsFine || line == kNoDevice;
         if (IsTrouble(line) && !reason) problems += "  without reason: " + line + "\n";
     }
     if (lines.empty() || lines.back() != "{INFO @ UnInitialize} Logger::UnInitialize") {
@@ -94,18 +94,19 @@ std::string StoryOf(const RandomScript& script, const std::vector<WatchedCall>& 
 void PlaySession(std::uint64_t seed, const virtual_touchpad::TouchpadLayout& layout,
                  const std::filesystem::path& folder, Tally& tally) {
     const RandomScript script = MakeRandomScript(seed);
-    Stage stage(layout, Script::Subject::Touchpad, folder,
-                [seed](const WatchedCall& call) { return FailSome(seed, call); });
-    for (const Step& step : script.steps) stage.Do(step);
-    const std::vector<WatchedCall> calls = stage.Watch().Calls();
+    ScriptFixture fixture(layout, Script::Subject::Touchpad, folder,
+                          [seed](const WatchedCall& call) { return FailSome(seed, call); });
+    for (const Step& step : script.steps) fixture.Do(step);
+    const std::vector<WatchedCall> calls = fixture.Watch().Calls();
     const auto faults = static_cast<std::uint64_t>(std::count_if(
         calls.begin(), calls.end(), [](const WatchedCall& call) { return call.failed; }));
-    std::string problems = CheckLog(LoggedLines(stage.LogDirectory()), faults != 0 || !script.calm);
-    problems += Leftovers(stage);
-    problems += Reopen(stage);
+    std::string problems =
+        CheckLog(LoggedLines(fixture.LogDirectory()), faults != 0 || !script.calm);
+    problems += Leftovers(fixture);
+    problems += Reopen(fixture);
     tally.calls += calls.size();
     tally.faults += faults;
-    tally.heartbeat = tally.heartbeat || HeartbeatWasStarted(stage);
+    tally.heartbeat = tally.heartbeat || HeartbeatWasStarted(fixture);
     if (problems.empty()) return;
     tally.problems += "session " + std::to_string(seed) + "\n" + StoryOf(script, calls) + problems;
 }
@@ -121,17 +122,17 @@ class RandomFaults : public testing::TestWithParam<std::uint64_t> {
             for (std::uint64_t i = 0; i < kSessionsOfProcess; ++i) {
                 PlaySession(firstSeed + i, layout, folder_, tally);
             }
-            std::ostringstream said;
-            said << tally.calls << ' ' << tally.faults << '\n'
+            std::ostringstream text;
+            text << tally.calls << ' ' << tally.faults << '\n'
                  << (tally.heartbeat ? "terminate\n" : "normal\n") << tally.problems;
-            return said.str();
+            return text.str();
         });
-        std::istringstream said(end.said);
+        std::istringstream text(end.output);
         Tally tally;
-        said >> tally.calls >> tally.faults;
+        text >> tally.calls >> tally.faults;
         all.calls += tally.calls;
         all.faults += tally.faults;
-        EXPECT_EQ(end.said.substr(end.said.find('\n') + 1), end.end + "\n")
+        EXPECT_EQ(end.output.substr(end.output.find('\n') + 1), end.end + "\n")
             << "in the process of the sessions from " << firstSeed;
     }
 

@@ -1,73 +1,73 @@
 #include "testing/faults/RandomSteps.h"
-#include "testing/faults/Stage.h"
+#include "testing/faults/ScriptFixture.h"
 
 namespace faults {
 namespace {
 
 using simulator::Machine;
 
-simulator::Device& TouchpadOf(Stage& stage, bool haptic) {
-    return haptic ? stage.HapticTouchpad() : stage.Touchpad();
+simulator::Device& TouchpadOf(ScriptFixture& fixture, bool haptic) {
+    return haptic ? fixture.HapticTouchpad() : fixture.Touchpad();
 }
 
-template <typename Deed>
-Step ToTouchpad(const char* name, Deed deed) {
-    return {NameOf(name), [deed](Stage& stage) {
-                deed(stage.Touchpad());
+template <typename Action>
+Step ToTouchpad(const char* name, Action action) {
+    return {NameOf(name), [action](ScriptFixture& fixture) {
+                action(fixture.Touchpad());
                 return 0;
             }};
 }
 
-Step PullPlug(Dice& dice) {
-    const bool haptic = dice.Below(4) == 0;
-    return {NameOf("unplug", {haptic}), [haptic](Stage& stage) {
-                TouchpadOf(stage, haptic).Unplug();
+Step PullPlug(RandomSource& random) {
+    const bool haptic = random.Below(4) == 0;
+    return {NameOf("unplug", {haptic}), [haptic](ScriptFixture& fixture) {
+                TouchpadOf(fixture, haptic).Unplug();
                 return 0;
             }};
 }
 
-Step PutPlugBack(Dice& dice) {
-    const bool haptic = dice.Below(4) == 0;
-    return {NameOf("plug in", {haptic}), [haptic](Stage& stage) {
-                TouchpadOf(stage, haptic).PlugIn();
+Step PutPlugBack(RandomSource& random) {
+    const bool haptic = random.Below(4) == 0;
+    return {NameOf("plug in", {haptic}), [haptic](ScriptFixture& fixture) {
+                TouchpadOf(fixture, haptic).PlugIn();
                 return 0;
             }};
 }
 
-Step TakeAway(Dice& dice) {
-    const bool take = dice.Bool() != 0;
-    return {NameOf("held by another process", {take}), [take](Stage& stage) {
-                if (take) stage.Touchpad().HoldElsewhere();
-                if (!take) stage.Touchpad().ReleaseElsewhere();
+Step TakeAway(RandomSource& random) {
+    const bool take = random.Bool() != 0;
+    return {NameOf("held by another process", {take}), [take](ScriptFixture& fixture) {
+                if (take) fixture.Touchpad().HoldElsewhere();
+                if (!take) fixture.Touchpad().ReleaseElsewhere();
                 return 0;
             }};
 }
 
-Step MarkElsewhere(Dice& dice) {
-    const bool denied = dice.Bool() != 0;
-    return {NameOf("marked as open by another process", {denied}), [denied](Stage&) {
+Step MarkElsewhere(RandomSource& random) {
+    const bool denied = random.Bool() != 0;
+    return {NameOf("marked as open by another process", {denied}), [denied](ScriptFixture&) {
                 Machine::Get().HoldMutexElsewhere(L"Global\\VelaDeviceMutex", denied);
                 return 0;
             }};
 }
 
-Step HoldWrites(Dice&) {
+Step HoldWrites(RandomSource&) {
     return ToTouchpad("hold writes", [](simulator::Device& touchpad) {
         Machine::Get().ExpireTimedWaits(true);
         touchpad.SetWriteBehaviour(simulator::WriteBehaviour::Hold);
     });
 }
 
-Step EndHeldWrites(Dice& dice) {
-    const std::uint32_t error = dice.OneOf({0, 0, 31, 995});
+Step EndHeldWrites(RandomSource& random) {
+    const std::uint32_t error = random.OneOf({0, 0, 31, 995});
     return ToTouchpad("end held writes", [error](simulator::Device& touchpad) {
         touchpad.SetWriteBehaviour(simulator::WriteBehaviour::Pend);
         touchpad.CompleteHeldWrites(error);
     });
 }
 
-Step FailReads(Dice& dice) {
-    const std::uint32_t error = dice.OneOf({31, 121, 995});
+Step FailReads(RandomSource& random) {
+    const std::uint32_t error = random.OneOf({31, 121, 995});
     return ToTouchpad("fail reads",
                       [error](simulator::Device& touchpad) { touchpad.FailPendingReads(error); });
 }
@@ -79,6 +79,6 @@ const Choice kMishaps[] = {
 
 }  // namespace
 
-Step DrawMishap(Dice& dice) { return Draw(kMishaps, dice); }
+Step DrawMishap(RandomSource& random) { return Draw(kMishaps, random); }
 
 }  // namespace faults

@@ -4,7 +4,7 @@
 
 #include "include/VelaAgent.h"
 #include "testing/faults/RandomSteps.h"
-#include "testing/faults/Stage.h"
+#include "testing/faults/ScriptFixture.h"
 
 namespace faults {
 namespace {
@@ -12,17 +12,17 @@ namespace {
 // Most hosts begin as they should.
 void AppendOpening(std::vector<Step>& steps) {
     const Step opening[] = {
-        {"Init()", [](Stage&) { return Init(); }},
+        {"Init()", [](ScriptFixture&) { return Init(); }},
         {"set callbacks",
-         [](Stage&) {
+         [](ScriptFixture&) {
              SetVelaButtonPressCallback(kit::OnButtonPress);
              SetVelaStatusChangeCallback(kit::OnStatusChange);
              return 0;
          }},
-        {"Activate(0)", [](Stage&) { return Activate(VELA_ACTIVE); }},
-        {"EnableFeature(1)", [](Stage&) { return EnableFeature(1); }},
+        {"Activate(0)", [](ScriptFixture&) { return Activate(VELA_ACTIVE); }},
+        {"EnableFeature(1)", [](ScriptFixture&) { return EnableFeature(1); }},
         {"show all buttons",
-         [](Stage&) {
+         [](ScriptFixture&) {
              for (std::uint32_t button = 0; button < 4; ++button) {
                  EnableSingleButton(button, 1);
                  SetButtonVisible(button, 1);
@@ -36,23 +36,23 @@ void AppendOpening(std::vector<Step>& steps) {
 }  // namespace
 
 RandomScript MakeRandomScript(std::uint64_t seed) {
-    Dice dice(seed);
+    RandomSource random(seed);
     RandomScript script;
-    script.calm = dice.Bool() != 0;
-    script.steps.push_back({"InitLogger", [](Stage& stage) {
-                                InitLogger(stage.LogDirectory().wstring().c_str());
+    script.calm = random.Bool() != 0;
+    script.steps.push_back({"InitLogger", [](ScriptFixture& fixture) {
+                                InitLogger(fixture.LogDirectory().wstring().c_str());
                                 return 0;
                             }});
-    if (dice.Below(4) != 0) AppendOpening(script.steps);
-    for (std::uint32_t count = 5 + dice.Below(26); count != 0; --count) {
-        const bool mishap = !script.calm && dice.Below(8) == 0;
-        script.steps.push_back(mishap ? DrawMishap(dice) : DrawStep(dice));
+    if (random.Below(4) != 0) AppendOpening(script.steps);
+    for (std::uint32_t count = 5 + random.Below(26); count != 0; --count) {
+        const bool mishap = !script.calm && random.Below(8) == 0;
+        script.steps.push_back(mishap ? DrawMishap(random) : DrawStep(random));
     }
-    script.steps.push_back({"UnInit()", [](Stage&) { return UnInit(); }});
-    script.steps.push_back({"UnInitHapticTP()", [](Stage&) { return UnInitHapticTP(); }});
+    script.steps.push_back({"UnInit()", [](ScriptFixture&) { return UnInit(); }});
+    script.steps.push_back({"UnInitHapticTP()", [](ScriptFixture&) { return UnInitHapticTP(); }});
     // A heartbeat that was told to stop has its last line to write.
-    script.steps.push_back(LetThemWork());
-    script.steps.push_back({"UnInitLogger", [](Stage&) {
+    script.steps.push_back(WaitForThreads());
+    script.steps.push_back({"UnInitLogger", [](ScriptFixture&) {
                                 UnInitLogger();
                                 return 0;
                             }});

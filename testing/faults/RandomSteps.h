@@ -5,18 +5,18 @@
 #include <initializer_list>
 #include <string>
 
-#include "testing/faults/Dice.h"
+#include "testing/faults/RandomSource.h"
 
 namespace faults {
 
 // A call of an export with any arguments, a report of the touchpad, or a rest.
-Step DrawStep(Dice& dice);
+Step DrawStep(RandomSource& random);
 // What a touchpad, its user or another process may do to a session.
-Step DrawMishap(Dice& dice);
+Step DrawMishap(RandomSource& random);
 
-Step LetThemWork();
+Step WaitForThreads();
 
 // "Activate(5)".
-std::string NameOf(const char* deed, std::initializer_list<std::int64_t> arguments = {});
+std::string NameOf(const char* function, std::initializer_list<std::int64_t> arguments = {});
 
 }  // namespace faults

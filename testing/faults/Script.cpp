@@ -1,7 +1,7 @@
 #include "testing/faults/Script.h"
 
 #include "include/VelaAgent.h"
-#include "testing/faults/Stage.h"
+#include "testing/faults/ScriptFixture.h"
 #include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace faults {
@@ -11,54 +11,55 @@ using namespace virtual_touchpad::events;
 
 constexpr const wchar_t* kDetachable = L"Vela Detachable Touchpad";
 
-
 Step Input(const std::string& name, const std::vector<std::uint16_t>& usages,
            std::uint8_t firmwareState = 0) {
-    return {name, [usages, firmwareState](Stage& stage) {
-                stage.Touchpad().SendInput(kit::InputReport(usages, firmwareState));
+    return {name, [usages, firmwareState](ScriptFixture& fixture) {
+                fixture.Touchpad().SendInput(kit::InputReport(usages, firmwareState));
                 return 0;
             }};
 }
 
 Step Brightness(const std::string& name, std::uint32_t level) {
-    return {name, [level](Stage&) {
+    return {name, [level](ScriptFixture&) {
                 SetVelaBrightness(level);
                 return GetVelaBrightness();
             }};
 }
 
 Step ShowButton(const std::string& name, std::uint32_t button) {
-    return {name, [button](Stage&) {
+    return {name, [button](ScriptFixture&) {
                 return EnableSingleButton(button, 1) + SetButtonVisible(button, 1);
             }};
 }
 
-const Step kInitLogger{"InitLogger", [](Stage& stage) {
-                           InitLogger(stage.LogDirectory().wstring().c_str());
+const Step kInitLogger{"InitLogger", [](ScriptFixture& fixture) {
+                           InitLogger(fixture.LogDirectory().wstring().c_str());
                            return 0;
                        }};
-const Step kUnInitLogger{"UnInitLogger", [](Stage&) {
+const Step kUnInitLogger{"UnInitLogger", [](ScriptFixture&) {
                              UnInitLogger();
                              return 0;
                          }};
-const Step kSetCallbacks{"set callbacks", [](Stage&) {
+const Step kSetCallbacks{"set callbacks", [](ScriptFixture&) {
                              SetVelaButtonPressCallback(kit::OnButtonPress);
                              SetVelaStatusChangeCallback(kit::OnStatusChange);
                              return 0;
                          }};
-const Step kIsVelaPresent{"IsVelaPresent", [](Stage&) { return IsVelaPresent(); }};
-const Step kInit{"Init", [](Stage&) { return Init(); }};
-const Step kInitAgain{"Init again", [](Stage&) { return Init(); }};
-const Step kIsDetachable{"IsDetachable", [](Stage&) { return IsDetachable(); }};
-const Step kActivate{"Activate(0)", [](Stage&) { return Activate(0); }};
-const Step kEnableFeature{"EnableFeature(1)", [](Stage&) { return EnableFeature(1); }};
-const Step kGetClickMode{"GetClickMode", [](Stage&) { return GetClickMode(); }};
-const Step kSetClickMode{"SetClickMode(1, 300)", [](Stage&) { return SetClickMode(1, 300); }};
+const Step kIsVelaPresent{"IsVelaPresent", [](ScriptFixture&) { return IsVelaPresent(); }};
+const Step kInit{"Init", [](ScriptFixture&) { return Init(); }};
+const Step kInitAgain{"Init again", [](ScriptFixture&) { return Init(); }};
+const Step kIsDetachable{"IsDetachable", [](ScriptFixture&) { return IsDetachable(); }};
+const Step kActivate{"Activate(0)", [](ScriptFixture&) { return Activate(0); }};
+const Step kEnableFeature{"EnableFeature(1)", [](ScriptFixture&) { return EnableFeature(1); }};
+const Step kGetClickMode{"GetClickMode", [](ScriptFixture&) { return GetClickMode(); }};
+const Step kSetClickMode{"SetClickMode(1, 300)",
+                         [](ScriptFixture&) { return SetClickMode(1, 300); }};
 const Step kIsVelaPresentWhileOpen{"IsVelaPresent while open",
-                                   [](Stage&) { return IsVelaPresent(); }};
-const Step kSetButtonLight{"SetButtonLight(0, 1)", [](Stage&) { return SetButtonLight(0, 1); }};
+                                   [](ScriptFixture&) { return IsVelaPresent(); }};
+const Step kSetButtonLight{"SetButtonLight(0, 1)",
+                           [](ScriptFixture&) { return SetButtonLight(0, 1); }};
 const Step kBrightnessWhileDisabled = Brightness("SetVelaBrightness(7) while disabled", 7);
-const Step kUnInit{"UnInit", [](Stage&) { return UnInit(); }};
+const Step kUnInit{"UnInit", [](ScriptFixture&) { return UnInit(); }};
 
 Script Meeting() {
     Script script;
@@ -77,13 +78,13 @@ Script Meeting() {
         ShowButton("show microphone", 1),
         ShowButton("show share screen", 3),
         kSetButtonLight,
-        {"SetButtonLight(7, 1)", [](Stage&) { return SetButtonLight(7, 1); }},
+        {"SetButtonLight(7, 1)", [](ScriptFixture&) { return SetButtonLight(7, 1); }},
         Input("camera pressed", {kCameraButton}),
         Input("chat pressed", {kChatButton}),
-        {"EnableChatBreathing(1)", [](Stage&) { return EnableChatBreathing(1); }},
-        {"SetButtonBreathing(2, 1)", [](Stage&) { return SetButtonBreathing(2, 1); }},
+        {"EnableChatBreathing(1)", [](ScriptFixture&) { return EnableChatBreathing(1); }},
+        {"SetButtonBreathing(2, 1)", [](ScriptFixture&) { return SetButtonBreathing(2, 1); }},
         Brightness("SetVelaBrightness(9)", 9),
-        {"SetButtonBreathing(2, 0)", [](Stage&) { return SetButtonBreathing(2, 0); }},
+        {"SetButtonBreathing(2, 0)", [](ScriptFixture&) { return SetButtonBreathing(2, 0); }},
         Input("gesture", {kGesture}),
         kBrightnessWhileDisabled,
         Input("sync", {kSync}),
@@ -93,21 +94,21 @@ Script Meeting() {
         Input("firmware state without flags", {}, 0),
         kSetClickMode,
         kGetClickMode,
-        {"SetClickMode(0, 300)", [](Stage&) { return SetClickMode(0, 300); }},
-        {"GetClickMode of mode 0", [](Stage&) { return GetClickMode(); }},
-        {"SetClickMode(7, 5)", [](Stage&) { return SetClickMode(7, 5); }},
-        {"UpdateVelaState", [](Stage&) { return UpdateVelaState(); }},
+        {"SetClickMode(0, 300)", [](ScriptFixture&) { return SetClickMode(0, 300); }},
+        {"GetClickMode of mode 0", [](ScriptFixture&) { return GetClickMode(); }},
+        {"SetClickMode(7, 5)", [](ScriptFixture&) { return SetClickMode(7, 5); }},
+        {"UpdateVelaState", [](ScriptFixture&) { return UpdateVelaState(); }},
         {"questions",
-         [](Stage&) {
+         [](ScriptFixture&) {
              return IsFeatureEnabled() + IsActivated() + IsSingleButtonEnabled(0) +
                     IsChatBreathingEnabled() + IsSupportBiDirectionSwipe();
          }},
         kIsVelaPresentWhileOpen,
-        {"Activate(5)", [](Stage&) { return Activate(5); }},
-        {"Activate(1)", [](Stage&) { return Activate(1); }},
+        {"Activate(5)", [](ScriptFixture&) { return Activate(5); }},
+        {"Activate(1)", [](ScriptFixture&) { return Activate(1); }},
         Input("microphone pressed", {kMicrophoneButton}),
-        {"Activate(4)", [](Stage&) { return Activate(4); }},
-        {"EnableFeature(0)", [](Stage&) { return EnableFeature(0); }},
+        {"Activate(4)", [](ScriptFixture&) { return Activate(4); }},
+        {"EnableFeature(0)", [](ScriptFixture&) { return EnableFeature(0); }},
         kUnInit,
         kUnInitLogger,
     };
@@ -131,18 +132,18 @@ Script DetachableMeeting() {
         kActivate,
         kEnableFeature,
         ShowButton("show chat", 2),
-        {"EnableChatBreathing(1)", [](Stage&) { return EnableChatBreathing(1); }},
-        {"SetButtonBreathing(2, 1)", [](Stage&) { return SetButtonBreathing(2, 1); }},
+        {"EnableChatBreathing(1)", [](ScriptFixture&) { return EnableChatBreathing(1); }},
+        {"SetButtonBreathing(2, 1)", [](ScriptFixture&) { return SetButtonBreathing(2, 1); }},
         Input("gesture", {kGesture}),
         kBrightnessWhileDisabled,
         Input("sync", {kSync}),
         kSetClickMode,
         kGetClickMode,
-        {"UpdateVelaState", [](Stage&) { return UpdateVelaState(); }},
+        {"UpdateVelaState", [](ScriptFixture&) { return UpdateVelaState(); }},
         kIsVelaPresentWhileOpen,
-        {"Activate(5)", [](Stage&) { return Activate(5); }},
-        {"Activate(1)", [](Stage&) { return Activate(1); }},
-        {"Activate(4)", [](Stage&) { return Activate(4); }},
+        {"Activate(5)", [](ScriptFixture&) { return Activate(5); }},
+        {"Activate(1)", [](ScriptFixture&) { return Activate(1); }},
+        {"Activate(4)", [](ScriptFixture&) { return Activate(4); }},
         kUnInit,
         kUnInitLogger,
     };
@@ -165,19 +166,19 @@ Script Unplugging(const std::string& name, const std::wstring& productString) {
         kEnableFeature,
         ShowButton("show camera", 0),
         {"unplug",
-         [](Stage& stage) {
-             stage.Touchpad().Unplug();
+         [](ScriptFixture& fixture) {
+             fixture.Touchpad().Unplug();
              return 0;
          }},
         kSetButtonLight,
         kGetClickMode,
         kSetClickMode,
         kIsVelaPresentWhileOpen,
-        {"Init without a touchpad", [](Stage&) { return Init(); }},
+        {"Init without a touchpad", [](ScriptFixture&) { return Init(); }},
         kUnInit,
         {"plug in",
-         [](Stage& stage) {
-             stage.Touchpad().PlugIn();
+         [](ScriptFixture& fixture) {
+             fixture.Touchpad().PlugIn();
              return 0;
          }},
         kUnInitLogger,
@@ -194,14 +195,15 @@ Script HapticSession() {
     script.subject = Script::Subject::HapticTouchpad;
     script.steps = {
         kInitLogger,
-        {"IsHapticTPPresent", [](Stage&) { return IsHapticTPPresent(); }},
-        {"InitHapticTP", [](Stage&) { return InitHapticTP(); }},
-        {"InitHapticTP again", [](Stage&) { return InitHapticTP(); }},
-        {"GetHapticTPIntensityLevel", [](Stage&) { return GetHapticTPIntensityLevel(); }},
-        {"SetHapticTPIntensityLevel(50)", [](Stage&) { return SetHapticTPIntensityLevel(50); }},
+        {"IsHapticTPPresent", [](ScriptFixture&) { return IsHapticTPPresent(); }},
+        {"InitHapticTP", [](ScriptFixture&) { return InitHapticTP(); }},
+        {"InitHapticTP again", [](ScriptFixture&) { return InitHapticTP(); }},
+        {"GetHapticTPIntensityLevel", [](ScriptFixture&) { return GetHapticTPIntensityLevel(); }},
+        {"SetHapticTPIntensityLevel(50)",
+         [](ScriptFixture&) { return SetHapticTPIntensityLevel(50); }},
         {"GetHapticTPIntensityLevel after the set",
-         [](Stage&) { return GetHapticTPIntensityLevel(); }},
-        {"UnInitHapticTP", [](Stage&) { return UnInitHapticTP(); }},
+         [](ScriptFixture&) { return GetHapticTPIntensityLevel(); }},
+        {"UnInitHapticTP", [](ScriptFixture&) { return UnInitHapticTP(); }},
         kUnInitLogger,
     };
     script.firstStepToFail = script.steps.front().name;

@@ -10,11 +10,11 @@
 
 namespace faults {
 
-class Stage;
+class ScriptFixture;
 
 struct Step {
     std::string name;
-    std::function<std::int64_t(Stage&)> run;
+    std::function<std::int64_t(ScriptFixture&)> run;
 };
 
 struct Script {

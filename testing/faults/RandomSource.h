@@ -9,9 +9,9 @@
 
 namespace faults {
 
-class Dice {
+class RandomSource {
  public:
-    explicit Dice(std::uint64_t seed) : engine_(seed) {}
+    explicit RandomSource(std::uint64_t seed) : engine_(seed) {}
 
     // 0 to count - 1.
     std::uint32_t Below(std::uint32_t count) {
@@ -27,20 +27,20 @@ class Dice {
     std::mt19937_64 engine_;
 };
 
-// One of several kinds of steps, which the dice then complete.
+// One of several kinds of steps, which the random then complete.
 struct Choice {
     std::uint32_t weight;
-    Step (*make)(Dice&);
+    Step (*make)(RandomSource&);
 };
 
 template <std::size_t count>
-Step Draw(const Choice (&choices)[count], Dice& dice) {
+Step Draw(const Choice (&choices)[count], RandomSource& random) {
     std::uint32_t sum = 0;
     for (const Choice& choice : choices) sum += choice.weight;
-    std::uint32_t left = dice.Below(sum);
+    std::uint32_t left = random.Below(sum);
     const Choice* choice = choices;
     for (; left >= choice->weight; ++choice) left -= choice->weight;
-    return choice->make(dice);
+    return choice->make(random);
 }
 
 }  // namespace faults

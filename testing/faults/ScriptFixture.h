@@ -15,11 +15,11 @@
 
 namespace faults {
 
-class Stage {
+class ScriptFixture {
  public:
     // `folder` is emptied, and takes the log. No session is open.
-    Stage(const virtual_touchpad::TouchpadLayout& layout, Script::Subject subject,
-          const std::filesystem::path& folder, CallWatch::Chooser chooser);
+    ScriptFixture(const virtual_touchpad::TouchpadLayout& layout, Script::Subject subject,
+                  const std::filesystem::path& folder, CallWatch::Chooser chooser);
 
     void Do(const Step& step);
     // Does the steps, and lets the agent finish after each.

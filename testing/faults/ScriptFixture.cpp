@@ -1,4 +1,4 @@
-#include "testing/faults/Stage.h"
+#include "testing/faults/ScriptFixture.h"
 
 #include <algorithm>
 
@@ -25,8 +25,9 @@ std::shared_ptr<simulator::Device> PlugHapticTouchpad() {
 
 }  // namespace
 
-Stage::Stage(const virtual_touchpad::TouchpadLayout& layout, Script::Subject subject,
-             const std::filesystem::path& folder, CallWatch::Chooser chooser)
+ScriptFixture::ScriptFixture(const virtual_touchpad::TouchpadLayout& layout,
+                             Script::Subject subject, const std::filesystem::path& folder,
+                             CallWatch::Chooser chooser)
     : logDirectory_(MakeLogDirectory(folder)) {
     OverfillLog(logDirectory_);
     simulator::Machine& machine = simulator::Machine::Get();
@@ -42,28 +43,28 @@ Stage::Stage(const virtual_touchpad::TouchpadLayout& layout, Script::Subject sub
     watch_ = std::make_unique<CallWatch>(std::move(chooser));
 }
 
-void Stage::Do(const Step& step) {
+void ScriptFixture::Do(const Step& step) {
     watch_->Begin(step.name);
     const std::int64_t result = step.run(*this);
     results_.push_back(step.name + " -> " + std::to_string(result));
 }
 
-void Stage::Play(const std::vector<Step>& steps) {
+void ScriptFixture::Play(const std::vector<Step>& steps) {
     for (const Step& step : steps) {
         Do(step);
         WaitUntilOthersSleep();
     }
 }
 
-std::size_t Stage::PreparsedDataInUse() const {
+std::size_t ScriptFixture::PreparsedDataInUse() const {
     return simulator::Machine::Get().PreparsedDataInUse() - oldPreparsedData_;
 }
 
-std::size_t Stage::GlobalMemoryInUse() const {
+std::size_t ScriptFixture::GlobalMemoryInUse() const {
     return simulator::Machine::Get().GlobalMemoryInUse() - oldGlobalMemory_;
 }
 
-std::vector<std::string> Stage::Events() const {
+std::vector<std::string> ScriptFixture::Events() const {
     std::vector<std::string> events = results_;
     const auto append = [&events](const std::vector<std::string>& more) {
         events.insert(events.end(), more.begin(), more.end());
