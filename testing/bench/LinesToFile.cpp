@@ -7,9 +7,9 @@
 
 #include "log/ILog.h"
 #include "testing/bench/BareLines.h"
-#include "testing/kit/LogFolder.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Stopwatch.h"
+#include "testing/kit/LogFolder.h"
 
 namespace bench {
 namespace {
@@ -62,7 +62,7 @@ void WriteInTurns(benchmark::State& state, const Row& row, int count) {
             throw std::runtime_error("the two logs differ");
         }
     }
-    Tell(state, row, rates);
+    Report(state, row, rates);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@ namespace {
 
 constexpr char kBeside[] = " beside ";
 
-void TellQuantiles(benchmark::State& state, const std::string& side, const Samples& samples) {
+void ReportQuantiles(benchmark::State& state, const std::string& side, const Samples& samples) {
     state.counters[side + " p50"] = samples.Median();
     state.counters[side + " p99.9"] = samples.Tail();
 }
@@ -48,13 +48,13 @@ benchmark::internal::Benchmark* Register(const Row& row, benchmark::IterationCou
     return benchmark::RegisterBenchmark(row.Name().c_str(), run)->Iterations(iterations);
 }
 
-void Tell(benchmark::State& state, const Row& row, const Pair& pair) {
-    TellQuantiles(state, "measured", pair.measured);
-    TellQuantiles(state, "peer", pair.peer);
+void Report(benchmark::State& state, const Row& row, const Pair& pair) {
+    ReportQuantiles(state, "measured", pair.measured);
+    ReportQuantiles(state, "peer", pair.peer);
     Compare(state, row);
 }
 
-void Tell(benchmark::State& state, const Row& row, double measured, double peer) {
+void Report(benchmark::State& state, const Row& row, double measured, double peer) {
     state.counters["measured"] = measured;
     state.counters["peer"] = peer;
     Compare(state, row);

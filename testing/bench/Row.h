@@ -37,8 +37,8 @@ benchmark::internal::Benchmark* Register(const Row& row, benchmark::IterationCou
                                          const Measure& measure);
 
 // The results: of many measurements, or of one number for each side.
-void Tell(benchmark::State& state, const Row& row, const Pair& pair);
-void Tell(benchmark::State& state, const Row& row, double measured, double peer);
+void Report(benchmark::State& state, const Row& row, const Pair& pair);
+void Report(benchmark::State& state, const Row& row, double measured, double peer);
 
 // Measured thing and peer take turns, so that whatever else the machine does meets both. Each gives
 // back the nanoseconds that it took, or the Samples of a turn. The benchmark's own time is what was
@@ -53,7 +53,7 @@ void TakeTurns(benchmark::State& state, const Row& row, Measured&& measured, Pee
         pair.measured.Add(turn);
         pair.peer.Add(peer());
     }
-    Tell(state, row, pair);
+    Report(state, row, pair);
 }
 
 }  // namespace bench

@@ -4,7 +4,7 @@
 #include "testing/bench/Run.h"
 #include "testing/bench/RunningLogger.h"
 #include "testing/bench/native/HeapCount.h"
-#include "testing/bench/native/Stage.h"
+#include "testing/bench/native/SessionFixture.h"
 #include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
 
 namespace {
@@ -27,14 +27,14 @@ void CountEach(benchmark::State& state, const Row& row, std::size_t (*count)(), 
     const std::size_t before = count();
     for (auto _ : state) work();
     const auto counted = static_cast<double>(count() - before);
-    Tell(state, row, counted / static_cast<double>(state.iterations()), needed);
+    Report(state, row, counted / static_cast<double>(state.iterations()), needed);
 }
 
 void CountForReport(benchmark::State& state, const Row& row, std::uint8_t events,
                     std::size_t answers, double needed) {
-    Stage stage;
+    SessionFixture fixture;
     const Uncounted stageHand;
-    simulator::Device& device = stage.Device();
+    simulator::Device& device = fixture.Device();
     const simulator::Bytes report = {virtual_touchpad::kButtonReportId, events, 0};
     CountEach(state, row, AllocationsOfAllThreads, needed, [&] {
         device.WaitForPendingReads();
@@ -55,13 +55,13 @@ void CountForPress(benchmark::State& state, const Row& row) {
 }
 
 void CountForSetButtonLight(benchmark::State& state, const Row& row) {
-    Stage stage;
+    SessionFixture fixture;
     bool on = false;
     CountEach(state, row, AllocationsOfThisThread, kQueuedReport, [&] {
-        stage.Session().SetButtonLight(vela::BUTTON_ID_CAMERA, on = !on);
+        fixture.Session().SetButtonLight(vela::BUTTON_ID_CAMERA, on = !on);
         const Uncounted stageHand;
-        stage.Device().WaitForOutputs(1);
-        stage.Device().ForgetOutputs();
+        fixture.Device().WaitForOutputs(1);
+        fixture.Device().ForgetOutputs();
     });
 }
 

@@ -8,7 +8,7 @@
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
-#include "testing/bench/native/Stage.h"
+#include "testing/bench/native/SessionFixture.h"
 
 namespace {
 
@@ -52,7 +52,7 @@ class SlowWrites {
 };
 
 // One call of each caller, from when all are there.
-Samples Burst(Stage& stage) {
+Samples Burst(SessionFixture& fixture) {
     std::atomic<int> ready{0};
     std::vector<double> times(kCallers);
     std::vector<std::thread> callers;
@@ -62,7 +62,7 @@ Samples Burst(Stage& stage) {
             ++ready;
             while (ready < kCallers) std::this_thread::yield();
             times[caller] =
-                Timed([&] { stage.Session().SetBrightness(static_cast<BYTE>(10 + caller)); });
+                Timed([&] { fixture.Session().SetBrightness(static_cast<BYTE>(10 + caller)); });
         });
     }
     for (std::thread& caller : callers) caller.join();
@@ -72,16 +72,16 @@ Samples Burst(Stage& stage) {
 }
 
 void BurstBesideOneWrite(benchmark::State& state, const Row& row) {
-    Stage stage;
+    SessionFixture fixture;
     TakeTurns(
         state, row,
         [&] {
             double mean = 0;
             {
-                const SlowWrites slow(stage.Device());
-                mean = Burst(stage).Mean();
+                const SlowWrites slow(fixture.Device());
+                mean = Burst(fixture).Mean();
             }
-            stage.Settle();
+            fixture.Settle();
             return mean;
         },
         [] { return std::chrono::duration<double, std::nano>(kWrite).count(); });

@@ -6,7 +6,7 @@
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
-#include "testing/bench/native/Stage.h"
+#include "testing/bench/native/SessionFixture.h"
 
 namespace {
 
@@ -43,7 +43,7 @@ void TimeCycles(benchmark::State& state, const Row& row) {
         if (done <= kPart) pair.peer.Add(time);
         if (done > kCycles - kPart) pair.measured.Add(time);
     }
-    Tell(state, row, pair);
+    Report(state, row, pair);
 }
 
 double HeapInUse() { return static_cast<double>(mallinfo2().uordblks); }
@@ -66,7 +66,7 @@ void WeighCycles(benchmark::State& state, const Row& row) {
     const double before = HeapInUse();
     for (auto _ : state) cycles.Next();
     const double each = (HeapInUse() - before) / static_cast<double>(state.iterations());
-    Tell(state, row, each, HeapOfTwoEvents());
+    Report(state, row, each, HeapOfTwoEvents());
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/RunningLogger.h"
-#include "testing/bench/native/Stage.h"
+#include "testing/bench/native/SessionFixture.h"
 
 namespace {
 
@@ -38,7 +38,7 @@ long Sleeps() {
 
 void WatchIdleAgent(benchmark::State& state, const Row& row, std::chrono::seconds time) {
     const RunningLogger logger;
-    Stage stage;
+    SessionFixture fixture;
     // What setting up queued is written meanwhile.
     std::this_thread::sleep_for(std::chrono::seconds(1));
     long woken = 0;
@@ -47,7 +47,7 @@ void WatchIdleAgent(benchmark::State& state, const Row& row, std::chrono::second
         std::this_thread::sleep_for(time);
         woken = Sleeps() - before;
     }
-    Tell(state, row, static_cast<double>(woken), 0);
+    Report(state, row, static_cast<double>(woken), 0);
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include "testing/bench/RunningLogger.h"
 #include "testing/bench/Stopwatch.h"
 #include "testing/bench/native/BareComposition.h"
+#include "testing/bench/native/SessionFixture.h"
 #include "testing/bench/native/Sleeper.h"
-#include "testing/bench/native/Stage.h"
 #include "touchpad/LedReport.h"
 
 namespace {
@@ -15,8 +15,8 @@ using namespace bench;
 constexpr int kTurns = 20000;
 constexpr char kCalls[] = "its HidP calls";
 
-BareComposition BareCompositionOf(Stage& stage) {
-    return BareComposition(stage.Session().Information()->preparsedData);
+BareComposition BareCompositionOf(SessionFixture& fixture) {
+    return BareComposition(fixture.Session().Information()->preparsedData);
 }
 
 double TimeOfCalls(BareComposition& bare) {
@@ -24,9 +24,9 @@ double TimeOfCalls(BareComposition& bare) {
 }
 
 void ComposeBesideCalls(benchmark::State& state, const Row& row) {
-    Stage stage;
-    BareComposition bare = BareCompositionOf(stage);
-    const vela::CHIDInformation& information = *stage.Session().Information();
+    SessionFixture fixture;
+    BareComposition bare = BareCompositionOf(fixture);
+    const vela::CHIDInformation& information = *fixture.Session().Information();
     vela::ButtonTable buttons;
     for (const std::uint32_t button : vela::kSeededButtonIds) {
         buttons.SetFlag(button, &vela::ButtonState::enabled, true);
@@ -52,27 +52,27 @@ void Rest() {
 // Each call changes the light, and the writer has written its report before the next one.
 class LightSwitch {
  public:
-    explicit LightSwitch(Stage& stage) : stage_(stage) {}
+    explicit LightSwitch(SessionFixture& fixture) : fixture_(fixture) {}
 
     double operator()() {
         Rest();
         on_ = !on_;
         const double time =
-            Timed([this] { stage_.Session().SetButtonLight(vela::BUTTON_ID_CAMERA, on_); });
-        stage_.Device().WaitForOutputs(1);
-        stage_.Device().ForgetOutputs();
+            Timed([this] { fixture_.Session().SetButtonLight(vela::BUTTON_ID_CAMERA, on_); });
+        fixture_.Device().WaitForOutputs(1);
+        fixture_.Device().ForgetOutputs();
         return time;
     }
 
  private:
-    Stage& stage_;
+    SessionFixture& fixture_;
     bool on_ = false;
 };
 
 void SetLightBesideCalls(benchmark::State& state, const Row& row) {
-    Stage stage;
-    BareComposition bare = BareCompositionOf(stage);
-    TakeTurns(state, row, LightSwitch(stage), [&] { return TimeOfCalls(bare); });
+    SessionFixture fixture;
+    BareComposition bare = BareCompositionOf(fixture);
+    TakeTurns(state, row, LightSwitch(fixture), [&] { return TimeOfCalls(bare); });
 }
 
 void SetLightBesideCallsLogged(benchmark::State& state, const Row& row) {
@@ -82,10 +82,10 @@ void SetLightBesideCallsLogged(benchmark::State& state, const Row& row) {
 
 // What no hand-over to a writer thread can go below.
 void SetLightBesideWaking(benchmark::State& state, const Row& row) {
-    Stage stage;
-    BareComposition bare = BareCompositionOf(stage);
+    SessionFixture fixture;
+    BareComposition bare = BareCompositionOf(fixture);
     Sleeper sleeper;
-    TakeTurns(state, row, LightSwitch(stage), [&] {
+    TakeTurns(state, row, LightSwitch(fixture), [&] {
         Rest();
         const double time = Timed([&] {
             bare(false);

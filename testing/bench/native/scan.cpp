@@ -6,7 +6,7 @@
 #include "testing/bench/BareScan.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/ScanInTurns.h"
-#include "testing/bench/native/Stage.h"
+#include "testing/bench/native/SessionFixture.h"
 
 namespace {
 
@@ -57,7 +57,7 @@ void CountCalls(benchmark::State& state, const Row& row) {
         ofMany = (CallsOfScan(1000) - ofHundred) / 900;
         ofFew = (ofHundred - CallsOfScan(10)) / 90;
     }
-    Tell(state, row, ofMany, ofFew);
+    Report(state, row, ofMany, ofFew);
 }
 
 }  // namespace

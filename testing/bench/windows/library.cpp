@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "testing/kit/windows/AgentDll.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
+#include "testing/kit/windows/AgentDll.h"
 
 namespace {
 
@@ -25,7 +25,7 @@ void Weigh(benchmark::State& state, const Row& row) {
         agent = static_cast<double>(std::filesystem::file_size(Agent()));
         empty = static_cast<double>(std::filesystem::file_size(Empty()));
     }
-    Tell(state, row, agent, empty);
+    Report(state, row, agent, empty);
 }
 
 double TimeOfLoading(const std::filesystem::path& file) {

@@ -1,4 +1,4 @@
-#include "testing/bench/native/Stage.h"
+#include "testing/bench/native/SessionFixture.h"
 
 #include <stdexcept>
 
@@ -33,7 +33,7 @@ simulator::Machine& EmptyMachine() {
     return machine;
 }
 
-Stage::Stage() : device_(EmptyMachine().Plug(Touchpad())) {
+SessionFixture::SessionFixture() : device_(EmptyMachine().Plug(Touchpad())) {
     if (session_.Initialize(vela::ScanHIDInformation(&session_)) != vela::kHidOpen) {
         throw std::runtime_error("the session does not open");
     }
@@ -46,9 +46,9 @@ Stage::Stage() : device_(EmptyMachine().Plug(Touchpad())) {
     Settle();
 }
 
-Stage::~Stage() { session_.Uninitialize(); }
+SessionFixture::~SessionFixture() { session_.Uninitialize(); }
 
-void Stage::Settle() {
+void SessionFixture::Settle() {
     // Reports are written in the order in which they were queued; the state request is always
     // written, and no other report is queued behind it.
     constexpr std::uint8_t kRequest = virtual_touchpad::kRequestReportId;

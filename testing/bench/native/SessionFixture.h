@@ -16,10 +16,10 @@ simulator::DeviceDescription OtherDevice();
 // An empty machine that keeps no record of calls.
 simulator::Machine& EmptyMachine();
 
-class Stage {
+class SessionFixture {
  public:
-    Stage();
-    ~Stage();
+    SessionFixture();
+    ~SessionFixture();
 
     vela::CTandrelHID& Session() { return session_; }
     simulator::Device& Device() { return *device_; }
