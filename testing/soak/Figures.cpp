@@ -34,7 +34,7 @@ int Figures::ExitCode() const {
                : 0;
 }
 
-void Tell(const std::string& line) {
+void PrintLine(const std::string& line) {
     std::fprintf(stderr, "%s\n", line.c_str());
     std::fflush(stderr);
 }

@@ -37,6 +37,6 @@ class Figures {
 };
 
 // A line while a soak runs.
-void Tell(const std::string& line);
+void PrintLine(const std::string& line);
 
 }  // namespace soak

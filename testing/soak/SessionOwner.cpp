@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "testing/soak/HostCallbacks.h"
+#include "testing/soak/LivelyCallbacks.h"
 
 namespace soak {
 

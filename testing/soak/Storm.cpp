@@ -17,7 +17,7 @@ void PauseUpTo(std::uint32_t limitMs, Random& random) {
 
 }  // namespace
 
-void Storm::Rage(milliseconds duration) {
+void Storm::Run(milliseconds duration) {
     const auto end = steady_clock::now() + duration;
     const auto endOfPlugs = end - duration / 3;
     Allowance allowance;

@@ -25,7 +25,7 @@ class Storm {
 
     // All of it for that long. Then no thread of the host's is left, the touchpad is plugged in,
     // writes go through, and the session is open and has been for a while.
-    void Rage(std::chrono::milliseconds duration);
+    void Run(std::chrono::milliseconds duration);
 
     const StormFigures& Figures() const { return figures_; }
 

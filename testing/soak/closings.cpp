@@ -52,7 +52,7 @@ class Closings {
             figures_.Judge(std::string(mode.name) + ": never lit before",
                            std::to_string(neverLit) + of, false);
         }
-        Tell(std::string("closed: ") + mode.name + ", " + std::to_string(lit) + of + " lit");
+        PrintLine(std::string("closed: ") + mode.name + ", " + std::to_string(lit) + of + " lit");
     }
 
     bool OpenAndLight(const ClosingMode& mode) {
@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
     try {
         exitCode = Closings(count, detachable).Run();
     } catch (const std::exception& error) {
-        Tell(std::string("ended by: ") + error.what());
+        PrintLine(std::string("ended by: ") + error.what());
     }
     if (detachable) LeaveAtOnce(exitCode);
     return exitCode;

@@ -11,10 +11,10 @@
 #include <thread>
 
 #include "testing/soak/Figures.h"
-#include "testing/soak/HostCallbacks.h"
+#include "testing/soak/LightRequests.h"
+#include "testing/soak/LivelyCallbacks.h"
 #include "testing/soak/ProcessFigures.h"
 #include "testing/soak/Storm.h"
-#include "testing/soak/Wishes.h"
 
 namespace {
 
@@ -58,13 +58,13 @@ class Meeting {
     int Run() {
         const auto begin = steady_clock::now();
         do {
-            storm_.Rage(kStorm);
+            storm_.Run(kStorm);
             const std::string difference =
                 CompareLights(agent_, *touchpad_, layout_, owner_, random_);
             ++comparisons_;
             if (!difference.empty() && different_.empty()) different_ = difference;
             Rest();
-            TellProgress(steady_clock::now() - begin);
+            PrintProgress(steady_clock::now() - begin);
             // What grows up to a size and then stays has had two storms for it.
             if (comparisons_ <= 2) first_ = now_;
         } while (steady_clock::now() - begin < duration_);
@@ -104,25 +104,26 @@ class Meeting {
         return threads;
     }
 
-    void TellProgress(steady_clock::duration elapsed) {
+    void PrintProgress(steady_clock::duration elapsed) {
         const auto text = [](const char* name, std::int64_t value) {
             return std::string(name) + " " + std::to_string(value) + "  ";
         };
         using std::chrono::duration_cast;
-        Tell(text("seconds", duration_cast<std::chrono::seconds>(elapsed).count()) +
-             text("calls", storm_.Figures().calls) + text("presses", storm_.Figures().presses) +
-             text("pulled", storm_.Figures().pullings) + text("sessions", now_.sessions) +
-             text("log lines", log_.Figures().lines) + text("files", now_.handles["File"]) +
-             text("events", now_.handles["Event"]) + text("threads", now_.threads) +
-             text("heap KiB", now_.heap / 1024));
+        PrintLine(text("seconds", duration_cast<std::chrono::seconds>(elapsed).count()) +
+                  text("calls", storm_.Figures().calls) +
+                  text("presses", storm_.Figures().presses) +
+                  text("pulled", storm_.Figures().pullings) + text("sessions", now_.sessions) +
+                  text("log lines", log_.Figures().lines) + text("files", now_.handles["File"]) +
+                  text("events", now_.handles["Event"]) + text("threads", now_.threads) +
+                  text("heap KiB", now_.heap / 1024));
     }
 
     void JudgeAll() {
         const StormFigures& storm = storm_.Figures();
         figures_.Judge("calls by host threads", storm.calls, storm.calls > 0);
         figures_.Note("input reports sent", storm.presses);
-        figures_.Judge("presses told", PressesTold(), PressesTold() > 0);
-        figures_.Judge("statuses told", StatusesTold(), StatusesTold() > 0);
+        figures_.Judge("presses told", PressesReported(), PressesReported() > 0);
+        figures_.Judge("statuses told", StatusesReported(), StatusesReported() > 0);
         figures_.Note("times unplugged", storm.pullings);
         figures_.Note("sessions", owner_.Sessions());
         figures_.Judge("longest closing, ms", owner_.LongestClosing().count(),
@@ -136,8 +137,8 @@ class Meeting {
         figures_.Judge("log lines read", log.lines, log.wrong.empty());
         figures_.Note("of them in a thread's known order", log.marks);
         JudgeLevels();
-        if (!different_.empty()) Tell("lights: " + different_);
-        if (!log.wrong.empty()) Tell("log: " + log.wrong);
+        if (!different_.empty()) PrintLine("lights: " + different_);
+        if (!log.wrong.empty()) PrintLine("log: " + log.wrong);
     }
 
     // A session leaves its two events open, and one handle of the name that tells of it; a question
@@ -192,7 +193,7 @@ int main(int argc, char** argv) {
     try {
         exitCode = Meeting(duration, layout, detachable ? "meeting, detachable" : "meeting").Run();
     } catch (const std::exception& error) {
-        Tell(std::string("ended by: ") + error.what());
+        PrintLine(std::string("ended by: ") + error.what());
     }
     if (detachable) LeaveAtOnce(exitCode);
     return exitCode;

@@ -50,7 +50,7 @@ class Reloading {
         const std::int64_t step = std::max<std::int64_t>(cycles_ / 20, 10);
         const Growth growth = MeasureGrowth(cycles_, [&](std::int64_t cycle) {
             if (!RunCycle()) ++wrong_;
-            if (cycle % step == 0) TellProgress(cycle);
+            if (cycle % step == 0) PrintProgress(cycle);
         });
         JudgeAll(growth, bare);
         figures_.Print();
@@ -103,12 +103,12 @@ class Reloading {
         return lines.torn.empty() && last.find("} Logger::UnInitialize") != std::string::npos;
     }
 
-    void TellProgress(std::int64_t cycle) const {
+    void PrintProgress(std::int64_t cycle) const {
         std::map<std::string, std::int64_t> handles = OpenHandles();
-        Tell("loaded and unloaded " + std::to_string(cycle) + " times  files " +
-             std::to_string(handles["File"]) + "  events " + std::to_string(handles["Event"]) +
-             "  threads " + std::to_string(ThreadCount()) + "  heap KiB " +
-             std::to_string(HeapInUse() / 1024));
+        PrintLine("loaded and unloaded " + std::to_string(cycle) + " times  files " +
+                  std::to_string(handles["File"]) + "  events " + std::to_string(handles["Event"]) +
+                  "  threads " + std::to_string(ThreadCount()) + "  heap KiB " +
+                  std::to_string(HeapInUse() / 1024));
     }
 
     void JudgeAll(Growth growth, Growth bare) {
@@ -144,7 +144,7 @@ int main(int argc, char** argv) {
     try {
         return Reloading(argc > 1 ? std::atol(argv[1]) : 1000).Run();
     } catch (const std::exception& error) {
-        Tell(std::string("ended by: ") + error.what());
+        PrintLine(std::string("ended by: ") + error.what());
         return 1;
     }
 }

@@ -49,8 +49,8 @@ class Replugging {
         heapASession_ = (HeapInUse() - heap) / (SessionsOpened() - sessions);
         descriptorsMore_ =
             static_cast<std::int64_t>(Machine::Get().PreparsedDataInUse() - descriptors);
-        Tell(std::string("unplugged: ") + situation_.name + ", " + std::to_string(cycles_) +
-             " times");
+        PrintLine(std::string("unplugged: ") + situation_.name + ", " + std::to_string(cycles_) +
+                  " times");
     }
 
     void JudgeAll(Figures& figures) const {

@@ -10,9 +10,9 @@
 
 #include "testing/simulator/Machine.h"
 #include "testing/soak/Figures.h"
-#include "testing/soak/HostCallbacks.h"
+#include "testing/soak/LightRequests.h"
+#include "testing/soak/LivelyCallbacks.h"
 #include "testing/soak/ProcessFigures.h"
-#include "testing/soak/Wishes.h"
 #include "testing/soak/native/Rounds.h"
 
 namespace {
@@ -39,7 +39,7 @@ class Judge {
             const bool queriesPresence = done >= rounds_ / 2;
             host_->QueryPresence(queriesPresence);
             RunBatch((std::min)(kRoundsOfABatch, rounds_ - done), queriesPresence);
-            if (++batches_ % 10 == 0) Tell("rounds " + std::to_string(done + kRoundsOfABatch));
+            if (++batches_ % 10 == 0) PrintLine("rounds " + std::to_string(done + kRoundsOfABatch));
         }
         JudgeAll();
         figures_.Print();
@@ -52,19 +52,19 @@ class Judge {
         host_->Run(count);
         // The threads' calls may have left that session open, which has a file of its own.
         agent_.UnInitHapticTP();
-        LookAtClosedSession(mayLeaveTheName);
+        CheckClosedSession(mayLeaveTheName);
         owner_->Open(false);
         if (IsInUse()) ++inUseAfterOpening_;
         const std::string difference = CompareLights(agent_, *touchpad_, layout_, *owner_, random_);
         if (!difference.empty()) {
             ++doesNotWork_;
-            Tell("session afterwards: " + difference);
+            PrintLine("session afterwards: " + difference);
         }
         owner_->Close();
-        LookAtClosedSession(mayLeaveTheName);
+        CheckClosedSession(mayLeaveTheName);
     }
 
-    void LookAtClosedSession(bool mayLeaveTheName) {
+    void CheckClosedSession(bool mayLeaveTheName) {
         const auto lights = touchpad_->LightsAfterClosing();
         if (lights && !IsDark(*lights)) ++lit_;
         if (IsInUse()) ++inUseAfterClosing_;
@@ -90,7 +90,7 @@ class Judge {
         };
         figures_.Note("rounds", rounds_);
         figures_.Judge("calls meanwhile", host_->Calls(), host_->Calls() > 0);
-        figures_.Judge("presses told", PressesTold(), PressesTold() > 0);
+        figures_.Judge("presses told", PressesReported(), PressesReported() > 0);
         figures_.Note("sessions closed", sessions);
         none("times that Init was refused", host_->Refused());
         none("closings that left a light on", lit_);
@@ -102,7 +102,7 @@ class Judge {
         none("sessions afterwards with other lights", doesNotWork_);
         none("misuses of the platform", static_cast<std::int64_t>(misuse.size()));
         for (std::size_t i = 0; i < std::min<std::size_t>(misuse.size(), 10); ++i) {
-            Tell("misuse: " + misuse[i]);
+            PrintLine("misuse: " + misuse[i]);
         }
     }
 

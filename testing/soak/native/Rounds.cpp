@@ -5,7 +5,7 @@
 #include <thread>
 #include <vector>
 
-#include "testing/soak/HostCallbacks.h"
+#include "testing/soak/LivelyCallbacks.h"
 
 namespace soak {
 namespace {
@@ -19,8 +19,7 @@ void Join(std::vector<std::thread>& threads) {
 
 }  // namespace
 
-Rounds::Rounds(const Agent& agent, SoakTouchpad& touchpad)
-    : agent_(agent), touchpad_(touchpad) {}
+Rounds::Rounds(const Agent& agent, SoakTouchpad& touchpad) : agent_(agent), touchpad_(touchpad) {}
 
 void Rounds::Run(std::int64_t count) {
     roundsLeft_ = count;

@@ -1,4 +1,4 @@
-#include "testing/soak/HostCallbacks.h"
+#include "testing/soak/LivelyCallbacks.h"
 
 #include <array>
 #include <atomic>
@@ -15,7 +15,7 @@ namespace {
 constexpr std::chrono::seconds kPatience{10};
 
 std::mutex mutex;  // guards: presses
-std::condition_variable told;
+std::condition_variable pressed;
 std::array<std::int64_t, 4> presses{};
 std::atomic<std::int64_t> statuses{0};
 std::atomic<const Agent*> calledBack{nullptr};
@@ -35,7 +35,7 @@ void OnPress(std::uint32_t buttonId, std::uint32_t) {
     {
         const std::lock_guard<std::mutex> lock(mutex);
         ++presses.at(buttonId);
-        told.notify_all();
+        pressed.notify_all();
     }
     CallBackNowAndThen();
 }
@@ -53,21 +53,21 @@ void SetCallbacks(const Agent& agent, bool lively) {
     agent.SetVelaStatusChangeCallback(OnStatus);
 }
 
-std::int64_t PressesTold() {
+std::int64_t PressesReported() {
     const std::lock_guard<std::mutex> lock(mutex);
     return std::accumulate(presses.begin(), presses.end(), std::int64_t{0});
 }
 
-std::int64_t PressesTold(std::uint32_t buttonId) {
+std::int64_t PressesReported(std::uint32_t buttonId) {
     const std::lock_guard<std::mutex> lock(mutex);
     return presses.at(buttonId);
 }
 
-std::int64_t StatusesTold() { return statuses; }
+std::int64_t StatusesReported() { return statuses; }
 
 bool WaitForPresses(std::uint32_t buttonId, std::int64_t count) {
     std::unique_lock<std::mutex> lock(mutex);
-    return told.wait_for(lock, kPatience, [&] { return presses.at(buttonId) >= count; });
+    return pressed.wait_for(lock, kPatience, [&] { return presses.at(buttonId) >= count; });
 }
 
 }  // namespace soak

@@ -1,9 +1,9 @@
-#include "testing/soak/Wishes.h"
+#include "testing/soak/LightRequests.h"
 
 #include <cstdio>
 
 #include "testing/kit/SessionModel.h"
-#include "testing/soak/HostCallbacks.h"
+#include "testing/soak/LivelyCallbacks.h"
 #include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 
 namespace soak {
@@ -28,9 +28,9 @@ std::string Hex(const Bytes& bytes) {
 }
 
 // A host and the model of what it has to see: every wish is made to both.
-class Twins {
+class ComparedSession {
  public:
-    Twins(const Agent& agent, SoakTouchpad& touchpad, const TouchpadLayout& layout)
+    ComparedSession(const Agent& agent, SoakTouchpad& touchpad, const TouchpadLayout& layout)
         : agent_(agent), touchpad_(touchpad), model_(layout) {
         model_.Init();
     }
@@ -41,10 +41,10 @@ class Twins {
     }
     // Until it was handled, as a press behind it tells. False when that one is not told.
     bool SendAndWait(std::uint16_t usage) {
-        const std::int64_t told = PressesTold(VELA_BUTTON_SHARE_SCREEN);
+        const std::int64_t reported = PressesReported(VELA_BUTTON_SHARE_SCREEN);
         Send(usage);
         Send(kShareScreenButton);
-        return WaitForPresses(VELA_BUTTON_SHARE_SCREEN, told + 1);
+        return WaitForPresses(VELA_BUTTON_SHARE_SCREEN, reported + 1);
     }
     void Enable(std::uint32_t button, bool enable) {
         agent_.EnableSingleButton(button, enable);
@@ -106,54 +106,54 @@ class Twins {
 
 // A state that depends on nothing before. The report of the last step is written in any case, and
 // is the one that the session compares the next with.
-void MakeKnown(Twins& twins, Random& random) {
-    twins.Activate(VELA_DEACTIVATED);
+void MakeKnown(ComparedSession& session, Random& random) {
+    session.Activate(VELA_DEACTIVATED);
     for (std::uint32_t button = 0; button < 4; ++button) {
-        twins.Enable(button, true);
-        twins.Show(button, true);
-        twins.Light(button, Below(random, 2) != 0);
+        session.Enable(button, true);
+        session.Show(button, true);
+        session.Light(button, Below(random, 2) != 0);
     }
-    twins.AllowBreathing(false);
-    twins.Breathe(VELA_BUTTON_CHAT, false);
-    twins.Brightness(kBrighterThanStorms + Below(random, 256 - kBrighterThanStorms));
-    twins.Feature(true);
-    twins.Activate(Below(random, 4) == 0 ? VELA_ACTIVE_HOST_SETS_LIGHTS : VELA_ACTIVE);
-    twins.Show(VELA_BUTTON_CAMERA, true);
-    twins.Breathe(VELA_BUTTON_CHAT, false);
-    twins.NoteKnown();
+    session.AllowBreathing(false);
+    session.Breathe(VELA_BUTTON_CHAT, false);
+    session.Brightness(kBrighterThanStorms + Below(random, 256 - kBrighterThanStorms));
+    session.Feature(true);
+    session.Activate(Below(random, 4) == 0 ? VELA_ACTIVE_HOST_SETS_LIGHTS : VELA_ACTIVE);
+    session.Show(VELA_BUTTON_CAMERA, true);
+    session.Breathe(VELA_BUTTON_CHAT, false);
+    session.NoteKnown();
 }
 
 // False when a press is not told.
-bool WishAtRandom(Twins& twins, Random& random) {
+bool MakeRandomRequest(ComparedSession& session, Random& random) {
     const std::uint32_t button = Below(random, 3);  // share screen stays, to wait for its presses
     const bool flag = Below(random, 2) != 0;
     switch (Below(random, 10)) {
         case 0:
-            twins.Enable(button, flag);
+            session.Enable(button, flag);
             return true;
         case 1:
-            twins.Show(button, flag);
+            session.Show(button, flag);
             return true;
         case 2:
-            twins.Light(button, flag);
+            session.Light(button, flag);
             return true;
         case 3:
-            twins.AllowBreathing(flag);
+            session.AllowBreathing(flag);
             return true;
         case 4:
-            twins.Breathe(VELA_BUTTON_CHAT, flag);
+            session.Breathe(VELA_BUTTON_CHAT, flag);
             return true;
         case 5:
-            twins.Brightness(Below(random, 256));
+            session.Brightness(Below(random, 256));
             return true;
         case 6:
-            twins.Feature(Below(random, 4) != 0);
+            session.Feature(Below(random, 4) != 0);
             return true;
         case 7:
-            twins.Activate(Below(random, 4) == 0 ? VELA_SUSPENDED : VELA_ACTIVE);
+            session.Activate(Below(random, 4) == 0 ? VELA_SUSPENDED : VELA_ACTIVE);
             return true;
         default:
-            return twins.SendAndWait(flag ? kCameraButton : kMicrophoneButton);
+            return session.SendAndWait(flag ? kCameraButton : kMicrophoneButton);
     }
 }
 
@@ -170,15 +170,15 @@ std::string CompareLights(const Agent& agent, SoakTouchpad& touchpad, const Touc
     touchpad.WaitUntilRead();
     touchpad.ForgetWritten();
 
-    Twins twins(agent, touchpad, layout);
-    twins.Enable(VELA_BUTTON_SHARE_SCREEN, true);
-    twins.Send(kEnabled);
-    if (!twins.SendAndWait(kSync)) return "presses are told no more";
-    MakeKnown(twins, random);
-    for (int wish = 0; wish < 30; ++wish) {
-        if (!WishAtRandom(twins, random)) return "a press was not told";
+    ComparedSession session(agent, touchpad, layout);
+    session.Enable(VELA_BUTTON_SHARE_SCREEN, true);
+    session.Send(kEnabled);
+    if (!session.SendAndWait(kSync)) return "presses are told no more";
+    MakeKnown(session, random);
+    for (int request = 0; request < 30; ++request) {
+        if (!MakeRandomRequest(session, random)) return "a press was not told";
     }
-    return twins.Compare();
+    return session.Compare();
 }
 
 }  // namespace soak
