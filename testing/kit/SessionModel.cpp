@@ -48,8 +48,8 @@ bool SessionModel::UnInit() {
     Write(ComposeLights(), false);
     lastReport_.clear();
     buttons_.clear();
-    tellsPresses_ = false;
-    tellsStatus_ = false;
+    hasPressCallback_ = false;
+    hasStatusCallback_ = false;
     open_ = false;
     connected_ = false;
     activation_ = 4;
@@ -64,9 +64,9 @@ bool SessionModel::IsVelaPresent() const {
 bool SessionModel::EnableFeature(bool enable) {
     if (!open_) return false;
     if (!enable) {
-        if (temporaryDisable_ && !tabletModeDisable_ && tellsStatus_ && IsActivated()) {
+        if (temporaryDisable_ && !tabletModeDisable_ && hasStatusCallback_ && IsActivated()) {
             temporaryDisable_ = false;
-            TellStatus(0);
+            NotifyStatus(0);
         }
         SetButtonBreathing(kChat, false);
     }
@@ -82,7 +82,7 @@ bool SessionModel::Activate(std::uint32_t activation) {
         if (activation_ == 5) buttons_ = savedButtons_;
     } else if (activation == 4) {
         SetButtonBreathing(kChat, false);
-        TellStatus(4);
+        NotifyStatus(4);
         HideButtons();
     } else if (activation == 5) {
         savedButtons_ = buttons_;
@@ -91,7 +91,7 @@ bool SessionModel::Activate(std::uint32_t activation) {
     activation_ = activation;
     if (activation == 4) temporaryDisable_ = false;
     Update(true);
-    TellStatus(IsActivated() ? StatusOr(activation) : activation);
+    NotifyStatus(IsActivated() ? StatusOr(activation) : activation);
     return true;
 }
 
@@ -135,7 +135,7 @@ void SessionModel::SetBrightness(std::uint32_t level) {
 }
 
 bool SessionModel::SetClickMode(std::uint32_t mode, std::uint16_t value) {
-    if (!CanAskClickMode()) return false;
+    if (!CanAccessClickMode()) return false;
     if (mode == 0) clickModeValue_ = 0;
     if (mode == 1) clickModeValue_ = value;
     return true;
@@ -177,7 +177,7 @@ void SessionModel::HideButtons() {
     for (std::uint32_t id = 0; id < kButtonCount; ++id) buttons_[id].visible = false;
 }
 
-bool SessionModel::CanAskClickMode() const {
+bool SessionModel::CanAccessClickMode() const {
     return open_ && connected_ && layout_.hasFeatureReport;
 }
 

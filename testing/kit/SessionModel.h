@@ -38,8 +38,8 @@ class SessionModel {
     // What it writes may stay unwritten, apart from the last report.
     bool UnInit();
     bool IsVelaPresent() const;
-    void SetButtonPressCallback(bool set) { tellsPresses_ = set; }
-    void SetStatusChangeCallback(bool set) { tellsStatus_ = set; }
+    void SetButtonPressCallback(bool set) { hasPressCallback_ = set; }
+    void SetStatusChangeCallback(bool set) { hasStatusCallback_ = set; }
     bool EnableFeature(bool enable);
     bool IsFeatureEnabled() const { return featureEnabled_; }
     bool Activate(std::uint32_t activation);
@@ -54,7 +54,7 @@ class SessionModel {
     void SetBrightness(std::uint32_t level);
     std::uint32_t GetBrightness() const { return brightness_; }
     bool SetClickMode(std::uint32_t mode, std::uint16_t value);
-    bool GetClickMode() const { return CanAskClickMode() && clickModeValue_ != 0; }
+    bool GetClickMode() const { return CanAccessClickMode() && clickModeValue_ != 0; }
     bool UpdateVelaState();
     bool IsDetachable() const { return detachable_; }
     bool IsSupportBiDirectionSwipe() const;
@@ -95,16 +95,16 @@ class SessionModel {
     bool SetFlag(std::uint32_t buttonId, bool Button::*flag, bool value);
     void SeedButtons(bool present);
     void HideButtons();
-    bool CanAskClickMode() const;
+    bool CanAccessClickMode() const;
 
     // --- SessionModelInput.cpp ---
     void ReceiveFirmwareState(std::uint32_t state);
     void ReceiveUsage(std::uint8_t reportId, unsigned usage);
     void Press(std::uint32_t buttonId, bool togglesLight);
     std::uint32_t StatusOr(std::uint32_t undisturbed) const;
-    void TellPress(std::uint32_t buttonId, bool newLight);
-    void TellStatus(std::uint32_t status);
-    void TellStatusWhileActive(std::uint32_t status);
+    void NotifyPress(std::uint32_t buttonId, bool newLight);
+    void NotifyStatus(std::uint32_t status);
+    void NotifyStatusWhileActive(std::uint32_t status);
 
     // --- SessionModelReports.cpp ---
     void Update(bool force);
@@ -133,8 +133,8 @@ class SessionModel {
     std::uint8_t brightness_ = 3;
     bool temporaryDisable_ = false;
     bool tabletModeDisable_ = false;
-    bool tellsPresses_ = false;
-    bool tellsStatus_ = false;
+    bool hasPressCallback_ = false;
+    bool hasStatusCallback_ = false;
     Buttons buttons_;
     Buttons savedButtons_;
     Bytes lastReport_;

@@ -21,7 +21,7 @@ void SessionModel::Receive(std::uint8_t reportId, const std::vector<std::uint16_
 void SessionModel::ReceiveFirmwareState(std::uint32_t state) {
     tabletModeDisable_ = (state & 0x80U) != 0;
     temporaryDisable_ = (state & 0x20U) != 0;
-    TellStatusWhileActive(StatusOr(0));
+    NotifyStatusWhileActive(StatusOr(0));
 }
 
 void SessionModel::ReceiveUsage(std::uint8_t reportId, unsigned usage) {
@@ -31,7 +31,7 @@ void SessionModel::ReceiveUsage(std::uint8_t reportId, unsigned usage) {
             temporaryDisable_ = false;
             SetButtonBreathing(kChat, false);
             Update(true);
-            return TellStatusWhileActive(0);
+            return NotifyStatusWhileActive(0);
         case 0x41:
             return Press(kCamera, true);
         case 0x42:
@@ -43,16 +43,16 @@ void SessionModel::ReceiveUsage(std::uint8_t reportId, unsigned usage) {
         case 0x45:  // the disabling gesture
             if (!IsActivated()) return;
             temporaryDisable_ = true;
-            return TellStatus(2);
+            return NotifyStatus(2);
         case 0x46:  // enabled
             tabletModeDisable_ = false;
             if (reportId == 0x10) temporaryDisable_ = false;
-            TellStatusWhileActive(temporaryDisable_ ? 2 : 0);
+            NotifyStatusWhileActive(temporaryDisable_ ? 2 : 0);
             SetButtonBreathing(kChat, false);
             return Update(false);
         case 0x47:  // disabled
             tabletModeDisable_ = true;
-            return TellStatusWhileActive(3);
+            return NotifyStatusWhileActive(3);
         default:
             return;
     }
@@ -61,7 +61,7 @@ void SessionModel::ReceiveUsage(std::uint8_t reportId, unsigned usage) {
 void SessionModel::Press(std::uint32_t buttonId, bool togglesLight) {
     const Button button = buttons_[buttonId];
     if (!button.enabled) return;
-    TellPress(buttonId, !button.lightOn);
+    NotifyPress(buttonId, !button.lightOn);
     if (togglesLight && activation_ != 1) SetButtonLight(buttonId, !button.lightOn);
 }
 
@@ -70,17 +70,17 @@ std::uint32_t SessionModel::StatusOr(std::uint32_t undisturbed) const {
     return temporaryDisable_ ? 2 : undisturbed;
 }
 
-void SessionModel::TellPress(std::uint32_t buttonId, bool newLight) {
-    if (!tellsPresses_) return;
+void SessionModel::NotifyPress(std::uint32_t buttonId, bool newLight) {
+    if (!hasPressCallback_) return;
     callbacks_.push_back("press " + std::to_string(buttonId) + (newLight ? " 1" : " 0"));
 }
 
-void SessionModel::TellStatus(std::uint32_t status) {
-    if (tellsStatus_) callbacks_.push_back("status " + std::to_string(status));
+void SessionModel::NotifyStatus(std::uint32_t status) {
+    if (hasStatusCallback_) callbacks_.push_back("status " + std::to_string(status));
 }
 
-void SessionModel::TellStatusWhileActive(std::uint32_t status) {
-    if (IsActivated()) TellStatus(status);
+void SessionModel::NotifyStatusWhileActive(std::uint32_t status) {
+    if (IsActivated()) NotifyStatus(status);
 }
 
 }  // namespace kit

@@ -19,15 +19,15 @@ class ScriptedQuery final : public vela::IDiscoveryQuery {
     vela::HidCapUsagePageList buttonPages{{0, 0xFF80}, {1, 0xFF80}};
 
     vela::HidDeviceFilterList GetHidDeviceFilters() override {
-        NoteQuestion("filters");
+        NoteCall("filters");
         return filters;
     }
     vela::HidCapUsagePageList GetValueCapUsagePages() override {
-        NoteQuestion("value pages");
+        NoteCall("value pages");
         return valuePages;
     }
     vela::HidCapUsagePageList GetButtonCapUsagePages() override {
-        NoteQuestion("button pages");
+        NoteCall("button pages");
         return buttonPages;
     }
 
@@ -36,7 +36,7 @@ class ScriptedQuery final : public vela::IDiscoveryQuery {
 
  private:
     // Discovery calls on the thread that scans, which here is the one that made the query.
-    void NoteQuestion(const char* question) {
+    void NoteCall(const char* question) {
         EXPECT_EQ(std::this_thread::get_id(), owner_);
         questions_.emplace_back(question);
     }
