@@ -1,7 +1,4 @@
-// The host's calls.
 #include "testing/kit/SessionModel.h"
-
-#include <utility>
 
 namespace kit {
 namespace {
@@ -21,7 +18,7 @@ bool IsDetachableName(std::wstring name) {
 }  // namespace
 
 SessionModel::SessionModel(const TouchpadLayout& layout)
-    : layout_(layout), detachable_(IsDetachableName(layout.productString)) {}
+    : layout_(layout), composer_(layout), detachable_(IsDetachableName(layout.productString)) {}
 
 void SessionModel::Unplug() {
     plugged_ = false;
@@ -96,34 +93,35 @@ bool SessionModel::Activate(std::uint32_t activation) {
 }
 
 bool SessionModel::EnableSingleButton(std::uint32_t buttonId, bool enable) {
-    return SetFlag(buttonId, &Button::enabled, enable);
+    return SetFlag(buttonId, &ButtonState::enabled, enable);
 }
 
 bool SessionModel::IsSingleButtonEnabled(std::uint32_t buttonId) {
-    const Button& button = buttons_[buttonId];
+    const ButtonState& button = buttons_[buttonId];
     return button.present && button.enabled;
 }
 
 bool SessionModel::SetButtonVisible(std::uint32_t buttonId, bool visible) {
-    return SetFlag(buttonId, &Button::visible, visible);
+    return SetFlag(buttonId, &ButtonState::visible, visible);
 }
 
 bool SessionModel::SetButtonLight(std::uint32_t buttonId, bool on) {
-    return SetFlag(buttonId, &Button::lightOn, on);
+    return SetFlag(buttonId, &ButtonState::lightOn, on);
 }
 
 bool SessionModel::EnableChatBreathing(bool enable) {
-    return SetFlag(kChat, &Button::breathingEnabled, enable);
+    return SetFlag(kChat, &ButtonState::breathingEnabled, enable);
 }
 
 bool SessionModel::IsChatBreathingEnabled() {
-    const Button& chat = buttons_[kChat];
+    const ButtonState& chat = buttons_[kChat];
     return chat.present && chat.breathingEnabled;
 }
 
 bool SessionModel::SetButtonBreathing(std::uint32_t buttonId, bool on) {
     if (!open_) return false;
-    buttons_[buttonId].breathing = on ? Breathing::Requested : Breathing::Stopped;
+    buttons_[buttonId].breathing =
+        on ? ButtonState::Breathing::Requested : ButtonState::Breathing::Stopped;
     Update(true);
     return true;
 }
@@ -144,7 +142,7 @@ bool SessionModel::SetClickMode(std::uint32_t mode, std::uint16_t value) {
 bool SessionModel::UpdateVelaState() {
     if (!open_ || !layout_.hasRequest) return false;
     if (layout_.requestReportId == virtual_touchpad::kSecondLayoutReportId) return false;
-    Write(RequestReport(), true);
+    Write(composer_.StateRequest(), true);
     return true;
 }
 
@@ -155,11 +153,7 @@ bool SessionModel::IsSupportBiDirectionSwipe() const {
     return !isOlderFamily || layout_.versionNumber >= 99;
 }
 
-std::vector<Bytes> SessionModel::TakeReports() { return std::exchange(reports_, {}); }
-
-std::vector<std::string> SessionModel::TakeCallbacks() { return std::exchange(callbacks_, {}); }
-
-bool SessionModel::SetFlag(std::uint32_t buttonId, bool Button::*flag, bool value) {
+bool SessionModel::SetFlag(std::uint32_t buttonId, bool ButtonState::*flag, bool value) {
     if (!open_) return false;
     buttons_[buttonId].*flag = value;
     Update(false);
@@ -168,7 +162,7 @@ bool SessionModel::SetFlag(std::uint32_t buttonId, bool Button::*flag, bool valu
 
 void SessionModel::SeedButtons(bool present) {
     for (std::uint32_t id = 0; id < kButtonCount; ++id) {
-        buttons_[id] = Button{};
+        buttons_[id] = ButtonState{};
         buttons_[id].present = present;
     }
 }
@@ -179,6 +173,25 @@ void SessionModel::HideButtons() {
 
 bool SessionModel::CanAccessClickMode() const {
     return open_ && connected_ && layout_.hasFeatureReport;
+}
+
+void SessionModel::Update(bool force) {
+    // The agent checks only a detachable touchpad for being there.
+    const bool isKnownToBeGone = open_ && detachable_ && !connected_;
+    if (isKnownToBeGone || IsDisabled()) return;
+    Write(ComposeLights(), force);
+}
+
+Bytes SessionModel::ComposeLights() {
+    const bool driven = open_ && featureEnabled_ && IsActivated();
+    return driven ? composer_.Lights(buttons_, brightness_) : BlankReport();
+}
+
+void SessionModel::Write(const Bytes& report, bool force) {
+    if (!connected_) return;
+    if (!force && report == lastReport_) return;
+    reports_.push_back(report);
+    if (!force) lastReport_ = report;
 }
 
 }  // namespace kit

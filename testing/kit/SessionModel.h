@@ -6,15 +6,12 @@
 
 #include <cstdint>
 #include <string>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
-#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/kit/ReportComposer.h"
 
 namespace kit {
-
-using Bytes = std::vector<std::uint8_t>;
-using virtual_touchpad::TouchpadLayout;
 
 class SessionModel {
  public:
@@ -71,31 +68,22 @@ class SessionModel {
     std::uint16_t ClickModeValue() const { return clickModeValue_; }
     // The last report written that need not be written again.
     const Bytes& LastReport() const { return lastReport_; }
-    Bytes BlankReport() const { return LightReport({}, {}); }
+    Bytes BlankReport() const { return composer_.Blank(); }
 
     // What came since the last call, in order: reports at the touchpad; callbacks as "press 0 1"
     // and "status 3".
-    std::vector<Bytes> TakeReports();
-    std::vector<std::string> TakeCallbacks();
+    std::vector<Bytes> TakeReports() { return std::exchange(reports_, {}); }
+    std::vector<std::string> TakeCallbacks() { return std::exchange(callbacks_, {}); }
 
  private:
-    enum class Breathing { Requested, Running, Stopped };
-    struct Button {
-        bool present = false;
-        bool enabled = false;
-        bool breathingEnabled = false;
-        bool lightOn = false;
-        bool visible = false;
-        Breathing breathing = Breathing::Stopped;
-    };
-    struct Lights;
-    using Buttons = std::unordered_map<std::uint32_t, Button>;
-
     // --- SessionModel.cpp ---
-    bool SetFlag(std::uint32_t buttonId, bool Button::*flag, bool value);
+    bool SetFlag(std::uint32_t buttonId, bool ButtonState::*flag, bool value);
     void SeedButtons(bool present);
     void HideButtons();
     bool CanAccessClickMode() const;
+    void Update(bool force);
+    Bytes ComposeLights();
+    void Write(const Bytes& report, bool force);
 
     // --- SessionModelInput.cpp ---
     void ReceiveFirmwareState(std::uint32_t state);
@@ -106,19 +94,8 @@ class SessionModel {
     void NotifyStatus(std::uint32_t status);
     void NotifyStatusWhileActive(std::uint32_t status);
 
-    // --- SessionModelReports.cpp ---
-    void Update(bool force);
-    void Write(const Bytes& report, bool force);
-    Bytes ComposeLights();
-    void ComposeButton(const Lights& lights, Button& button,
-                       std::unordered_map<std::uint16_t, std::uint8_t>& values);
-    static std::uint8_t NextBreathingValue(Button& chat);
-    bool Has(std::uint16_t lightUsage) const;
-    Bytes LightReport(const std::unordered_map<std::uint16_t, std::uint8_t>& values,
-                      const std::vector<std::uint8_t>& active) const;
-    Bytes RequestReport() const;
-
     const TouchpadLayout layout_;
+    const ReportComposer composer_;
     const bool detachable_;
 
     bool plugged_ = true;
@@ -135,8 +112,8 @@ class SessionModel {
     bool tabletModeDisable_ = false;
     bool hasPressCallback_ = false;
     bool hasStatusCallback_ = false;
-    Buttons buttons_;
-    Buttons savedButtons_;
+    ButtonStates buttons_;
+    ButtonStates savedButtons_;
     Bytes lastReport_;
 
     std::vector<Bytes> reports_;

@@ -59,7 +59,7 @@ void SessionModel::ReceiveUsage(std::uint8_t reportId, unsigned usage) {
 }
 
 void SessionModel::Press(std::uint32_t buttonId, bool togglesLight) {
-    const Button button = buttons_[buttonId];
+    const ButtonState button = buttons_[buttonId];
     if (!button.enabled) return;
     NotifyPress(buttonId, !button.lightOn);
     if (togglesLight && activation_ != 1) SetButtonLight(buttonId, !button.lightOn);
