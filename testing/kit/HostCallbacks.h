@@ -1,4 +1,4 @@
-// A host's two callbacks, which note how they were called.
+// A host's two callbacks, which record their calls.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace kit {
 
-// Plain functions, as a host registers them. Each notes its call and then runs the matching hook.
+// Plain functions, as a host registers them. Each records its call and then runs its hook.
 void OnButtonPress(std::uint32_t buttonId, std::uint32_t newLightState);
 void OnStatusChange(std::uint32_t status);
 
@@ -18,14 +18,14 @@ class HostCallbacks {
  public:
     static void Reset();
 
-    // "press 0 1", "status 3", in the order of the calls.
+    // Returns "press 0 1", "status 3", ... in the order of the calls.
     static std::vector<std::string> Calls();
-    // True once `count` calls came; gives up after ten seconds.
+    // Returns true once `count` calls came; gives up after ten seconds.
     static bool WaitForCalls(std::size_t count);
     // The thread of the last call.
     static std::thread::id LastThread();
 
-    // Run inside the callback, on its thread.
+    // Set a hook that runs inside the callback, on its thread.
     static void DuringButtonPress(std::function<void()> hook);
     static void DuringStatusChange(std::function<void()> hook);
 };

@@ -11,9 +11,9 @@
 
 namespace kit {
 
-// Returns the path that the agent makes of the directory that it is started with. It joins the
-// file's name with a backslash, which natively is a letter of the name like any other: the file
-// then lies beside the directory.
+// Returns the path of the log file of a host that passes this directory to InitLogger. The agent
+// joins directory and file name with a backslash, which natively is an ordinary letter: there the
+// file lies beside the directory.
 std::filesystem::path LogFileIn(const std::filesystem::path& directory);
 
 class LogFolder {
@@ -32,7 +32,7 @@ class LogFolder {
     // return and line feed.
     std::vector<std::string> Lines() const;
 
-    // How many lines contain the text.
+    // Returns the number of lines that contain the text.
     std::size_t CountLines(const std::string& text) const;
     // Returns true once that many lines contain the text.
     bool WaitForLine(const std::string& text, std::size_t count = 1,

@@ -6,7 +6,7 @@ namespace {
 constexpr std::uint32_t kChat = 2;
 constexpr std::uint32_t kButtonCount = 4;
 
-// A touchpad that does not tell its name may be one that can be taken off.
+// A touchpad without a product string counts as detachable.
 bool IsDetachableName(std::wstring name) {
     for (wchar_t& letter : name) {
         if (letter >= L'A' && letter <= L'Z') letter += L'a' - L'A';

@@ -1,7 +1,7 @@
-// What the exports have to answer, tell their host and show on a touchpad: the whole behaviour of a
-// session with one touchpad, without threads, handles or platform calls.
+// Models a session with one touchpad: what the exports return, which callbacks the host gets and
+// which reports the touchpad receives, without threads, handles or platform calls.
 //
-// A test makes each call twice, to the agent and here, and compares. Not safe for several threads.
+// A test makes each call both to the agent and to the model, and compares. Not thread-safe.
 #pragma once
 
 #include <cstdint>
@@ -15,24 +15,24 @@ namespace kit {
 
 class SessionModel {
  public:
-    // The touchpad is plugged in; no session was ever open in this process, but its product string
-    // is known already.
+    // Starts with the touchpad plugged in and no session opened in this process before, but with
+    // its product string read already.
     explicit SessionModel(const TouchpadLayout& layout);
 
     // --- the machine -----------------------------------------------------------------------------
     void PlugIn() { plugged_ = true; }
     void Unplug();
-    // Another process opens the touchpad, or closes it.
+    // Another process has the touchpad open.
     void HoldElsewhere(bool held) { heldElsewhere_ = held; }
-    // The mutex of another user's session.
+    // Another user's session holds the mutex.
     void HoldMutexElsewhere(bool held) { mutexHeldElsewhere_ = held; }
-    // An input report with usages, ascending.
+    // Handles an input report. `usages` ascend.
     void Receive(std::uint8_t reportId, const std::vector<std::uint16_t>& usages,
                  std::uint32_t firmwareState);
 
     // --- the exports -----------------------------------------------------------------------------
     std::int32_t Init();
-    // What it writes may stay unwritten, apart from the last report.
+    // The agent may drop the reports of the closing, all but the last.
     bool UnInit();
     bool IsVelaPresent() const;
     void SetButtonPressCallback(bool set) { hasPressCallback_ = set; }
@@ -61,17 +61,17 @@ class SessionModel {
     bool HasClickMode() const { return layout_.hasFeatureReport; }
     bool IsOpen() const { return open_; }
     bool IsPlugged() const { return plugged_; }
-    // The session's handle still reaches the touchpad.
+    // Whether the session's handle still reaches the touchpad.
     bool IsConnected() const { return connected_; }
     bool IsTemporarilyDisabled() const { return temporaryDisable_; }
     bool IsDisabled() const { return temporaryDisable_ || tabletModeDisable_; }
     std::uint16_t ClickModeValue() const { return clickModeValue_; }
-    // The last report written that need not be written again.
+    // The last unforced report. An equal one is not written again.
     const Bytes& LastReport() const { return lastReport_; }
     Bytes BlankReport() const { return composer_.Blank(); }
 
-    // What came since the last call, in order: reports at the touchpad; callbacks as "press 0 1"
-    // and "status 3".
+    // Return what came since the last call, in order: reports at the touchpad; callbacks as "press
+    // 0 1" and "status 3".
     std::vector<Bytes> TakeReports() { return std::exchange(reports_, {}); }
     std::vector<std::string> TakeCallbacks() { return std::exchange(callbacks_, {}); }
 

@@ -1,4 +1,4 @@
-// The touchpad's input reports, and what the host is told.
+// Handles input reports and notifies the host.
 #include "testing/kit/SessionModel.h"
 
 namespace kit {

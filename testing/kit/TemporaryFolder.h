@@ -7,9 +7,9 @@ namespace kit {
 
 class TemporaryFolder {
  public:
-    // Throws std::filesystem::filesystem_error when it cannot be made.
+    // Throws std::filesystem::filesystem_error when the folder cannot be made.
     TemporaryFolder();
-    // Leaves what cannot be removed, as a file that another process has open.
+    // Leaves behind what cannot be removed, such as a file that another process has open.
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -20,7 +20,7 @@ class TemporaryFolder {
     std::filesystem::path path_;
 };
 
-// Returns the bytes of a file; empty when it cannot be opened.
+// Returns the bytes of a file, none when it cannot be opened.
 std::string FileText(const std::filesystem::path& file);
 
 }  // namespace kit

@@ -6,7 +6,7 @@
 
 namespace kit {
 
-// How long tests wait for what has to come: never reached unless something is wrong.
+// The time limit for events that must come: only a failing test reaches it.
 constexpr std::chrono::seconds kPatience{10};
 
 // Returns true once the condition holds; gives up when the time is over.

@@ -18,7 +18,7 @@ struct LogLine {
     std::string Text() const { return level + " " + function + ": " + message; }
 };
 
-// Starts the agent's logger in a new folder, and stops it with Finish or the destructor, which
+// Starts the agent's logger in a new folder. Finish or the destructor stops it; the destructor
 // removes the folder.
 class AgentLog {
  public:
@@ -27,15 +27,15 @@ class AgentLog {
     AgentLog(const AgentLog&) = delete;
     AgentLog& operator=(const AgentLog&) = delete;
 
-    // Stops the logger: from then on every line queued before is in the file.
+    // Stops the logger. Every line queued before is in the file afterwards.
     void Finish();
-    // The lines of the file, without the closing "Logger::UnInitialize". Finishes first.
+    // Returns the lines of the file without the closing "Logger::UnInitialize". Finishes first.
     std::vector<LogLine> Lines();
     std::vector<std::string> Texts();
-    // Texts of the lines of one function.
+    // Returns the texts of one function's lines.
     std::vector<std::string> TextsOf(const std::string& function);
 
-    // Returns true once the file has that many lines with this text.
+    // Returns true once `count` lines contain the text.
     bool WaitForLine(const std::string& text, std::size_t count = 1) const {
         return folder_.WaitForLine(text, count);
     }
@@ -47,7 +47,7 @@ class AgentLog {
     bool running_ = true;
 };
 
-// Returns the parsed lines of a log file; one that is not in the log's form fails the test.
+// Returns the parsed lines of a log file. A line in another form fails the test.
 std::vector<LogLine> ReadLogLines(const std::filesystem::path& file);
 
 }  // namespace kit

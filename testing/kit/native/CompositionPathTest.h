@@ -1,4 +1,4 @@
-// The four ways of composing the light report, and what its log says of a light that failed.
+// The four ways of composing the light report, and the log lines for a light that failed.
 #pragma once
 
 #include <ostream>
@@ -15,7 +15,7 @@ inline const std::string kNotFoundLine = kValueFailed + "-1072627708";
 // A blank report's failures are logged with this number, whatever the status.
 inline const std::string kBlankLine = kValueFailed + "1114112";
 
-// All buttons shown; shown with their lights on; hidden; not active at all.
+// All buttons are shown; shown with their lights on; hidden; or the session is not active.
 enum class Path { Shown, Lit, Hidden, Blank };
 
 inline std::ostream& operator<<(std::ostream& stream, Path path) {
@@ -25,7 +25,7 @@ inline std::ostream& operator<<(std::ostream& stream, Path path) {
 
 class CompositionPathTest : public CompositionTest {
  protected:
-    // The chat light may breathe.
+    // Opens a session in the state for this path, with chat breathing enabled.
     void OpenOn(Path path, const TouchpadLayout& layout = {}) {
         ASSERT_NO_FATAL_FAILURE(OpenAndLight(layout));
         session_.EnableButtonBreathing(2, true);

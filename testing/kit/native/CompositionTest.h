@@ -1,5 +1,5 @@
-// The stage for looking at one light report closely: the platform calls that compose it, the lines
-// logged meanwhile, and the bytes that come out.
+// The fixture for tests of a single light report: the platform calls that compose it, the lines
+// logged meanwhile, and its bytes.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@
 
 namespace kit {
 
-// The texts of the calls on output reports.
+// Return the recorded texts of calls on output reports.
 inline std::string SetValueCall(unsigned usage, unsigned value) {
     std::ostringstream text;
     text << std::hex << "HidP_SetUsageValue(output, 0xff80, 0, 0x" << usage << ", 0x" << value
@@ -36,18 +36,18 @@ inline std::string UnsetCall(unsigned usage) { return UsageListCall("HidP_UnsetU
 
 class CompositionTest : public TouchpadTest {
  protected:
-    // A button that no report shows: changing it has a report composed and changes nothing in it.
+    // No report shows this button: changing it composes a report with the same content.
     static constexpr std::uint32_t kUnknownButton = 9;
 
-    // Active, and all buttons as a new session has them.
+    // Opens and activates a session whose buttons are in their initial state.
     void OpenActive(const TouchpadLayout& layout = {}) {
         ASSERT_NO_FATAL_FAILURE(Open(layout));
         session_.Enable(true);
         session_.Activate(0);
     }
 
-    // Composes one light report, written even when it is the last one again; empty when it was not
-    // written. `breakPlatform` asks for faults, which end with this report.
+    // Returns one forced light report, which is written even when it equals the last one; empty
+    // when it was not written. `breakPlatform` sets faults that last for this report only.
     Bytes Compose(const std::function<void()>& breakPlatform = nullptr) {
         WrittenReports(session_, *device_);
         machine_.ForgetCalls();
@@ -62,7 +62,7 @@ class CompositionTest : public TouchpadTest {
         return written.empty() ? Bytes{} : written.back();
     }
 
-    // Logged by the last composition. Stops the logger.
+    // Returns the lines that the last composition logged. Stops the logger.
     std::vector<std::string> ComposeLog() {
         std::vector<std::string> texts;
         for (const LogLine& line : log_.Lines()) {
@@ -78,7 +78,7 @@ class CompositionTest : public TouchpadTest {
         }
     }
 
-    // Of the last composition, in order.
+    // The platform calls of the last composition, in order.
     std::vector<std::string> calls_;
 };
 

@@ -1,6 +1,6 @@
-// The stage of the exports' tests: TouchpadTest with the process's one session, which the exports
-// drive. What the process keeps (brightness, the product string) is fresh because each test has a
-// process of its own.
+// The fixture of the exports' tests: TouchpadTest with the process's one session, which the exports
+// drive. Each test has its own process, so what lasts as long as the process (brightness, the
+// product string) is fresh.
 #pragma once
 
 #include "include/VelaAgent.h"

@@ -1,4 +1,4 @@
-// The stage for what the touchpad reports by itself.
+// The fixture for input reports, which the touchpad sends unasked.
 #pragma once
 
 #include "testing/kit/native/TouchpadTest.h"
@@ -11,7 +11,7 @@ constexpr std::uint8_t kFwTouchpadDisable = 0x80;
 constexpr std::uint8_t kFwTouchpadEnable = 0x40;
 constexpr std::uint8_t kFwSwipeOff = 0x20;
 
-// What an update is answered with while the touchpad is disabled.
+// Returns the log line of an update while the touchpad is disabled.
 inline std::string CannotUpdate(bool temporaryDisable, bool tabletModeDisable) {
     return "INFO Update: Can't update Vela state because TemporaryDisable (" +
            std::to_string(temporaryDisable) + ") or TabletModeDisable (" +
@@ -20,7 +20,7 @@ inline std::string CannotUpdate(bool temporaryDisable, bool tabletModeDisable) {
 
 class InputTest : public TouchpadTest {
  protected:
-    // A touchpad that reports in either layout.
+    // Returns a touchpad with both input report layouts.
     static TouchpadLayout BothLayouts() {
         TouchpadLayout layout;
         layout.inputReportIds = {virtual_touchpad::kButtonReportId,
@@ -28,20 +28,22 @@ class InputTest : public TouchpadTest {
         return layout;
     }
 
-    // The device sends a report, and the session is done with it: its reader asks for the next.
+    // Sends a report and waits until the session has handled it: its reader has started the next
+    // read.
     void Receive(const Bytes& report) {
         ASSERT_TRUE(device_->WaitForPendingReads());
         device_->SendInput(report);
         ASSERT_TRUE(device_->WaitForPendingReads());
     }
 
-    // Sets what the session knows of the touchpad's state, and forgets that the host was told.
+    // Sends the firmware state to the session, and forgets the host's callbacks.
     void ReceiveFirmwareState(std::uint8_t state) {
         ASSERT_NO_FATAL_FAILURE(Receive(InputReport({}, state)));
         HostCallbacks::Reset();
     }
 
-    // Has the session update its lights without a change, so that the log tells whether it may.
+    // Has the session update its lights without a change: the log shows whether updates are
+    // allowed.
     void TryUpdate() { session_.SetButtonLight(9, false); }
 
     std::vector<Bytes> Written() { return WrittenReports(session_, *device_); }

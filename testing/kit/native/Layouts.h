@@ -10,7 +10,7 @@ namespace kit {
 using virtual_touchpad::HapticLayout;
 using virtual_touchpad::TouchpadLayout;
 
-// The device of a button touchpad's or a haptic touchpad's layout.
+// Returns the device for the layout of a button touchpad or a haptic touchpad.
 template <typename Layout = TouchpadLayout>
 simulator::DeviceDescription Describe(const Layout& layout) {
     simulator::DeviceDescription description;
@@ -22,15 +22,15 @@ simulator::DeviceDescription Describe(const Layout& layout) {
     return description;
 }
 
-// A touchpad whose product string says that it can be taken off.
+// Returns a touchpad that is detachable by its product string.
 inline TouchpadLayout DetachableLayout() {
     TouchpadLayout layout;
     layout.productString = L"Vela Detachable Touchpad";
     return layout;
 }
 
-// The machine without devices. It keeps no record of calls, which would cost more time than the
-// agent: for long runs and measurements.
+// Returns the machine without devices, for long runs and measurements: it does not record calls,
+// as that takes longer than the agent's own work.
 inline simulator::Machine& EmptyMachine() {
     simulator::Machine& machine = simulator::Machine::Get();
     machine.Reset();

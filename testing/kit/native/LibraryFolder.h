@@ -1,4 +1,4 @@
-// Where the agent believes its own file to lie, and the "Vela.ini" beside it.
+// Sets the path that the agent takes for its own file, and the "Vela.ini" beside it.
 #pragma once
 
 #include <windows.h>

@@ -13,7 +13,7 @@ namespace kit {
 
 class ScriptedQuery final : public vela::IDiscoveryQuery {
  public:
-    // What discovery gets; at first what the button touchpad's session returns.
+    // The values that discovery gets; initially those of the button touchpad's session.
     vela::HidDeviceFilterList filters{{0x0488, 0xFF80, 0x80}};
     vela::HidCapUsagePageList valuePages{{0, 0xFF80}, {1, 0xFF80}, {2, 0xFF80}};
     vela::HidCapUsagePageList buttonPages{{0, 0xFF80}, {1, 0xFF80}};
@@ -35,7 +35,7 @@ class ScriptedQuery final : public vela::IDiscoveryQuery {
     const std::vector<std::string>& Questions() const { return questions_; }
 
  private:
-    // Discovery calls on the thread that scans, which here is the one that made the query.
+    // Discovery must call on the scanning thread, which here is the one that made the query.
     void NoteCall(const char* question) {
         EXPECT_EQ(std::this_thread::get_id(), owner_);
         questions_.emplace_back(question);

@@ -2,8 +2,8 @@
 
 namespace kit {
 
-// Sessions are never destroyed here: the thread object of an ended heartbeat is still joinable, and
-// destroying that ends the process. They are kept, for leak checks to find.
+// Sessions are never destroyed: an ended heartbeat's thread object is still joinable, and
+// destroying it would end the process. The list keeps them reachable for leak checkers.
 static vela::CTandrelHID& NewSession() {
     static auto* const kept = new std::vector<std::unique_ptr<vela::CTandrelHID>>;
     kept->push_back(std::make_unique<vela::CTandrelHID>());

@@ -1,4 +1,4 @@
-// The stage of most tests: a simulated machine with one touchpad, a session and a host.
+// The fixture of most tests: a simulated machine with one touchpad, a session and a host.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ using simulator::Machine;
 class TouchpadTest : public testing::Test {
  protected:
     TouchpadTest();
-    // On a session that lives elsewhere.
+    // Uses a session that the caller owns.
     explicit TouchpadTest(vela::CTandrelHID& session);
     ~TouchpadTest() override;
 
@@ -34,25 +34,24 @@ class TouchpadTest : public testing::Test {
     void Plug(const TouchpadLayout& layout = {});
     std::uint32_t OpenSession();
 
-    // Open, feature enabled, activated, all four buttons enabled and visible; waits until the
-    // device has the resulting report, then forgets outputs, calls and callbacks.
+    // Opens, enables the feature, activates, and enables and shows all four buttons; waits until
+    // the device has the resulting report, then forgets outputs, calls and callbacks.
     void OpenAndLight(const TouchpadLayout& layout = {}, std::uint32_t activation = 0);
-    // Waits until all reports queued so far have been written: queues a forced report of its own
-    // and waits for it, then forgets what the device got.
+    // Waits until all reports queued so far have been written: queues a state request, waits for
+    // it, then forgets what the device got.
     void Settle();
 
-    // The report that the device received as number `count` since Open or Settle; empty when none
-    // came.
+    // Returns report number `count` since Open or Settle, counted from 1; empty when it never came.
     Bytes OutputNumber(std::size_t count);
 
-    // Parsed log so far; stops the logger.
+    // Returns the texts of the function's log lines so far. Stops the logger.
     std::vector<std::string> LogOf(const std::string& function) { return log_.TextsOf(function); }
 
     Machine& machine_ = Machine::Get();
     AgentLog log_;
     std::shared_ptr<simulator::Device> device_;
-    // Never destroyed: with a detachable touchpad the heartbeat's thread object stays joinable, and
-    // its destruction would end the process.
+    // The session is never destroyed: with a detachable touchpad the heartbeat's thread object
+    // stays joinable, and destroying it would end the process.
     vela::CTandrelHID& session_;
 };
 

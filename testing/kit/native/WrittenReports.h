@@ -1,4 +1,4 @@
-// What the session has written, told apart from what it will never write.
+// Reads back the reports that a session has written.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,8 +9,8 @@
 
 namespace kit {
 
-// Every report that the device got of those queued so far; the device forgets them. Reports are
-// written in the order in which they were queued, so a state request marks the end.
+// Waits until the device has all reports queued so far, returns them and has the device forget
+// them. Reports are written in the order of their queue, so a state request marks the end.
 inline std::vector<Bytes> WrittenReports(vela::CTandrelHID& session, simulator::Device& device) {
     EXPECT_TRUE(session.UpdateVelaState());
     std::vector<Bytes> reports;

@@ -1,18 +1,18 @@
-// The built VelaAgent.dll, loaded as a host loads it: by full path, each export by its name.
+// Loads the built VelaAgent.dll as a host does: by full path, each export by its name.
 #pragma once
 
 #include "include/VelaAgent.hpp"
 
 namespace kit {
 
-// The folder of this program.
+// Returns the folder of this program.
 std::filesystem::path ProgramFolder();
 
-// Not the header's Library, which stays loaded: some tests unload it.
+// Tests use this instead of the header's Library, which stays loaded: some unload the DLL.
 class AgentDll : public vela_agent::detail::Exports {
  public:
     using Exports::Exports;
-    // VelaAgent.dll beside this program.
+    // Loads VelaAgent.dll from the folder of this program.
     AgentDll() : Exports(ProgramFolder() / "VelaAgent.dll") {}
 };
 

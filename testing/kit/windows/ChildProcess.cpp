@@ -10,7 +10,7 @@ namespace {
 constexpr char kRoleArgument[] = "--role";
 constexpr DWORD kPatienceMs = 30000;
 
-// Made on first use: the roles register from several files.
+// The map is made on first use, because the roles of several files register before main.
 std::map<std::string, ChildRole>& Roles() {
     static std::map<std::string, ChildRole> roles;
     return roles;

@@ -1,5 +1,5 @@
-// Host processes of a test's own: this program once more, which then loads the DLL, plays one of
-// the registered roles and leaves as a host leaves.
+// Starts this program again as a host process, which loads the DLL, runs one of the registered
+// roles and exits as a host does.
 #pragma once
 
 #include <windows.h>
@@ -10,28 +10,28 @@
 
 namespace kit {
 
-// What a child does. `folder` is where it logs; the result is its exit code.
+// A child's main function. It logs to `folder`; its result is the exit code.
 using ChildRole = int (*)(const std::filesystem::path& folder);
 
-// At namespace scope: makes a role known under a name.
+// Registers a role under a name. Defined at namespace scope.
 struct RegisteredRole {
     RegisteredRole(const std::string& name, ChildRole role);
 };
 
-// Which of this process's handles a child gets: those that are inheritable, or none.
+// Selects which of this process's handles a child gets: none, or the inheritable ones.
 enum class Inherits : std::uint8_t { Nothing, Handles };
 
 class ChildProcess {
  public:
-    // Throws std::runtime_error when it cannot be started.
+    // Throws std::runtime_error when the process cannot be started.
     ChildProcess(const std::string& role, const std::filesystem::path& folder,
                  Inherits inherits = Inherits::Nothing);
-    // Ends it if need be.
+    // Terminates a process that is still running.
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    // Its exit code; STILL_ACTIVE when it does not come to an end within half a minute.
+    // Waits for the end and returns the exit code; STILL_ACTIVE after half a minute.
     DWORD Wait();
     void Terminate(DWORD exitCode);
 
@@ -39,7 +39,7 @@ class ChildProcess {
     HANDLE process_ = nullptr;
 };
 
-// For main: whether this process is a child, and the playing of its role.
+// Let main check whether this process is a child, and run its role.
 bool IsChildProcess(int argc, char** argv);
 int PlayChildRole(char** argv);
 

@@ -1,4 +1,4 @@
-// A touchpad's lights in words, so that a test reads as the state it wants and a failure as both.
+// Describes a touchpad's lights in words, which tests compare and failures print.
 #pragma once
 
 #include <string>
@@ -7,12 +7,12 @@
 
 namespace kit {
 
-// As LightAll and the state after Init have it.
+// The lights after LightAll, and with the buttons' state after Init.
 constexpr char kAllLit[] =
     "camera 3/0 microphone 3/0 chat 3 share screen 3, active 1234, breathing 0";
 constexpr char kAllDark[] = "camera 0/0 microphone 0/0 chat 0 share screen 0, active , breathing 0";
 
-// Camera and microphone: the light for off, then the one for on.
+// Camera and microphone have two numbers: the light for off, then the one for on.
 inline std::string Describe(const virtual_touchpad::Lights& lights) {
     const auto text = [&](std::uint16_t usage) { return std::to_string(lights.Brightness(usage)); };
     std::string active;

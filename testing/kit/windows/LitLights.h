@@ -1,4 +1,4 @@
-// Two states of the touchpad's lights that most stories pass through.
+// Checks for two states of the touchpad's lights that many tests pass through.
 #pragma once
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 
 namespace kit {
 
-// All four buttons shown at the brightness of the start, none with its light on, none breathing.
+// Returns whether all four buttons are shown at the initial brightness, none on, none breathing.
 inline bool AllFourLit(const virtual_touchpad::Lights& lights) {
     return lights.Brightness(0x21) == 3 && lights.Brightness(0x20) == 0 &&
            lights.Brightness(0x27) == 3 && lights.Brightness(0x26) == 0 &&

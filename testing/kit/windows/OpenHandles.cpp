@@ -7,8 +7,8 @@
 
 namespace kit {
 
-// By trying each value that a handle of a small process may have: Wine's GetProcessHandleCount
-// answers 0, and would not tell the kinds.
+// Tries each value that a handle of a small process may have: Wine's GetProcessHandleCount returns
+// 0, and gives no kinds.
 std::map<std::wstring, int> OpenHandles() {
     constexpr std::uintptr_t kHighest = 0x4000;
     constexpr std::uintptr_t kStep = 4;

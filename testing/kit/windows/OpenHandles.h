@@ -1,4 +1,4 @@
-// The handles that this process has open, by the kind of object.
+// Counts this process's open handles by the kind of object.
 #pragma once
 
 #include <map>
@@ -6,7 +6,7 @@
 
 namespace kit {
 
-// Keys are the system's names: "File", "Mutant" (a mutex), "Thread", "Event", "Semaphore"...
+// Returns the counts by the system's names: "File", "Mutant" (a mutex), "Thread", "Event", ...
 std::map<std::wstring, int> OpenHandles();
 
 }  // namespace kit
