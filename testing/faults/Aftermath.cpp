@@ -14,7 +14,7 @@ namespace {
 using namespace virtual_touchpad::events;
 using simulator::Machine;
 
-// Beside the run's own.
+// Returns a directory beside the run's own.
 std::filesystem::path SecondLogDirectory(const ScriptFixture& fixture) {
     return fixture.LogDirectory().parent_path() / "second" / "log";
 }
@@ -31,7 +31,7 @@ std::size_t CountMade(const std::vector<WatchedCall>& calls, const std::string& 
         }));
 }
 
-// Blocks that a scan took; those of the interfaces it turned down are never freed.
+// Counts the preparsed data that scans got. A scan never frees that of a rejected interface.
 std::size_t PreparsedDataOfScans(const std::vector<WatchedCall>& calls) {
     std::size_t count = 0;
     for (std::size_t i = 0; i < calls.size(); ++i) {
@@ -61,7 +61,7 @@ std::string Unless(Number seen, Number expected, const std::string& what) {
 
 std::string Unless(bool good, const std::string& what) { return good ? "" : "  " + what + "\n"; }
 
-// A plug pulled and put back frees the touchpad of a handle that the platform refused to close.
+// Unplugs and plugs in again, which invalidates handles that the platform failed to close.
 void FreeTouchpads(ScriptFixture& fixture) {
     for (simulator::Device* const touchpad : {&fixture.Touchpad(), &fixture.HapticTouchpad()}) {
         touchpad->ReleaseElsewhere();
@@ -75,7 +75,7 @@ std::string LightTouchpad(simulator::Device& touchpad) {
     touchpad.ForgetOutputs();
     std::string problems = Unless(Init() == VELA_INIT_OPEN, "Init does not open the touchpad");
     SetVelaButtonPressCallback(kit::OnButtonPress);
-    // A user's gesture outlives the session that it disabled; the touchpad tells when it is over.
+    // The disabling gesture outlives its session, until a firmware state without it arrives.
     touchpad.SendInput(kit::InputReport({}, 0));
     WaitUntilOthersSleep();
     EnableFeature(1);
@@ -125,7 +125,7 @@ std::string Leftovers(ScriptFixture& fixture) {
     std::size_t events = 0;
     for (const std::string& handle : machine.OpenHandles()) {
         if (StartsWith(handle, "event#")) ++events;
-        // A mutex that exists is opened, and its handle kept on purpose.
+        // The agent keeps its handle of an existing mutex on purpose.
         const bool kept = StartsWith(handle, "event#") || StartsWith(handle, "mutex#");
         problems += Unless(kept || IsExcused(handle, calls), handle + " is still open");
     }

@@ -1,4 +1,4 @@
-// What has to hold once a host has closed its sessions, whatever failed meanwhile.
+// Checks that must pass once a host has closed its sessions, whatever failed before.
 #pragma once
 
 #include <string>
@@ -7,16 +7,16 @@
 
 namespace faults {
 
-// Handles and memory that the agent still holds and should not; empty when all is well. What a
-// failed CloseHandle or free left behind is the platform's, not the agent's.
+// Returns the handles and memory that the agent leaked; empty when there are none. What a failed
+// CloseHandle or free left behind is not counted.
 std::string Leftovers(ScriptFixture& fixture);
 
-// On a thread of its own, as if nothing had happened before: the next session opens, lights its
-// lights, reports a press and closes, and the haptic session likewise. Every lock of the agent is
-// taken on the way. Empty when all went well. The watch is stopped.
+// Stops the watch, then checks on a new thread that the next session opens, shows its lights,
+// reports a press and closes, and the haptic session likewise. This takes every lock of the agent.
+// Returns what went wrong; empty when nothing did.
 std::string Reopen(ScriptFixture& fixture);
 
-// The process has started a heartbeat, whose thread object nothing joins before the exit.
+// Returns whether the process has started a heartbeat, whose thread object is never joined.
 bool HeartbeatWasStarted(const ScriptFixture& fixture);
 
 }  // namespace faults

@@ -13,12 +13,12 @@ namespace {
 constexpr unsigned kUnknownThread = ~0U;
 
 std::atomic<unsigned> threads{0};
-// Thread ids of the platform come back after a join; these do not.
+// The platform reuses thread ids after a join; these numbers are unique in a run.
 thread_local unsigned threadNumber = kUnknownThread;
 
-// A session that is being closed writes its last report on the host's thread while the writer may
-// still be at the reports before, or be stopped first. Here the writer always gets its turn, so
-// that every run makes the same calls.
+// A closing session writes its last report on the host's thread, while the writer may still write
+// earlier ones, or be stopped before. At this call the host waits for the writer, so that every run
+// makes the same calls.
 bool RacesWithWriter(const WatchedCall& call) {
     return call.thread == 0 && call.function == "HidP_UnsetUsages" && call.step == "UnInit";
 }
@@ -106,7 +106,7 @@ std::vector<WatchedCall> CallsFromText(const std::string& text) {
 
 const WatchedCall* Neighbour(const std::vector<WatchedCall>& calls, std::size_t index,
                              int direction) {
-    // Below the first index the difference wraps around, and ends the loop as well.
+    // Below index 0 the unsigned index wraps around, which ends the loop too.
     for (std::size_t i = index + static_cast<std::size_t>(direction); i < calls.size();
          i += static_cast<std::size_t>(direction)) {
         if (calls[i].thread == calls[index].thread) return &calls[i];

@@ -1,7 +1,7 @@
 // Watches every platform call of a run, and makes chosen ones fail.
 //
-// A run's calls come from several threads in no fixed order, but those of one thread do: a call is
-// known by its thread, its function and its number among the thread's calls of that function.
+// The order of calls is fixed within a thread, but not between threads: a call is identified by its
+// thread, its function and its number among the thread's calls of that function.
 #pragma once
 
 #include <cstddef>
@@ -35,15 +35,15 @@ class CallWatch {
  public:
     using Chooser = std::function<std::optional<simulator::Fault>(const WatchedCall&)>;
 
-    // Watches from now on, on the calling thread as the host's. `chooser` decides which calls fail;
-    // it is asked for one call at a time, on the call's own thread.
+    // Starts watching, with the calling thread as the host's. `chooser` decides which calls fail;
+    // it is called on the call's own thread, never by two threads at once.
     explicit CallWatch(Chooser chooser);
     ~CallWatch();
     CallWatch(const CallWatch&) = delete;
     CallWatch& operator=(const CallWatch&) = delete;
 
     void Begin(const std::string& step);
-    // No call fails any more, and none is noted.
+    // Stops failing and recording calls.
     void Stop();
     std::vector<WatchedCall> Calls() const;
 
@@ -57,11 +57,13 @@ class CallWatch {
     std::vector<WatchedCall> calls_;
 };
 
-// In the order of their coming; the threads' calls may be mixed differently the next time.
+// Convert calls to text and back, in the order in which they came. How the threads' calls
+// interleave may differ between runs.
 std::string ToText(const std::vector<WatchedCall>& calls);
 std::vector<WatchedCall> CallsFromText(const std::string& text);
 
-// The call before or behind (`direction` -1 or 1) calls[index] on its thread; null at the ends.
+// Returns the call before or after (`direction` -1 or 1) calls[index] on its thread; null at the
+// ends.
 const WatchedCall* Neighbour(const std::vector<WatchedCall>& calls, std::size_t index,
                              int direction);
 

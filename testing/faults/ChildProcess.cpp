@@ -12,7 +12,7 @@
 #include <stdexcept>
 
 #if defined(__SANITIZE_THREAD__)
-// A child whose end is a call of terminate has no exit at which it could tell of the races it saw.
+// A child that ends in std::terminate never reaches the exit at which races would be reported.
 extern "C" const char* __tsan_default_options() { return "halt_on_error=1"; }
 #endif
 

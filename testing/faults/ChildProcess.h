@@ -1,5 +1,5 @@
-// A run in a process of its own: the library's singletons are fresh in it, a crash or a hang ends
-// it alone, and its exit is the exit of a host.
+// Runs code in a process of its own: the library's singletons are fresh there, a crash or a hang
+// ends that process only, and it exits as a host does.
 #pragma once
 
 #include <functional>
@@ -8,15 +8,15 @@
 namespace faults {
 
 struct ChildEnd {
-    // What the body returned; empty when it never did.
+    // The text that the body returned; empty when it never returned.
     std::string output;
-    // "normal"; "terminate": the C++ runtime ended the process while its objects were destroyed, as
-    // it does when a thread object was not joined; otherwise what went wrong, in words.
+    // "normal"; "terminate" when the C++ runtime ended the process while its objects were
+    // destroyed, as it does for a joinable thread object; otherwise a description of the failure.
     std::string end;
 };
 
-// Runs the body in a copy of this process, which must have no other thread, and waits for its end.
-// A child that is not done after half a minute is ended by its own alarm clock.
+// Runs the body in a fork of this process, which must have no other thread, and waits for its end.
+// An alarm ends a child that takes longer than half a minute.
 ChildEnd RunInChild(const std::function<std::string()>& body);
 
 }  // namespace faults

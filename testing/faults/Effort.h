@@ -1,4 +1,4 @@
-// How many runs the tests make. With a sanitizer each takes several times as long, and fewer do.
+// The number of runs of each test: fewer with a sanitizer, where each takes several times as long.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 namespace faults {
 
 struct Effort {
-    std::size_t oneFaultIn;        // of the ways in which a call can fail; one at least
-    std::uint64_t randomSessions;  // of each of the tests that play some
+    std::size_t oneFaultIn;        // tries each n-th way in which a call can fail, at least one
+    std::uint64_t randomSessions;  // for each test of random sessions
 };
 
 #if defined(__SANITIZE_ADDRESS__)

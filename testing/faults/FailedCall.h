@@ -1,4 +1,4 @@
-// A call that fails, seen in the midst of the calls around it.
+// A call that fails, among the other calls of its run.
 #pragma once
 
 #include <cstdint>
@@ -21,19 +21,19 @@ struct FailedCall {
     bool Has(const std::string& text) const {
         return Call().arguments.find(text) != std::string::npos;
     }
-    // The touchpad was taken away before, and the call would have failed in any case.
+    // The touchpad was unplugged before: the call would have failed anyway.
     bool IsGone() const;
-    // The touchpad is one that can be taken off: before it is lit, it is asked for.
+    // The touchpad is detachable: Activate(0) checks that it is there before lighting it.
     bool IsDetachable() const;
-    // Texts for the log.
+    // Texts as the log shows them.
     std::string Error() const { return std::to_string(fault.error); }
     std::string Status() const { return std::to_string(fault.result.value_or(0)); }
     std::string HexStatus() const;
 
     const WatchedCall* Before() const { return Neighbour(calls, index, -1); }
     const WatchedCall* Behind() const { return Neighbour(calls, index, 1); }
-    // The last call of this function on the same thread, this one included; null when there is
-    // none.
+    // Returns the last call of this function on the same thread, up to and including this one; null
+    // when there is none.
     const WatchedCall* Last(const std::string& function) const;
 };
 

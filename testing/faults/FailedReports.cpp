@@ -12,7 +12,7 @@ std::string WriteFailed(const std::string& error) {
     return kWrite + "Write File failed with last error (" + error + ")";
 }
 
-// Nothing is logged, but presses and states no longer reach the session.
+// Logs nothing, but presses and states no longer reach the session.
 Outcome InputIsLost() { return {{}, {}, false}; }
 
 bool IsReaders(const FailedCall& call) {
@@ -40,7 +40,7 @@ Light LightOf(const FailedCall& call) {
     if (call.Has(", 0xa2, ")) return Light::Breathing;
     if (call.Has(", 0x20, ") || call.Has(", 0x26, ")) return Light::SecondOfTwo;
     if (call.Has(", 0x21, ") || call.Has(", 0x27, ")) return Light::FirstOfTwo;
-    // A button with one light, which is darkened as if it had two.
+    // A button with one light is switched off as if it had two.
     const std::string usage = call.Has(", 0x24, ") ? "0x24" : "0x22";
     if (SetsUsage(call.Before(), usage)) return Light::FirstOfTwo;
     return SetsUsage(call.Behind(), usage) ? Light::SecondOfTwo : Light::Only;
@@ -56,8 +56,8 @@ Outcome WriteFails(const FailedCall& call) {
 Outcome ReadFails(const FailedCall&) { return InputIsLost(); }
 
 Outcome WaitFails(const FailedCall& call) {
-    // The question for the result waits as well. Only when the session is closed meanwhile, it has
-    // no report to tell of.
+    // GetOverlappedResult waits instead, so no report is lost, except by the last wait, which the
+    // closing ends.
     if (IsReaders(call)) return IsLastOfItsThread(call) ? InputIsLost() : Outcome{};
     const std::string line =
         call.fault.result ? "WaitForSingleObject timeout"
@@ -73,7 +73,7 @@ Outcome OverlappedResultFails(const FailedCall& call) {
 }
 
 Outcome MaxUsageListLengthFails(const FailedCall& call) {
-    // No report with a button is understood. Nothing sets the reader's last error after its read.
+    // The session parses no report with a button. The last error is still that of the last read.
     constexpr const char* kLine =
         "{WARNING @ HandleInputReport} HidP_GetUsages HidP_Input failed, GetLastError(997).";
     Outcome outcome = InputIsLost();
@@ -101,7 +101,7 @@ Outcome SetUsageValueFails(const FailedCall& call) {
     if (call.Has("feature")) return SetFeatureValueFails(call);
     const Light light = LightOf(call);
     if (light == Light::SecondOfTwo) return {};
-    // A dark report tells a success, whatever the status was.
+    // For a dark report the success status 1114112 is logged, whatever the call returned.
     const std::string status = call.Call().active ? call.Status() : "1114112";
     return {{kLights + "HidP_SetUsageValue failed, status : " + status}, {}};
 }
@@ -117,7 +117,7 @@ Outcome SetUsagesFails(const FailedCall& call) {
 }
 
 Outcome UnsetUsagesFails(const FailedCall& call) {
-    // In a fresh report there is nothing to unset.
+    // In a new report no usage is set, so this status is normal.
     constexpr std::int64_t kButtonNotPressed = static_cast<std::int32_t>(0xC011000F);
     if (call.fault.result == kButtonNotPressed) return {};
     return {{kLights + "HidP_UnsetUsages failed, status : " + call.Status()}, {}};

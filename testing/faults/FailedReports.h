@@ -1,4 +1,4 @@
-// What comes of a call that fails while reports are composed, written, read or understood.
+// The outcomes of calls that fail while reports are composed, written, read or parsed.
 #pragma once
 
 #include "testing/faults/FailedCall.h"
@@ -8,7 +8,7 @@ namespace faults {
 
 Outcome WriteFails(const FailedCall& call);
 Outcome ReadFails(const FailedCall& call);
-// Of a write, or of the reader.
+// The wait for a write or the reader's wait fails.
 Outcome WaitFails(const FailedCall& call);
 Outcome OverlappedResultFails(const FailedCall& call);
 

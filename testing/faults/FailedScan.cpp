@@ -23,18 +23,18 @@ const std::string kStart =
 const std::string kReinitialize =
     "{INFO @ Initialize} Initialize re-initialize, return true immediately.";
 
-// A scan that finds nothing, by the step that scans. Where a session is to be opened, the second
-// opening of the same script opens it.
+// The outcomes of a scan that finds nothing, by the step that scans. A session that is not opened
+// is opened by the script's second attempt.
 const std::map<std::string, Outcome> kNotFound = {
     {"IsVelaPresent",
      {{"IsVelaPresent -> 0", kEmptyCleared}, {"IsVelaPresent -> 1", kFound, kCleared}}},
     {"Init",
      {{"Init -> 2", kEmptyCleared}, {"Init -> 1", kFound, kStart, kReinitialize, kCleared}}},
-    // The open session stays.
+    // The session stays open.
     {"Init again",
      {{"Init again -> 2", kEmptyCleared},
       {"Init again -> 1", kFound, kStart, kReinitialize, kCleared}}},
-    // There is none to be found.
+    // No touchpad is plugged in.
     {"Init without a touchpad", {}},
     {"IsHapticTPPresent",
      {{"IsHapticTPPresent -> 0", kEmptyCleared},
@@ -44,7 +44,7 @@ const std::map<std::string, Outcome> kNotFound = {
        "{WARNING @ Initialize} GetValueCaps for HidP_Feature, USAGE_INTENSITY failed"},
       {"InitHapticTP -> 1", kHapticFound, kHapticCleared,
        "{INFO @ Initialize} Re-initialize, return succeeded immediately."}}},
-    // Open already; the record that was not found is not asked for.
+    // The session is open already and does not use the scan's result.
     {"InitHapticTP again", {{kEmptyCleared}, {kHapticFound, kHapticCleared}}},
 };
 
@@ -71,7 +71,7 @@ Outcome DeviceListFails(const FailedCall& call) {
 
 Outcome EnumerationFails(const FailedCall& call) {
     constexpr std::uint32_t kNoMoreItems = 259;
-    // The wanted interface is the second one; those enumerated before a failure are kept.
+    // The touchpad is the second interface; the scan keeps those enumerated before a failure.
     const bool lost = LastArgument(call.Call()) == "0" || LastArgument(call.Call()) == "1";
     const Outcome outcome = lost ? NotFound(call) : Outcome{};
     if (call.fault.error == kNoMoreItems) return outcome;
@@ -86,7 +86,7 @@ Outcome PathIsLost(const FailedCall& call) {
 
 Outcome CandidateIsSkipped(const FailedCall& call) {
     const WatchedCall& opened = *call.Last("CreateFileW");
-    // The other device is enumerated first, and turned down anyhow.
+    // The other device is enumerated first, and rejected in any case.
     std::size_t earlierScans = 0;
     for (std::size_t i = 0; i <= call.index; ++i) {
         const WatchedCall& other = call.calls[i];

@@ -1,4 +1,4 @@
-// What comes of a scan for a touchpad in which a call fails.
+// The outcomes of calls that fail during a scan for a touchpad.
 #pragma once
 
 #include "testing/faults/FailedCall.h"
@@ -8,9 +8,9 @@ namespace faults {
 
 Outcome DeviceListFails(const FailedCall& call);
 Outcome EnumerationFails(const FailedCall& call);
-// The path of an enumerated interface cannot be had.
+// The query for the path of an enumerated interface fails.
 Outcome PathIsLost(const FailedCall& call);
-// An interface cannot be looked at: it is passed over without a word.
+// The scan skips an interface that it cannot examine, and logs nothing.
 Outcome CandidateIsSkipped(const FailedCall& call);
 Outcome CapabilityListFails(const FailedCall& call);
 

@@ -9,7 +9,7 @@ namespace {
 
 const std::string kSharingViolation = "32";
 
-// The session is opened at the second attempt, which the script makes in any case.
+// The session opens at the second attempt, which the script makes in every run.
 Outcome OpeningFails(const std::string& line, const std::string& result) {
     return {
         {line, "Init -> " + result},
@@ -22,14 +22,14 @@ Outcome HapticOpeningFails(const std::string& line) {
         {"InitHapticTP -> 1", "{INFO @ Initialize} Re-initialize, return succeeded immediately."}};
 }
 
-// A step that reads or writes a feature: what it logs at its end, and what the step after it
-// answers and logs when the feature was not written.
+// A step that reads or writes a feature: the line it logs at its end, and the outcome of the next
+// step when the feature was not written.
 struct FeatureStep {
     std::string function;
-    std::string result;  // of a run without failure
+    std::string result;  // without a failure
     std::string endLine;
     Outcome unwritten;
-    const char* errorFormat = "the last error (";  // behind "HidD_GetFeature failed, "
+    const char* errorFormat = "the last error (";  // after "HidD_GetFeature failed, "
 };
 
 const std::string kMode300 = "{INFO @ GetClickMode} GetClickMode (300) succeed.";
@@ -81,7 +81,7 @@ const std::map<std::string, FeatureStep> kFeatureSteps = {
 
 bool IsHaptic(const FailedCall& call) { return call.Step().find("Haptic") != std::string::npos; }
 
-// `line`: what the failing operation logs behind its function's name.
+// `line` is what the failing operation logs after its function's name.
 Outcome FeatureFails(const FailedCall& call, const std::string& line, bool endIsLogged) {
     const FeatureStep& step = kFeatureSteps.at(call.Step());
     Outcome outcome = step.unwritten;
@@ -107,7 +107,7 @@ Outcome CreateFileFails(const FailedCall& call) {
     if (call.Has("0xc0000000")) {
         return OpeningFails(line, call.Error() == kSharingViolation ? "3" : "2");
     }
-    // A scan looks at what it opens.
+    // A scan queries what it opens.
     if (call.Behind()->function == "HidD_GetPreparsedData") return CandidateIsSkipped(call);
     return HapticOpeningFails(line);
 }
@@ -121,7 +121,7 @@ Outcome CreateEventFails(const FailedCall& call) {
 Outcome OpenMutexFails(const FailedCall& call) {
     constexpr std::uint32_t kDenied = 5;
     if (call.Step() != "IsVelaPresent" || call.fault.error != kDenied) return {};
-    // Another user's session has the touchpad: there is nothing to scan for.
+    // "Access denied" means that another user's session has the touchpad, so no scan is made.
     return {{},
             {"{INFO @ ScanHIDInformation} GetHIDInformation PID (0x1234) FW version(0x63).",
              "{INFO @ ~CHIDInformation} CHIDInformation clear device UsagePage (ff80),  Usage (80) "
@@ -129,13 +129,13 @@ Outcome OpenMutexFails(const FailedCall& call) {
 }
 
 Outcome GetProductStringFails(const FailedCall& call) {
-    // The next question reads it.
+    // The next query reads the string again.
     Outcome outcome{{call.fault.result ? "{INFO @ IsDetachable} Product string: "
                                        : "{WARNING @ IsDetachable} GetProductString failed, "
                                          "GetLastError(" +
                                              call.Error() + ")."},
                     {}};
-    // The unknown touchpad counts as one that can be taken off.
+    // A touchpad without a product string counts as detachable.
     if (call.Step() != "IsDetachable" || call.IsDetachable()) return outcome;
     outcome.added.emplace_back("IsDetachable -> 1");
     outcome.missing.emplace_back("IsDetachable -> 0");
@@ -146,7 +146,7 @@ Outcome GetPreparsedDataFails(const FailedCall& call) {
     if (call.Before() != nullptr && call.Before()->function == "CreateFileW") {
         return CandidateIsSkipped(call);
     }
-    // A touchpad that does not answer is off the machine: nothing is written to it.
+    // A detachable touchpad whose preparsed data cannot be read counts as gone: it gets no report.
     if (call.Step() == "SetVelaBrightness(7) while disabled") {
         return {{},
                 {"{INFO @ Update} Can't update Vela state because TemporaryDisable (1) or "

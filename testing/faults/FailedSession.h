@@ -1,4 +1,4 @@
-// What comes of a call that fails while a session is opened, asked or set.
+// The outcomes of calls that fail while a session is opened, or a feature read or written.
 #pragma once
 
 #include "testing/faults/FailedCall.h"
@@ -13,7 +13,7 @@ Outcome GetProductStringFails(const FailedCall& call);
 Outcome GetPreparsedDataFails(const FailedCall& call);
 Outcome GetFeatureFails(const FailedCall& call);
 Outcome SetFeatureFails(const FailedCall& call);
-// Of a feature report.
+// The value is that of a feature report.
 Outcome SetFeatureValueFails(const FailedCall& call);
 Outcome GetFeatureValueFails(const FailedCall& call);
 

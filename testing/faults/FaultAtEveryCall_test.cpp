@@ -1,6 +1,6 @@
-// A whole script for a host and its touchpad, run once for each of its platform calls and for each
-// way in which that call can fail. After every run the log says exactly what the failure was,
-// nothing is left behind, and the next session works.
+// Runs each script for a host and its touchpad once for each of its platform calls and each way in
+// which that call can fail. After every run the log has exactly the lines of that failure, nothing
+// is left behind, and the next session works.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ namespace {
 
 using simulator::Fault;
 
-// What a run without any failure makes the platform and the host see.
+// The platform calls and the host's events of a run without any failure.
 struct CleanRun {
     std::vector<WatchedCall> calls;
     std::vector<std::string> events;
@@ -34,7 +34,7 @@ std::vector<std::string> Lines(const std::string& text) {
     return lines;
 }
 
-// The calls of a script are shared among several tests, which may run side by side.
+// A share of a script's calls. Each share is a test; the tests may run in parallel.
 struct Part {
     const Script* script;
     std::size_t number;
@@ -42,7 +42,7 @@ struct Part {
 
 void PrintTo(const Part& part, std::ostream* out) { *out << part.script->name << part.number; }
 
-// At least one for every call that can fail.
+// Returns at least one fault for every call that can fail.
 std::vector<Fault> FaultsToTry(const WatchedCall& call, std::size_t number) {
     const std::vector<Fault> all = PlausibleFaults(call);
     std::vector<Fault> chosen;
@@ -93,7 +93,8 @@ class FaultAtEveryCall : public testing::TestWithParam<Part> {
             << TheScript().name << ", " << chosen.Text() << ": " << ToText(fault);
     }
 
-    // Indices of the calls that are to fail. Ordered by site, which every process sees alike.
+    // Returns the indices of the calls to fail, in the order of their sites, which is the same in
+    // every process.
     static std::vector<std::size_t> CallsToFail(const CleanRun& clean) {
         const auto& steps = TheScript().steps;
         const auto position = [&steps](const std::string& name) {

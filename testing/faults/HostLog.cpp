@@ -12,7 +12,7 @@ constexpr std::size_t kStampLength = 22;
 
 void AppendLines(const std::filesystem::path& file, std::vector<std::string>& lines) {
     std::ifstream stream(file, std::ios::binary);
-    // Nothing was logged into the bytes that overfilled the file.
+    // The bytes that OverfillLog wrote hold no lines.
     std::error_code missing;
     const std::uintmax_t size = std::filesystem::file_size(file, missing);
     if (!missing && size >= kOverfullLogSize) stream.seekg(kOverfullLogSize);

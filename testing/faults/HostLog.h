@@ -8,15 +8,15 @@
 
 namespace faults {
 
-// More than the agent lets its file grow to: the first line of a run moves the file away.
+// Above the agent's size limit: the first line of a run moves such a file away.
 constexpr std::uintmax_t kOverfullLogSize = 0x500001;
 
-// Empties `folder`, and makes a directory in it for InitLogger.
+// Empties `folder` and returns a new directory in it for InitLogger.
 std::filesystem::path MakeLogDirectory(const std::filesystem::path& folder);
 // Puts an overfull log file there.
 void OverfillLog(const std::filesystem::path& directory);
 
-// "{ERROR @ Function} text" of every line, the time stamp cut off; the old file's come first.
+// Returns every line as "{ERROR @ Function} text", without its time stamp; the old file's first.
 std::vector<std::string> LoggedLines(const std::filesystem::path& directory);
 
 }  // namespace faults

@@ -18,7 +18,7 @@ struct CloseDirectory {
     void operator()(DIR* directory) const { closedir(directory); }
 };
 
-// What the kernel tells of a thread in one of its files; empty when the thread has just ended.
+// Reads one of the kernel's files about a thread; empty when the thread has just ended.
 std::string Read(const std::string& thread, const char* name) {
     const int file = open(("/proc/self/task/" + thread + "/" + name).c_str(), O_RDONLY | O_CLOEXEC);
     if (file < 0) return "";
@@ -28,14 +28,14 @@ std::string Read(const std::string& thread, const char* name) {
     return length > 0 ? std::string(text, static_cast<std::size_t>(length)) : "";
 }
 
-// By the word behind the thread's name in parentheses.
+// The state is the letter after the thread's name in parentheses.
 bool Sleeps(const std::string& thread) {
     const std::string line = Read(thread, "stat");
     const std::size_t state = line.rfind(')') + 2;
     return state < line.size() && line[state] == 'S';
 }
 
-// How often each of the other threads has run so far; none while one of them does not sleep.
+// Returns how often each other thread has run so far; nothing while one of them is awake.
 std::optional<std::string> RunsOfSleepers() {
     const std::string own = std::to_string(syscall(SYS_gettid));
     const std::unique_ptr<DIR, CloseDirectory> threads(opendir("/proc/self/task"));
@@ -52,8 +52,9 @@ std::optional<std::string> RunsOfSleepers() {
 
 }  // namespace
 
-// The threads are looked at one by one: behind a look one may wake another and go to sleep itself.
-// Only when all sleep twice, and none has run between, do they sleep at the same time.
+// The threads are examined one by one; one examined later may have woken an earlier one before it
+// fell asleep. Only two passes in which all sleep, and none has run in between, prove that all
+// sleep at the same time.
 void WaitUntilOthersSleep() {
     std::optional<std::string> before;
     for (;;) {

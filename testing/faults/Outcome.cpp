@@ -63,7 +63,7 @@ std::vector<std::string> Troubles(const std::vector<std::string>& events) {
     return troubles;
 }
 
-// What is in `from` and not in `other`, a line each.
+// Returns a line for each element of `from` that is not in `other`.
 std::string Difference(const std::vector<std::string>& from, const std::vector<std::string>& other,
                        const char* mark) {
     std::vector<std::string> lines;

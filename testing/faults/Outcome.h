@@ -1,5 +1,4 @@
-// What a host sees when one platform call of a script fails: the difference to a run in which none
-// does.
+// The events of a run in which one platform call fails, as the difference to a run without failure.
 #pragma once
 
 #include <string>
@@ -13,16 +12,16 @@ namespace faults {
 struct Outcome {
     std::vector<std::string> added;
     std::vector<std::string> missing;
-    // False: the failure takes input away from the session, and what the script does later meets
-    // another state. Then only the warnings and errors logged are compared.
+    // False when the failure loses input, which changes the session's later state: then only the
+    // logged warnings and errors are compared.
     bool restIsTheSame = true;
 };
 
-// `calls`: the calls of the script's run without a failure; the one at `index` fails.
+// Returns the outcome when calls[index] fails. `calls` are those of a run without a failure.
 Outcome OutcomeOf(const std::vector<WatchedCall>& calls, std::size_t index,
                   const simulator::Fault& fault);
 
-// What is wrong with `events`, empty when nothing is. Both lists sorted.
+// Returns what is wrong with `events`; empty when nothing is. Both lists are sorted.
 std::string Compare(const std::vector<std::string>& events, const std::vector<std::string>& clean,
                     const Outcome& outcome);
 

@@ -22,8 +22,8 @@ std::vector<Fault> Errors(std::initializer_list<std::uint32_t> errors) {
     return faults;
 }
 
-// Status calls leave the last error to whatever set it before. Here it is one that nothing else
-// sets, so that a line that tells it can be known.
+// Calls that return a status do not set the last error. The faults set one that nothing else sets,
+// so that log lines with it can be attributed.
 std::vector<Fault> Statuses(std::initializer_list<NTSTATUS> statuses) {
     constexpr std::uint32_t kLastError = 1168;
     std::vector<Fault> faults;
@@ -50,10 +50,10 @@ const std::map<std::string, std::vector<Fault>> kFaults = {
     {"ReadFile", Errors({5, 6, 31, 87, 995, 1167, 1784})},
     {"WriteFile", Errors({5, 6, 31, 87, 121, 995, 1167, 1784})},
     {"GetOverlappedResult", Errors({5, 31, 121, 995, 1167})},
-    // With a time limit; a wait without one is below.
+    // For a wait with a time limit; kEndlessWaitFaults is for one without.
     {"WaitForSingleObject", With(Errors({6}), Fault::Result(WAIT_TIMEOUT, ERROR_IO_PENDING))},
     {"CreateEventW", Errors({8, 1450})},
-    // Its own valid event can always be set.
+    // The agent sets its own valid event, which cannot fail.
     {"SetEvent", kNone},
     {"OpenMutexW", Errors({2, 5, 6, 8})},
     {"CreateMutexW", Errors({5, 6, 8})},
@@ -69,7 +69,7 @@ const std::map<std::string, std::vector<Fault>> kFaults = {
     // Only a result of exactly 1 is a success.
     {"SetupDiGetDeviceInterfaceDetailW", With(Errors({5, 13, 87, 122, 433}), Fault::Result(2))},
     {"SetupDiDestroyDeviceInfoList", Errors({6})},
-    // Answers nothing, and reads a constant.
+    // The function returns void and reads a constant.
     {"HidD_GetHidGuid", kNone},
     {"HidD_GetAttributes", Errors({5, 6, 31, 87, 1167})},
     {"HidD_GetPreparsedData", Errors({5, 6, 8, 31, 1167})},

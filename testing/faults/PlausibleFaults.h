@@ -1,4 +1,4 @@
-// How each platform call can fail on a real machine.
+// The ways in which each platform call can fail on a real machine.
 #pragma once
 
 #include <string>
@@ -9,10 +9,10 @@
 
 namespace faults {
 
-// Every failure that this call can give; empty for a call that cannot fail.
+// Returns every failure of this call; empty for a call that cannot fail.
 std::vector<simulator::Fault> PlausibleFaults(const WatchedCall& call);
 
-// "error 5", "result 258 with error 997".
+// Returns "error 5" or "result 258 with error 997".
 std::string ToText(const simulator::Fault& fault);
 
 }  // namespace faults

@@ -1,5 +1,5 @@
-// Hosts and touchpads that do anything they can, while one platform call in 400 fails. Nothing
-// crashes or hangs, the log stays readable and silent about what did not happen, nothing is left
+// Runs hosts and touchpads that do anything in any order, while one platform call in 400 fails.
+// Nothing crashes or hangs, the log stays readable and free of unfounded warnings, nothing is left
 // behind, and once the failures stop, the next session works.
 #include <gtest/gtest.h>
 
@@ -21,12 +21,12 @@ namespace {
 using simulator::Fault;
 
 constexpr std::uint64_t kOneIn = 400;
-constexpr std::uint64_t kTests = 40;  // which may run side by side
+constexpr std::uint64_t kTests = 40;  // may run in parallel
 constexpr std::uint64_t kSessions = kEffort.randomSessions;
 constexpr std::uint64_t kSessionsOfProcess = 25;
 static_assert(kSessions % kSessionsOfProcess == 0);
 
-// Well mixed bits, of the call alone: the threads' order plays no part in what fails.
+// Mixes bits for a hash of the call alone: which calls fail does not depend on the threads' order.
 std::uint64_t Mix(std::uint64_t bits) {
     bits = (bits ^ bits >> 30U) * 0xBF58476D1CE4E5B9U;
     bits = (bits ^ bits >> 27U) * 0x94D049BB133111EBU;
@@ -58,7 +58,7 @@ bool IsLogLine(const std::string& line) {
                        [](char letter) { return letter == '~' || std::isalpha(letter) != 0; });
 }
 
-// IsDetachable asks whatever device there is, also while no session is open.
+// IsDetachable queries its device handle also while no session is open.
 constexpr const char* kNoDevice =
     "{WARNING @ IsDetachable} GetProductString failed, GetLastError(6).";
 
@@ -113,7 +113,7 @@ void PlaySession(std::uint64_t seed, const virtual_touchpad::TouchpadLayout& lay
 
 class RandomFaults : public testing::TestWithParam<std::uint64_t> {
  protected:
-    // Sessions of one host, one after the other.
+    // Runs sessions of one host process, one after the other.
     void RunProcess(std::uint64_t firstSeed, Tally& all) const {
         virtual_touchpad::TouchpadLayout layout;
         if (firstSeed / kSessionsOfProcess % 2 != 0) layout = kit::DetachableLayout();
@@ -146,7 +146,7 @@ TEST_P(RandomFaults, NeverHangLeaveNothingBehindAndAreOverWithTheSession) {
     for (std::uint64_t i = 0; i < kSessions; i += kSessionsOfProcess) RunProcess(seed + i, all);
     std::cout << "sessions " << seed << " to " << seed + kSessions - 1 << ": " << all.calls
               << " calls, " << all.faults << " of them failed\n";
-    // A quarter of what is to be expected would be a broken die.
+    // Fewer than a quarter of the expected faults would mean a broken random choice.
     EXPECT_GT(all.faults * 4, all.calls / kOneIn);
 }
 

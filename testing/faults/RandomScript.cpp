@@ -9,7 +9,7 @@
 namespace faults {
 namespace {
 
-// Most hosts begin as they should.
+// Appends the usual opening, with which most random hosts begin.
 void AppendOpening(std::vector<Step>& steps) {
     const Step opening[] = {
         {"Init()", [](ScriptFixture&) { return Init(); }},
@@ -50,7 +50,7 @@ RandomScript MakeRandomScript(std::uint64_t seed) {
     }
     script.steps.push_back({"UnInit()", [](ScriptFixture&) { return UnInit(); }});
     script.steps.push_back({"UnInitHapticTP()", [](ScriptFixture&) { return UnInitHapticTP(); }});
-    // A heartbeat that was told to stop has its last line to write.
+    // A heartbeat that was stopped still has to log its last line.
     script.steps.push_back(WaitForThreads());
     script.steps.push_back({"UnInitLogger", [](ScriptFixture&) {
                                 UnInitLogger();

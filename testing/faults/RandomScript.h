@@ -1,4 +1,4 @@
-// A host and touchpads that do anything they can, in any order.
+// Random steps of a host and its touchpads, in any order.
 #pragma once
 
 #include <cstdint>
@@ -9,13 +9,13 @@ namespace faults {
 
 struct RandomScript {
     std::vector<Step> steps;
-    // The touchpads behave, no other process wants them and no plug is pulled: without a fault,
-    // nothing is worth a warning.
+    // The touchpads work, no other process opens them and no plug is pulled: without a fault the
+    // log has no warning.
     bool calm = false;
 };
 
-// The same for the same seed. The log is on from the first step to the last, no session is open
-// before the first one or after the last one.
+// Returns the same script for the same seed. The log is on from the first step to the last; no
+// session is open before or after them.
 RandomScript MakeRandomScript(std::uint64_t seed);
 
 }  // namespace faults

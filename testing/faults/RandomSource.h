@@ -1,4 +1,4 @@
-// Choices of a random run, the same for the same seed.
+// Makes the choices of a random run, the same ones for the same seed.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ class RandomSource {
  public:
     explicit RandomSource(std::uint64_t seed) : engine_(seed) {}
 
-    // 0 to count - 1.
+    // Returns 0 to count - 1.
     std::uint32_t Below(std::uint32_t count) {
         return static_cast<std::uint32_t>(engine_() % count);
     }
@@ -27,7 +27,7 @@ class RandomSource {
     std::mt19937_64 engine_;
 };
 
-// One of several kinds of steps, which the random then complete.
+// A kind of step with its weight among the others. `make` draws the step's arguments.
 struct Choice {
     std::uint32_t weight;
     Step (*make)(RandomSource&);

@@ -77,7 +77,7 @@ Step LogElsewhere(RandomSource&) {
 }
 
 Step SendAnyInput(RandomSource& random) {
-    // Most reports hold one usage, or none and a firmware state.
+    // Most reports have one usage, or none and a firmware state.
     std::vector<std::uint16_t> usages;
     for (std::uint32_t count = random.OneOf({0, 1, 1, 1, 1, 2, 3}); count != 0; --count) {
         usages.push_back(static_cast<std::uint16_t>(0x40 + random.Below(8)));

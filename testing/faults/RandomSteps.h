@@ -1,4 +1,4 @@
-// The single steps of a random run.
+// Draws the single steps of a random run.
 #pragma once
 
 #include <cstdint>
@@ -9,14 +9,14 @@
 
 namespace faults {
 
-// A call of an export with any arguments, a report of the touchpad, or a rest.
+// Draws a call of an export with any arguments, an input report, or a wait for the threads.
 Step DrawStep(RandomSource& random);
-// What a touchpad, its user or another process may do to a session.
+// Draws something that a touchpad, its user or another process may do to a session.
 Step DrawMishap(RandomSource& random);
 
 Step WaitForThreads();
 
-// "Activate(5)".
+// Returns "Activate(5)" and the like.
 std::string NameOf(const char* function, std::initializer_list<std::int64_t> arguments = {});
 
 }  // namespace faults

@@ -1,4 +1,4 @@
-// What a host and its touchpad do in a run, step by step.
+// The steps of a host and its touchpad in a run.
 #pragma once
 
 #include <cstdint>
@@ -20,18 +20,18 @@ struct Step {
 struct Script {
     std::string name;
     virtual_touchpad::TouchpadLayout layout;
-    // Enumerated before the device that the script is about, which a scan then meets second.
+    // The device under test is enumerated second, after the other touchpad.
     enum class Subject { Touchpad, HapticTouchpad } subject = Subject::Touchpad;
     std::vector<Step> steps;
-    // Calls of earlier steps are left alone: another script is about them.
+    // Calls of earlier steps do not fail: another script tests them.
     std::string firstStepToFail;
-    std::size_t leastCalls = 0;  // to fail; fewer mean that something was left out
-    std::size_t parts = 1;       // tests that share the calls
+    std::size_t leastCalls = 0;  // fewer calls to fail mean that something was left out
+    std::size_t parts = 1;       // the number of tests that share the calls
 };
 
 // "Meeting": every export of the touchpad session, presses, state events, firmware states.
-// "DetachableMeeting": the same in short, on a touchpad that can be taken off.
-// "Unplugging", "DetachableUnplugging": the touchpad is taken away from an open session.
+// "DetachableMeeting": the same in short, on a detachable touchpad.
+// "Unplugging", "DetachableUnplugging": the touchpad is unplugged during an open session.
 // "HapticSession".
 const std::vector<Script>& AllScripts();
 

@@ -1,5 +1,5 @@
-// One run of a script: a machine with a touchpad and a haptic touchpad, a host that keeps a log,
-// and everything that the host could see afterwards.
+// Runs a script: a machine with a touchpad and a haptic touchpad, a host that keeps a log, and a
+// record of all that the host observes.
 #pragma once
 
 #include <filesystem>
@@ -17,12 +17,12 @@ namespace faults {
 
 class ScriptFixture {
  public:
-    // `folder` is emptied, and takes the log. No session is open.
+    // Empties `folder` and logs there. No session is open.
     ScriptFixture(const virtual_touchpad::TouchpadLayout& layout, Script::Subject subject,
                   const std::filesystem::path& folder, CallWatch::Chooser chooser);
 
     void Do(const Step& step);
-    // Does the steps, and lets the agent finish after each.
+    // Runs the steps, and waits after each until the agent's threads sleep.
     void Play(const std::vector<Step>& steps);
 
     simulator::Device& Touchpad() { return *touchpad_; }
@@ -30,12 +30,12 @@ class ScriptFixture {
     const std::filesystem::path& LogDirectory() const { return logDirectory_; }
     CallWatch& Watch() { return *watch_; }
 
-    // Blocks that this process has taken since the run began, and not freed.
+    // Return the number of blocks that were allocated since the run began and not freed.
     std::size_t PreparsedDataInUse() const;
     std::size_t GlobalMemoryInUse() const;
 
-    // "Init -> 1", "press 0 1", "{ERROR @ Function} text", in a sorted list: results, callbacks and
-    // log of the steps so far.
+    // Returns the results, callbacks and log lines of the steps so far, sorted: "Init -> 1",
+    // "press 0 1", "{ERROR @ Function} text".
     std::vector<std::string> Events() const;
 
  private:
