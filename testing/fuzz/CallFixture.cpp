@@ -26,8 +26,8 @@ bool Contains(const std::string& text, const char* part) {
     return text.find(part) != std::string::npos;
 }
 
-// The line with which a log ends. A heartbeat that was told to stop, but is not waited for, may
-// still log its end behind it.
+// Returns the last line of a log, except the heartbeat's: UnInit stops the heartbeat without
+// waiting for it, so its last line may come later.
 std::string LastLine(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     std::string last;
@@ -46,7 +46,7 @@ CallFixture::CallFixture(const TouchpadLayout& layout)
 
 CallFixture::~CallFixture() {
     UnInit();
-    // These live longer than a session does.
+    // The temporary disable and the brightness outlive a session.
     if (model.IsTemporarilyDisabled() || model.GetBrightness() != 3) {
         PlugIn();
         HoldElsewhere(false);
@@ -90,7 +90,7 @@ void CallFixture::Init() {
 }
 
 void CallFixture::UnInit() {
-    // What is queued would be written, or not, beside the reports of the closing.
+    // Reports still queued might or might not be written beside those of the closing.
     const bool allWritten = WriteAllQueued();
     const bool canWrite = model.IsConnected();
     const Bytes lastReport = model.LastReport();
@@ -117,8 +117,8 @@ bool CallFixture::WriteAllQueued() {
     return true;
 }
 
-// The closing writes blank reports, and the touchpad is dark afterwards. A report before them that
-// could not be waited for may still be the first.
+// The closing writes blank reports, and the touchpad is dark afterwards. When the queue could not
+// be flushed before, its last report may come first.
 void CallFixture::CompareClosing(const Bytes& lastReport, bool allWereWritten) {
     std::vector<Bytes> closing = touchpad->Outputs();
     closing.erase(closing.begin(),
@@ -127,7 +127,7 @@ void CallFixture::CompareClosing(const Bytes& lastReport, bool allWereWritten) {
         if (!allWereWritten && report == lastReport) continue;
         CheckSame(report, model.BlankReport(), "a report of the closing");
     }
-    // However late the writer came to what was queued before.
+    // This holds however late the writer wrote the earlier reports.
     const std::optional<Bytes> lights = LastLights(*touchpad);
     if (lights) CheckSame(*lights, model.BlankReport(), "the lights that the closing left");
 }
@@ -155,7 +155,7 @@ void CallFixture::PlugIn() {
 }
 
 void CallFixture::HoldElsewhere(bool held) {
-    // Only a touchpad that is there and free.
+    // Another process can only open a touchpad that is plugged in and free.
     if (held && (!model.IsPlugged() || model.IsConnected())) return;
     held ? touchpad->HoldElsewhere() : touchpad->ReleaseElsewhere();
     model.HoldElsewhere(held);

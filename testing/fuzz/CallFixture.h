@@ -1,4 +1,4 @@
-// A touchpad, a haptic touchpad and a host, with the model of what they have to see.
+// A touchpad, a haptic touchpad and a host, with the model that gives their expected behaviour.
 #pragma once
 
 #include <memory>
@@ -14,7 +14,7 @@ using kit::Bytes;
 using kit::SessionModel;
 using kit::TouchpadLayout;
 
-// The haptic touchpad's session, as it has to be.
+// The expected state of the haptic touchpad's session.
 struct HapticModel {
     bool plugged = true;
     bool open = false;
@@ -25,22 +25,22 @@ struct HapticModel {
 class CallFixture {
  public:
     explicit CallFixture(const TouchpadLayout& layout);
-    // Leaves the agent as a new process has it.
+    // Returns the agent to the state of a new process.
     ~CallFixture();
     CallFixture(const CallFixture&) = delete;
     CallFixture& operator=(const CallFixture&) = delete;
 
-    // What an export answered and what the model did.
+    // Compares what an export returned with what the model returned.
     template <typename Got, typename Expected>
     void Same(Got got, Expected expected, const char* call) {
         CheckSame(static_cast<std::int64_t>(got), static_cast<std::int64_t>(expected), call);
     }
-    // The reports at the touchpad, the callbacks and the flags that can be read at any time.
+    // Compares the reports at the touchpad, the callbacks and the flags that can be read any time.
     void CompareAll(const char* step);
 
     void Init();
     void UnInit();
-    // The touchpad sends a report, and the session is done with it. Bit n of `buttons` is usage
+    // Sends an input report and waits until the session has handled it. Bit n of `buttons` is usage
     // 0x40 + n.
     void Send(std::uint8_t reportId, std::uint8_t buttons, std::uint8_t firmwareState);
     void Unplug();
@@ -65,7 +65,7 @@ class CallFixture {
     int loggers_ = 0;
 };
 
-// One call of an export, or one event at a device, with arguments from the input.
+// A call of an export, or an event at a device, with arguments from the input.
 struct CallStep {
     const char* name;
     void (*run)(CallFixture& fixture, FuzzInput& input);

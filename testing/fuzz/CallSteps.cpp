@@ -1,5 +1,4 @@
-// The steps of which the inputs are made: every export, and what may happen to the devices
-// meanwhile.
+// The steps that inputs consist of: every export, and every event at the devices.
 #include "include/VelaAgent.h"
 #include "testing/fuzz/CallFixture.h"
 #include "testing/kit/HostCallbacks.h"
@@ -24,7 +23,7 @@ std::uint32_t Activation(FuzzInput& input) {
     return input.OneOf(kValues);
 }
 
-// An export that takes a button and a flag.
+// Calls an export that takes a button and a flag.
 template <VELA_BOOL (*kExport)(std::uint32_t, VELA_BOOL),
           bool (SessionModel::*kModel)(std::uint32_t, bool)>
 void SetButton(CallFixture& fixture, FuzzInput& input) {
@@ -97,7 +96,7 @@ void Receive(CallFixture& fixture, FuzzInput& input) {
     fixture.Send(reportId, buttons, input.Byte());
 }
 
-// As users press: one button at a time.
+// Presses one button at a time, as users do.
 void PressOne(CallFixture& fixture, FuzzInput& input) {
     const std::uint8_t reportId = fixture.model.Layout().inputReportIds.front();
     fixture.Send(reportId, static_cast<std::uint8_t>(1U << input.Byte() % 8U), 0);

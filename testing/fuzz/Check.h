@@ -1,5 +1,5 @@
-// What a fuzzer holds true whatever its input: a check that fails ends the process, as libFuzzer
-// and the replay program expect of a finding.
+// The checks of fuzzers. A failing check ends the process, which libFuzzer and the replay program
+// take as a finding.
 #pragma once
 
 #include <cstdlib>

@@ -15,12 +15,12 @@ namespace fuzz {
 using kit::Describe;
 using kit::EmptyMachine;
 
-// The longest that the device may send; 0 when it reports nothing.
+// Returns the length of the device's longest input report; 0 when it has none.
 inline std::size_t InputReportLength(const simulator::Device& device) {
     return simulator::hid::CapsOf(device.Collection()).InputReportByteLength;
 }
 
-// The light report that the device got last, and shows; none when it got none.
+// Returns the last light report that the device got, which it shows; nothing when it got none.
 inline std::optional<simulator::Bytes> LastLights(const simulator::Device& device) {
     const std::vector<simulator::Bytes> reports = device.Outputs();
     const auto last =

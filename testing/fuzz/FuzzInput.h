@@ -1,4 +1,4 @@
-// Takes a fuzzer's input apart, byte by byte; behind its end there are zeros.
+// Reads a fuzzer's input byte by byte. Zeros follow after its end.
 #pragma once
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-// What libFuzzer, or the replay program in its place, calls for each input.
+// libFuzzer, or the replay program in its place, calls this function for each input.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace fuzz {
@@ -22,13 +22,13 @@ class FuzzInput {
         return static_cast<std::uint16_t>(low | static_cast<unsigned>(Byte()) << 8);
     }
     bool Flag() { return (Byte() & 1U) != 0; }
-    // One of the choices.
+    // Returns one of the choices.
     template <typename Choices>
     auto OneOf(const Choices& choices) {
         return *(std::begin(choices) + static_cast<std::ptrdiff_t>(
                                            Byte() % static_cast<std::size_t>(std::size(choices))));
     }
-    // At most `count` bytes.
+    // Returns `count` bytes, or the rest of the input.
     std::vector<std::uint8_t> Bytes(std::size_t count) {
         const std::uint8_t* const begin = next_;
         next_ += std::min(count, static_cast<std::size_t>(end_ - next_));

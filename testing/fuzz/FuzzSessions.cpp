@@ -12,7 +12,7 @@ vela::CTandrelHID* current = nullptr;
 
 }  // namespace
 
-// The agent's own pair lies in a library, which is asked only for what the program does not have.
+// The linker takes these definitions and leaves out those of the agent, which is a static library.
 namespace vela {
 
 CTandrelHID& TouchpadSession() { return *current; }
@@ -27,7 +27,8 @@ CHapticTouchpadHID& HapticTouchpadSession() {
 namespace fuzz {
 
 void UseSessionFor(const std::wstring& productString) {
-    // Never destroyed: the heartbeat of a session with a detachable touchpad is never joined.
+    // Sessions are never destroyed: on a detachable touchpad the heartbeat's thread object stays
+    // joinable.
     static auto& sessions = *new std::map<std::wstring, vela::CTandrelHID*>;
     vela::CTandrelHID*& session = sessions[productString];
     if (session != nullptr) {

@@ -1,4 +1,4 @@
-// The folder of a fuzzer's host for its log: one for the whole process.
+// The folder for the log of a fuzzer's host, one for the whole process.
 #pragma once
 
 #include "testing/kit/LogFolder.h"

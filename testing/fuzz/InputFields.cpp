@@ -7,7 +7,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// What a short report leaves out is 0.
+// Bits after the end of a short report are 0.
 std::uint32_t Bits(const Bytes& report, std::size_t first, std::size_t count) {
     std::uint32_t value = 0;
     for (std::size_t i = 0; i < count; ++i) {

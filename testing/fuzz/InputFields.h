@@ -1,4 +1,4 @@
-// What an input report says, by the places of its fields alone.
+// Decodes input reports by the positions of their fields, without a HID parser.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,15 @@
 
 namespace fuzz {
 
-// Either a bit for each usage, or slots that hold the usages' numbers, counted from 1.
+// A variable field with a bit for each usage, or an array whose slots hold usages' numbers, counted
+// from 1.
 struct UsageField {
     std::uint8_t reportId;
-    std::size_t firstBit;  // the report id's byte counted
+    std::size_t firstBit;  // counted from the report id's byte
     std::size_t bits;
     std::size_t count;
     std::uint16_t firstUsage;
-    std::uint16_t slotUsages;  // how many usages have a number; 0: no slots
+    std::uint16_t slotUsages;  // the number of usages of an array; 0: no array
 };
 
 struct StateField {
@@ -33,7 +34,7 @@ struct InputFields {
     std::vector<UsageField> usages;
     std::vector<StateField> states;
 
-    // Nothing for a report without usages. The id 0 stands for every report.
+    // Returns nothing for a report without a usage field. The id 0 stands for every report.
     std::optional<InputReport> Read(const std::vector<std::uint8_t>& report) const;
 };
 

@@ -22,7 +22,7 @@ ReportDescriptorBuilder Begin() {
     return builder;
 }
 
-// Slots for the usages, which are numbered from 1.
+// Adds array slots for the usages, which are numbered from 1.
 void AddSlots(ReportDescriptorBuilder& builder, std::uint32_t bits, std::uint32_t count) {
     builder.LogicalMinimum(1)
         .LogicalMaximum(kSlotUsages)
@@ -41,7 +41,7 @@ UsageField SlotsField(std::uint8_t reportId, std::size_t firstBit, std::size_t b
 
 UsageField BitsField(std::uint8_t reportId) { return {reportId, 8, 1, 8, 0x40, 0}; }
 
-// With the output and feature reports of the usual touchpad.
+// Completes a touchpad with the usual output and feature reports.
 InputLayout Finish(const ReportDescriptorBuilder& inputs, InputFields fields, Bytes cameraPress) {
     TouchpadLayout usual;
     usual.inputReportIds = {};
@@ -74,8 +74,8 @@ InputLayout Array(std::uint8_t reportId) {
                   {reportId, kCameraSlot});
 }
 
-// A bit field, an array of nibbles off the byte's edge, a state of 32 bits, and buttons of another
-// page; each in a report of another length.
+// Returns a touchpad with a bit field, an array of unaligned nibbles, a 32-bit state, and buttons
+// of another usage page, in reports of different lengths.
 InputLayout ManyReports() {
     ReportDescriptorBuilder builder = Begin();
     builder.ReportId(kButtonReportId)

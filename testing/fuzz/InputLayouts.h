@@ -1,4 +1,4 @@
-// Touchpads that differ in how they report: bit fields and arrays, several report ids and none.
+// Touchpads with different input reports: bit fields and arrays, several report ids and none.
 #pragma once
 
 #include <vector>
@@ -11,11 +11,11 @@ namespace fuzz {
 struct InputLayout {
     simulator::DeviceDescription description;
     InputFields fields;
-    // A report of the pressed camera button alone.
+    // A report in which only the camera button is pressed.
     simulator::Bytes cameraPress;
 };
 
-// In a fixed order, as inputs choose by number.
+// Returns the layouts in a fixed order: inputs choose one by its number.
 const std::vector<InputLayout>& InputLayouts();
 
 }  // namespace fuzz

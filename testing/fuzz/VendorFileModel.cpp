@@ -21,8 +21,8 @@ std::optional<std::uint32_t> VendorIdOf(const std::wstring& sectionName) {
     while (IsBlank(*next)) ++next;
     const bool negative = *next == L'-';
     if (*next == L'-' || *next == L'+') ++next;
-    // Without a digit behind the "x" standard C reads the number 0 with something behind it (the
-    // Windows runtime reads no number).
+    // Without a digit after the "x" standard C parses the number 0, followed by text (the Windows
+    // runtime parses no number).
     if (next[0] == L'0' && (next[1] == L'x' || next[1] == L'X') && Digit(next[2])) next += 2;
     if (!Digit(*next)) return std::nullopt;
     std::uint64_t number = 0;

@@ -1,4 +1,4 @@
-// Which vendor ids a "Vela.ini" lists, by the rules for its section names alone.
+// Models which vendor ids the section names of a "Vela.ini" stand for.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +7,12 @@
 
 namespace fuzz {
 
-// A hexadecimal number at the begin of the name, as C reads an unsigned 32-bit one: blanks, a sign
-// and "0x" may stand before it, anything behind it. Nothing when there is no digit, or too large a
-// number.
+// Returns the hexadecimal number at the start of the name, as C parses an unsigned 32-bit one:
+// blanks, a sign and "0x" may precede it, anything may follow. Nothing when there is no digit or
+// the number is too large.
 std::optional<std::uint32_t> VendorIdOf(const std::wstring& sectionName);
 
-// The name as the log shows it: UTF-8, and "\uD800" for half a surrogate pair without the other.
+// Returns the name as the log shows it: in UTF-8, an unpaired surrogate as "\uD800".
 std::string Utf8Of(const std::wstring& sectionName);
 
 }  // namespace fuzz

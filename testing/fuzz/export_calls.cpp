@@ -1,5 +1,5 @@
-// Sequences of export calls, with presses, firmware states and plugs pulled between them: after
-// every step the answers, what the host was told and what the touchpad shows are the model's.
+// Runs sequences of export calls, presses, firmware states and pulled plugs. After every step the
+// results, the host's callbacks and the touchpad's reports match the model.
 #include "testing/fuzz/CallFixture.h"
 #include "testing/fuzz/FuzzInput.h"
 

@@ -1,5 +1,5 @@
-// Input reports of any length and content into an open session: the host is told what the reports
-// say, in their order, and the reader goes on.
+// Sends input reports of any length and content to an open session: the host gets the callbacks for
+// them in their order, and the reader goes on.
 #include "include/VelaAgent.h"
 #include "testing/fuzz/Check.h"
 #include "testing/fuzz/FuzzInput.h"
@@ -18,7 +18,7 @@ using kit::SessionModel;
 using simulator::Bytes;
 using simulator::Device;
 
-// Fewer than what the platform keeps for a reader that is late.
+// Fewer reports than the platform queues for a slow reader.
 constexpr int kMaximumReports = 24;
 constexpr std::uint32_t kNormal = 0;
 constexpr std::uint32_t kDeactivated = 4;

@@ -1,5 +1,5 @@
-// Runs a fuzzer without libFuzzer: every input of a corpus folder, then a fixed number of inputs
-// made of them by a seeded generator, the same ones each time.
+// Runs a fuzzer without libFuzzer on every input of a corpus folder, then on a fixed number of
+// inputs that a seeded generator makes of them, the same ones each time.
 //
 //     fuzz_NAME CORPUS_FOLDER [NUMBER_OF_MADE_INPUTS]
 //     fuzz_NAME INPUT_FILE
@@ -16,8 +16,8 @@
 
 #include "testing/fuzz/FuzzInput.h"
 
-// The sanitizers end the process without a signal; here when the program is built with one.
-// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): their name for it
+// Sanitizers end the process without a signal. The function exists in programs built with one.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the sanitizers' name
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 
 namespace {
@@ -26,7 +26,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 constexpr std::size_t kMaximumLength = 1024;
 
-// The input under way, for whoever has to look into a finding.
+// The current input, which is printed with a finding.
 std::string currentName;
 Bytes currentInput;
 

@@ -1,5 +1,5 @@
-// Any bytes as the report descriptor of a touchpad: the scans end, and a session that opens can be
-// used and closed again, with nothing left open.
+// Uses any bytes as the report descriptor of a touchpad: the scans end, and a session that opens
+// can be used and closed again, with nothing left open.
 #include <algorithm>
 
 #include "include/VelaAgent.h"
@@ -16,7 +16,7 @@ using simulator::Bytes;
 using simulator::Device;
 using simulator::Machine;
 
-// The version, a report to send and then the descriptor.
+// The parts of an input in their order.
 struct Input {
     std::uint16_t version;
     Bytes report;
@@ -66,7 +66,7 @@ void UseSession() {
     Activate(5);
 }
 
-// A device without input reports has no reader either.
+// Sends nothing to a session without input reports: it has no reader.
 void Send(Device& device, Bytes report) {
     const std::size_t longest = fuzz::InputReportLength(device);
     if (longest == 0 || report.empty()) return;
@@ -97,8 +97,8 @@ void TryHapticTouchpad() {
     fuzz::CheckSame(UnInitHapticTP() != 0, open, "UnInitHapticTP");
 }
 
-// The two events of a session stay open by design, as operations that were given up may still
-// signal them.
+// A session leaves its two events open by design, because abandoned operations may still signal
+// them.
 void CheckNothingIsLeft(const Machine& machine,
                         const std::vector<std::shared_ptr<Device>>& devices) {
     for (const std::string& name : machine.OpenHandles()) {

@@ -1,5 +1,5 @@
-// Any bytes as "Vela.ini": the filters offered to discovery, and the lines logged, are those that
-// the rules for section names give.
+// Uses any bytes as "Vela.ini": the filters for discovery and the logged lines are those that the
+// rules for section names give.
 #include <windows.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ namespace {
 using fuzz::Check;
 using fuzz::CheckSame;
 
-// As the platform tells them, of the same room that the agent gives.
+// Returns the section names from the platform, with a buffer as large as the agent's.
 std::vector<std::wstring> SectionNames() {
     std::vector<wchar_t> text(4096);
     const DWORD length = GetPrivateProfileSectionNamesW(
@@ -37,7 +37,7 @@ std::vector<std::string> LoggedLines() {
     std::vector<std::string> lines;
     std::ifstream stream(fuzz::HostLog().File(), std::ios::binary);
     for (std::string line; std::getline(stream, line);) {
-        // "[2024-05-06 17:42:10] " stands before it, and a carriage return behind it.
+        // Cuts off "[2024-05-06 17:42:10] " and the carriage return.
         if (!line.empty() && line.back() == '\r') line.pop_back();
         lines.push_back(line.erase(0, std::min<std::size_t>(line.size(), 22)));
     }
