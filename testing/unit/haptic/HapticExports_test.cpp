@@ -6,13 +6,13 @@ namespace {
 
 using testing::IsEmpty;
 
-// The exports' session is the process's one; each test has a process of its own.
+// Each test has a process of its own, as the exports use the process's one session.
 class HapticExportsTest : public HapticTest {
  protected:
     ~HapticExportsTest() override { UnInitHapticTP(); }
 };
 
-TEST_F(HapticExportsTest, PresenceIsAskedWithoutOpening) {
+TEST_F(HapticExportsTest, PresenceIsQueriedWithoutOpening) {
     EXPECT_EQ(IsHapticTPPresent(), 0);
     Plug();
     EXPECT_EQ(IsHapticTPPresent(), 1);
@@ -23,7 +23,7 @@ TEST_F(HapticExportsTest, ATouchpadWithoutIntensityIsPresentButCannotBeOpened) {
     HapticLayout layout;
     layout.hasIntensity = false;
     Plug(layout);
-    // Its other values on the haptics page let discovery take it.
+    // Discovery accepts it because of its other values on the haptics page.
     EXPECT_EQ(IsHapticTPPresent(), 1);
     EXPECT_EQ(InitHapticTP(), 0);
 }
@@ -46,7 +46,7 @@ TEST_F(HapticExportsTest, WithoutADeviceEveryCallFails) {
     EXPECT_EQ(UnInitHapticTP(), 0);
 }
 
-TEST_F(HapticExportsTest, ASharingViolationIsAnsweredAsZero) {
+TEST_F(HapticExportsTest, ASharingViolationReturnsZero) {
     Plug();
     machine_.FailNext("CreateFileW", Fault::Error(32), 1);  // the scan's open succeeds
     EXPECT_EQ(InitHapticTP(), 0);

@@ -1,4 +1,4 @@
-// The stage of the haptic tests: a simulated machine with a haptic touchpad and a session.
+// The fixture of the haptic tests: a simulated machine with a haptic touchpad and a session.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -41,7 +41,7 @@ class HapticTest : public testing::Test {
         machine_.ForgetCalls();
     }
 
-    // What the device holds at first: every bit of the neighbours of the intensity matters.
+    // The device's first values. The neighbours of the intensity use every bit.
     static constexpr HapticFields kFields{0xA, 42, 0x15, 0xC3};
 
     simulator::Machine& machine_ = simulator::Machine::Get();

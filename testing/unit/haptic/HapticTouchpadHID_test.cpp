@@ -15,7 +15,7 @@ constexpr char kNoIntensity[] = "GetValueCaps for HidP_Feature, USAGE_INTENSITY 
 
 using HapticQueryTest = HapticTest;
 
-TEST_F(HapticQueryTest, AsksForTheTouchPadsOfAnyVendor) {
+TEST_F(HapticQueryTest, RequestsTheTouchPadsOfAnyVendor) {
     const auto filters = session_.GetHidDeviceFilters();
     ASSERT_EQ(filters.size(), 1U);
     EXPECT_EQ(filters.front().VendorID, 0);
@@ -23,7 +23,7 @@ TEST_F(HapticQueryTest, AsksForTheTouchPadsOfAnyVendor) {
     EXPECT_EQ(filters.front().Usage, 0x0005);
 }
 
-TEST_F(HapticQueryTest, AsksForTheFeatureValuesOfTheHapticsPage) {
+TEST_F(HapticQueryTest, RequestsTheFeatureValuesOfTheHapticsPage) {
     const auto pages = session_.GetValueCapUsagePages();
     ASSERT_EQ(pages.size(), 1U);
     EXPECT_EQ(pages.front().ReportType, 2U);
@@ -84,7 +84,7 @@ struct OpenFailure {
 };
 class HapticOpenFailureTest : public HapticTest, public testing::WithParamInterface<OpenFailure> {};
 
-TEST_P(HapticOpenFailureTest, IsAnsweredAndKeepsNothing) {
+TEST_P(HapticOpenFailureTest, IsReturnedAndKeepsNothing) {
     Plug();
     const auto information = vela::ScanHIDInformation(&session_);
     machine_.FailNext("CreateFileW", Fault::Error(GetParam().error));
@@ -112,7 +112,7 @@ TEST_F(HapticUninitializeTest, ClosesTheHandleAndReleasesTheRecord) {
                 ElementsAre("INFO Uninitialize: CHapticTouchpadHID Uninitialize succeeded."));
 }
 
-TEST_F(HapticUninitializeTest, OfAClosedSessionSaysNothing) {
+TEST_F(HapticUninitializeTest, OfAClosedSessionLogsNothing) {
     EXPECT_FALSE(session_.Uninitialize());
     EXPECT_THAT(log_.Texts(), IsEmpty());
 }

@@ -37,7 +37,7 @@ TEST_F(IntensityTest, OfZeroIsSentAsZero) {
     EXPECT_EQ(session_.GetIntensityLevel(), 0U);
 }
 
-// Set and get ask the platform in this order, and hand the level on as it is.
+// Set and get call the platform in this order and pass the level on unchanged.
 TEST_F(IntensityTest, CallsReadThenChangeThenWrite) {
     Open();
     EXPECT_TRUE(session_.SetIntensityLevel(1000));
@@ -46,13 +46,13 @@ TEST_F(IntensityTest, CallsReadThenChangeThenWrite) {
     EXPECT_THAT(calls[0], testing::StartsWith("HidD_GetFeature("));
     EXPECT_EQ(calls[1], "HidP_SetUsageValue(feature, 0xe, 0, 0x23, 0x3e8)");
     EXPECT_THAT(calls[2], testing::StartsWith("HidD_SetFeature("));
-    // Truncated to the field's seven bits by the platform; the neighbours stand.
+    // The platform truncates the level to the field's seven bits; the neighbours stay.
     HapticFields expected = kFields;
     expected.intensity = 1000 % 128;
     EXPECT_EQ(device_->Feature(virtual_touchpad::kHapticsReportId), HapticsReport(expected));
 }
 
-TEST_F(IntensityTest, OfAClosedSessionIsZeroAndSaysNothing) {
+TEST_F(IntensityTest, OfAClosedSessionIsZeroAndLogsNothing) {
     EXPECT_FALSE(session_.SetIntensityLevel(5));
     EXPECT_EQ(session_.GetIntensityLevel(), 0U);
     EXPECT_THAT(log_.Texts(), IsEmpty());
@@ -77,7 +77,7 @@ TEST_P(SetIntensityFailureTest, IsLoggedWithTheLastErrorAndLeavesTheDeviceAlone)
     EXPECT_THAT(log_.TextsOf("SetIntensityLevel"), ElementsAre(ExpectedLine("SetIntensityLevel")));
 }
 
-TEST_P(GetIntensityFailureTest, IsLoggedWithTheLastErrorAndAnswersZero) {
+TEST_P(GetIntensityFailureTest, IsLoggedWithTheLastErrorAndReturnsZero) {
     Open();
     machine_.FailNext(GetParam(), Fault::Error(31));
     EXPECT_EQ(session_.GetIntensityLevel(), 0U);
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, SetIntensityFailureTest,
 INSTANTIATE_TEST_SUITE_P(Calls, GetIntensityFailureTest,
                          testing::Values("HidD_GetFeature", "HidP_GetUsageValue"), CallName);
 
-// A record that was filled for another purpose: found at Initialize, it would not be opened at all.
+// A record that changed after Initialize: Initialize refuses one without the intensity.
 TEST_F(IntensityTest, IsUnknownInARecordWithoutIt) {
     Plug();
     const auto information = vela::ScanHIDInformation(&session_);

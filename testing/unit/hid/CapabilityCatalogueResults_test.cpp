@@ -1,4 +1,4 @@
-// When filling the catalogue succeeds, what it asks the platform, and what it says when it fails.
+// Filling the catalogue: when it succeeds, its platform calls, and the log lines of a failure.
 #include "testing/unit/hid/CatalogueTest.h"
 
 namespace hid_test {
@@ -11,7 +11,7 @@ class FillingTheCatalogue : public CatalogueTest<Kind> {
  protected:
     using Fields = typename CatalogueTest<Kind>::Fields;
 
-    // Output 1 and 2, feature 3; no input.
+    // Has outputs 1 and 2 and feature 3, no input.
     static ReportDescriptorBuilder SomeFields() {
         return Fields().Usage(Item::Output, 1).Usage(Item::Output, 2).Usage(Item::Feature, 3);
     }
@@ -20,7 +20,7 @@ class FillingTheCatalogue : public CatalogueTest<Kind> {
 
 TYPED_TEST_SUITE(FillingTheCatalogue, Kinds, KindName);
 
-TYPED_TEST(FillingTheCatalogue, AsksForAllCapabilitiesOfTheWantedTypesThatHaveAny) {
+TYPED_TEST(FillingTheCatalogue, RequestsAllCapabilitiesOfTheWantedTypesThatHaveAny) {
     const ParsedDevice device(this->SomeFields());
     this->Want({{2, kPage}, {0, kPage}, {1, kPage}});
     EXPECT_TRUE(this->Fill(device));
@@ -29,7 +29,7 @@ TYPED_TEST(FillingTheCatalogue, AsksForAllCapabilitiesOfTheWantedTypesThatHaveAn
     EXPECT_THAT(this->log_.Texts(), IsEmpty());
 }
 
-TYPED_TEST(FillingTheCatalogue, AsksOnceForEachWantedPage) {
+TYPED_TEST(FillingTheCatalogue, RequestsTheListOnceForEachWantedPage) {
     const ParsedDevice device(this->SomeFields());
     this->Want({{1, kOtherPage}, {1, kPage}});
     EXPECT_TRUE(this->Fill(device));
@@ -82,7 +82,7 @@ TYPED_TEST(FillingTheCatalogue, FailsSilentlyWithoutAQuery) {
     EXPECT_THAT(this->log_.Texts(), IsEmpty());
 }
 
-TYPED_TEST(FillingTheCatalogue, AsksTheSessionOnceForItsOwnPagesOnly) {
+TYPED_TEST(FillingTheCatalogue, QueriesTheSessionOnceForItsOwnPagesOnly) {
     this->Fill(ParsedDevice(this->SomeFields()));
     const std::string pages = TypeParam::kFieldBits != 1 ? "value pages" : "button pages";
     EXPECT_THAT(this->query_.Questions(), ElementsAre(pages));
@@ -109,7 +109,7 @@ TYPED_TEST(FillingTheCatalogue, TakesEveryNegativeStatusForARefusal) {
     EXPECT_THAT(this->log_.Texts(), ElementsAre(this->CallFailedLine(-536870397)));
 }
 
-// The status tells what went wrong; the last error in the line is whatever the thread had.
+// The calls return a status and set no last error; the line logs whatever the thread had.
 TYPED_TEST(FillingTheCatalogue, LogsTheLastErrorThatTheStatusLeftAlone) {
     const ParsedDevice device(this->SomeFields());
     HIDP_CAPS caps = device.Caps();
@@ -121,11 +121,11 @@ TYPED_TEST(FillingTheCatalogue, LogsTheLastErrorThatTheStatusLeftAlone) {
     EXPECT_THAT(this->log_.Texts(), ElementsAre(this->CallFailedLine(77)));
 }
 
-TYPED_TEST(FillingTheCatalogue, LooksOnlyAtTheRecordsThatCameBack) {
+TYPED_TEST(FillingTheCatalogue, ReadsOnlyTheRecordsThatWereReturned) {
     const ParsedDevice device(this->SomeFields());
     HIDP_CAPS caps = device.Caps();
     caps.*TypeParam::kOutputCount = 5;
-    // The page of a record that nobody filled.
+    // The page of a record that the platform did not fill.
     this->Want({{1, 0}});
     EXPECT_FALSE(this->Fill(device, caps));
     this->Want({{1, kPage}});
@@ -134,7 +134,7 @@ TYPED_TEST(FillingTheCatalogue, LooksOnlyAtTheRecordsThatCameBack) {
     EXPECT_THAT(this->log_.Texts(), ElementsAre(this->NoMatchLine()));
 }
 
-// A type without a count is asked for with no room; the platform knows no such type.
+// A report type without a count is queried with length 0; the platform rejects such a type.
 TYPED_TEST(FillingTheCatalogue, LetsThePlatformJudgeAnUnknownReportType) {
     const ParsedDevice device(this->SomeFields());
     this->Want({{1, kPage}, {3, kPage}, {2, kPage}});

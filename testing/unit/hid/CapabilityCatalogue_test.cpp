@@ -1,4 +1,4 @@
-// What the catalogue holds: a whole copy of the platform's record under report type and usage.
+// The catalogue holds whole copies of the platform's records by report type and usage.
 #include "testing/unit/hid/CatalogueTest.h"
 
 #include "testing/simulator/hid/Collection.h"
@@ -51,7 +51,7 @@ TYPED_TEST(CapabilityCatalogue, HasARangeOfOneUsage) {
     EXPECT_THAT(this->Keys(), ElementsAre(L"HID_INPUT_69"));
 }
 
-// No report descriptor gives such a record, but the record itself can hold it.
+// No report descriptor yields such a record, but the record's fields can hold it.
 TYPED_TEST(CapabilityCatalogue, HasNothingOfARangeThatEndsBeforeItStartsYetCountsItsPage) {
     simulator::hid::MainItem item;
     item.globals.reportSize = 8;
@@ -71,7 +71,7 @@ TYPED_TEST(CapabilityCatalogue, HasNothingOfARangeThatEndsBeforeItStartsYetCount
     simulator::hid::FreePreparsedData(preparsed);
 }
 
-TYPED_TEST(CapabilityCatalogue, TellsTheReportTypesApart) {
+TYPED_TEST(CapabilityCatalogue, DistinguishesTheReportTypes) {
     const ParsedDevice device(typename TestFixture::Fields()
                                   .Usage(Item::Input, 69)
                                   .Usage(Item::Output, 69)
@@ -98,7 +98,7 @@ TYPED_TEST(CapabilityCatalogue, HasOnlyWhatIsOnAWantedPageOfItsReportType) {
     EXPECT_THAT(this->Keys(), UnorderedElementsAre(L"HID_INPUT_1", L"HID_OUTPUT_4"));
 }
 
-// Values are asked for as values, buttons as buttons.
+// Value caps and button caps come from separate calls.
 TYPED_TEST(CapabilityCatalogue, HasNothingOfTheOtherKind) {
     const ParsedDevice device(Application()
                                   .Value(Item::Output, 1, 8, 255)

@@ -1,5 +1,4 @@
-// Both catalogues, of values and of buttons, follow one rule: each test of them is told once and
-// runs for both.
+// The catalogues of values and of buttons follow the same rules: each typed test runs for both.
 #pragma once
 
 #include <cstring>
@@ -84,7 +83,7 @@ class CatalogueTest : public HidTest {
     void Want(vela::HidCapUsagePageList pages) { query_.*Kind::kPages = std::move(pages); }
 
     bool Fill(const ParsedDevice& device) { return Fill(device, device.Caps()); }
-    // With caps that tell other counts than the device has.
+    // Takes caps whose counts may differ from the device's.
     bool Fill(const ParsedDevice& device, const HIDP_CAPS& caps) {
         machine_.ForgetCalls();
         return Kind::kFill(&query_, caps, device.Preparsed(), map_);
@@ -95,7 +94,7 @@ class CatalogueTest : public HidTest {
         for (const auto& entry : map_) keys.push_back(entry.first);
         return keys;
     }
-    // The entry is a whole copy of the platform's record.
+    // Returns whether the entry is a whole copy of the platform's record.
     bool Holds(const wchar_t* key, const Caps& caps) const {
         const auto entry = map_.find(key);
         return entry != map_.end() && std::memcmp(&entry->second, &caps, sizeof caps) == 0;
@@ -108,7 +107,7 @@ class CatalogueTest : public HidTest {
         return "WARNING " + FillFunction() + ": " + FillFunction() +
                " failed, doesn't have matched report type";
     }
-    // The button catalogue's line names the values' call as well.
+    // The button catalogue's line names HidP_GetValueCaps too.
     static std::string CallFailedLine(int error) {
         return "ERROR " + FillFunction() + ": " + FillFunction() +
                " HidP_GetValueCaps faild, last error (" + std::to_string(error) + ").";

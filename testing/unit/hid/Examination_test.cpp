@@ -1,4 +1,4 @@
-// Why an interface is turned down, and what was read of it.
+// The verdict on an interface, and the data that was read of it.
 #include "hid/Examination.h"
 
 #include "testing/unit/hid/HidTest.h"
@@ -15,12 +15,12 @@ class ExaminationTest : public HidTest {
         const vela::FileHandle device = vela::OpenForExamination(path);
         vela::Examination examination = vela::Examine(query_, device);
         error_ = GetLastError();
-        EXPECT_EQ(DescriptorsInUse(), examination.preparsedData == nullptr ? 0U : 1U);
+        EXPECT_EQ(PreparsedDataInUse(), examination.preparsedData == nullptr ? 0U : 1U);
         if (examination.preparsedData != nullptr) HidD_FreePreparsedData(examination.preparsedData);
         return examination;
     }
 
-    DWORD error_ = 0;  // right after the examination
+    DWORD error_ = 0;  // the last error right after the examination
 };
 
 TEST_F(ExaminationTest, OfAMatchHoldsAllThatTheRecordNeeds) {
@@ -38,7 +38,7 @@ struct FailedCall {
     const char* function;
     Fault fault;
     Verdict verdict;
-    DWORD error;  // 0: the verdict promises none
+    DWORD error;  // 0: not specified for this verdict
 };
 
 class ExaminationWithAFault : public ExaminationTest,
@@ -73,11 +73,11 @@ struct FilterVerdict {
     Verdict verdict;
 };
 
-// Against a device of vendor 0x0488 whose collection has usage page 0xFF80 and usage 0x80.
+// The filters are applied to vendor 0x0488, usage page 0xFF80 and usage 0x80.
 class ExaminationWithFilters : public ExaminationTest,
                                public testing::WithParamInterface<FilterVerdict> {};
 
-TEST_P(ExaminationWithFilters, SaysWhichPartDoesNotFit) {
+TEST_P(ExaminationWithFilters, ReturnsWhichPartDoesNotFit) {
     const auto device = Plug();
     query_.filters = GetParam().filters;
     const vela::Examination examination = Examine(device->Path());

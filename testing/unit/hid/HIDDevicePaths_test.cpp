@@ -1,4 +1,4 @@
-// Which device paths the machine's HID interfaces give, and what is asked of the platform for them.
+// The device paths of the machine's HID interfaces, and the platform calls that list them.
 #include "hid/HIDDevicePaths.h"
 #include "testing/unit/hid/HidTest.h"
 
@@ -44,7 +44,7 @@ TEST_F(HIDDevicePathsTest, PathsComeInTheOrderOfTheEnumeration) {
     EXPECT_THAT(log_.Texts(), IsEmpty());
 }
 
-TEST_F(HIDDevicePathsTest, EachPathIsAskedForInABlockOfItsSize) {
+TEST_F(HIDDevicePathsTest, EachPathIsReadIntoABlockOfItsSize) {
     PlugAt(L"\\\\?\\hid#a");
     PlugAt(L"\\\\?\\hid#longer");
     const std::string first = std::to_string(4 + 10 * sizeof(wchar_t));
@@ -124,7 +124,7 @@ struct SkippedInterface {
     const char* function;
     Fault fault;
     std::size_t skip;         // calls of the function before the failing one
-    std::size_t allocations;  // blocks asked for in all
+    std::size_t allocations;  // blocks requested in all
     std::size_t frees;
 };
 
@@ -149,7 +149,7 @@ INSTANTIATE_TEST_SUITE_P(
                     SkippedInterface{"NoSizeOfASuccess", kDetail, Fault::Result(TRUE), 2, 2, 2},
                     SkippedInterface{"NoMemory", "GlobalAlloc", Fault::Error(8), 1, 3, 2},
                     SkippedInterface{"NoPath", kDetail, Fault::Error(13), 3, 3, 3},
-                    // An answer that is neither of the two is no success.
+                    // The result is a BOOL: neither 2 nor -1 is TRUE.
                     SkippedInterface{"AnAnswerOfTwo", kDetail, Fault::Result(2), 3, 3, 3},
                     SkippedInterface{"AnAnswerBelowZero", kDetail, Fault::Result(-1), 3, 3, 3}),
     [](const auto& test) { return test.param.name; });

@@ -1,4 +1,4 @@
-// Which collections a session's filters let through.
+// The filters of a session and the collections that they accept.
 #include "testing/unit/hid/HidTest.h"
 
 namespace hid_test {
@@ -12,7 +12,7 @@ struct FilterCase {
     bool found;
 };
 
-// Against a device of vendor 0x0488 whose collection has usage page 0xFF80 and usage 0x80.
+// The filters are applied to vendor 0x0488, usage page 0xFF80 and usage 0x80.
 class DeviceFilter : public HidTest, public testing::WithParamInterface<FilterCase> {};
 
 TEST_P(DeviceFilter, NeedsVendorPageAndUsageOfOneEntry) {
@@ -33,7 +33,7 @@ INSTANTIATE_TEST_SUITE_P(
         FilterCase{"OtherUsage", {{0x0488, 0xFF80, 0x81}}, false},
         FilterCase{"AnyVendorOtherPage", {{0, 0xFF81, 0x80}}, false},
         FilterCase{"AnyVendorOtherUsage", {{0, 0xFF80, 0x81}}, false},
-        // Only a vendor can be left open.
+        // Only the vendor can be a wildcard.
         FilterCase{"NoPage", {{0x0488, 0, 0x80}}, false},
         FilterCase{"NoUsage", {{0x0488, 0xFF80, 0}}, false},
         FilterCase{"SecondOfTwo", {{0x0489, 0xFF80, 0x80}, {0x0488, 0xFF80, 0x80}}, true},
@@ -62,7 +62,7 @@ TEST_F(DeviceFilters, ZeroInADeviceIsAVendorLikeAnyOther) {
     EXPECT_EQ(Scan()->devicePath, device->Path());
 }
 
-TEST_F(DeviceFilters, ProductIdsAreNotAsked) {
+TEST_F(DeviceFilters, ProductIdsAreNotCompared) {
     TouchpadLayout layout;
     layout.productId = 0;
     const auto device = Plug(layout);

@@ -1,4 +1,4 @@
-// Interfaces that a scan turns down on its way, and what stays of them.
+// Interfaces that a scan rejects, and what it keeps allocated of them.
 #include "testing/unit/hid/HidTest.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
@@ -14,9 +14,9 @@ const std::string kFound =
 struct FailingCall {
     const char* function;
     Fault fault;
-    std::vector<std::string> log;        // beside the line of the device found
-    std::vector<std::string> questions;  // about the first device
-    std::size_t descriptorsLeft;         // of the first device
+    std::vector<std::string> log;      // besides the line of the device found
+    std::vector<std::string> queries;  // about the first device
+    std::size_t preparsedDataLeft;     // of the first device
 };
 
 class FailingCandidate : public HidTest, public testing::WithParamInterface<FailingCall> {};
@@ -30,22 +30,22 @@ TEST_P(FailingCandidate, IsClosedAndTheNextOneTaken) {
         EXPECT_EQ(record->devicePath, second->Path());
         EXPECT_EQ(record->valueCapsMap.size(), 11U);
         EXPECT_EQ(record->buttonCapsMap.size(), 13U);
-        EXPECT_EQ(DescriptorsInUse(), GetParam().descriptorsLeft + 1);
+        EXPECT_EQ(PreparsedDataInUse(), GetParam().preparsedDataLeft + 1);
         log_.Finish();
     }
-    EXPECT_EQ(DescriptorsInUse(), GetParam().descriptorsLeft);
+    EXPECT_EQ(PreparsedDataInUse(), GetParam().preparsedDataLeft);
 
     auto log = GetParam().log;
     log.push_back(kFound);
     EXPECT_EQ(log_.Texts(), log);
-    auto questions = GetParam().questions;
-    for (const char* const question : {"filters", "value pages", "button pages"}) {
-        questions.emplace_back(question);
+    auto queries = GetParam().queries;
+    for (const char* const query : {"filters", "value pages", "button pages"}) {
+        queries.emplace_back(query);
     }
-    EXPECT_EQ(query_.Questions(), questions);
+    EXPECT_EQ(query_.Questions(), queries);
 }
 
-// The list calls answer with a status and leave the last error alone.
+// The list calls return a status and set no last error.
 INSTANTIATE_TEST_SUITE_P(
     Calls, FailingCandidate,
     testing::Values(
@@ -75,7 +75,7 @@ class SkippedCandidate : public HidTest {
         return "WARNING " + function + ": " + function +
                " failed, doesn't have matched report type";
     }
-    // A device of the touchpad's vendor, page and usage with these fields.
+    // Plugs a device of the touchpad's vendor, page and usage with these fields.
     void PlugCollection(ReportDescriptorBuilder open) {
         DeviceDescription description = Describe({});
         description.reportDescriptor = open.EndCollection().Bytes();
@@ -123,13 +123,13 @@ TEST_F(SkippedCandidate, LeavesNothingInTheRecordWhenItWasTheLast) {
     EXPECT_THAT(log_.TextsOf("ScanHIDInformation"), IsEmpty());
 }
 
-// Freeing parsed descriptors is the record's business alone, and only the device found gets one.
-TEST_F(SkippedCandidate, KeepsItsParsedDescriptorAllocated) {
+// Only a record frees its preparsed data, and only the device found gets a record.
+TEST_F(SkippedCandidate, KeepsItsPreparsedDataAllocated) {
     TouchpadLayout other;
     other.usage = 0x81;
     Plug(other);
     for (int i = 0; i < 3; ++i) Scan();
-    EXPECT_EQ(DescriptorsInUse(), 3U);
+    EXPECT_EQ(PreparsedDataInUse(), 3U);
     EXPECT_EQ(machine_.CountCalls("HidD_FreePreparsedData"), 0U);
 }
 
@@ -159,7 +159,7 @@ TEST_F(SkippedCandidate, MayVanishBetweenTheListAndItsOpening) {
     EXPECT_THAT(log_.Texts(), testing::Contains(kFound));
 }
 
-// --- a list that cannot be had -------------------------------------------------------------------
+// --- a list that is not available ----------------------------------------------------------------
 
 class FailingList : public HidTest {};
 

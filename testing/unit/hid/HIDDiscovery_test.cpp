@@ -76,13 +76,13 @@ TEST_F(HIDDiscoveryTest, FillsTheRecordOfTheDeviceFound) {
     EXPECT_TRUE(record->GetFeatureValueCaps(98, clickMode));
     HIDP_BUTTON_CAPS request{};
     EXPECT_TRUE(record->GetButtonCaps(HidP_Output, 48, request));
-    EXPECT_EQ(DescriptorsInUse(), 1U);
+    EXPECT_EQ(PreparsedDataInUse(), 1U);
     EXPECT_THAT(log_.Texts(),
                 ElementsAre("INFO ScanHIDInformation: GetHIDInformation PID (0xbeef) FW "
                             "version(0x107)."));
 }
 
-TEST_F(HIDDiscoveryTest, LooksWithoutAccessAndStopsAtTheFirstMatch) {
+TEST_F(HIDDiscoveryTest, OpensWithoutAccessAndStopsAtTheFirstMatch) {
     TouchpadLayout other;
     other.vendorId = 0x1234;
     const auto first = Plug(other);
@@ -131,7 +131,7 @@ TEST_F(HIDDiscoveryTest, TakesTheFirstOfTwoMatchesInTheSystemsOrder) {
     EXPECT_EQ(Scan()->devicePath, second->Path());
 }
 
-TEST_F(HIDDiscoveryTest, LooksAfreshEveryTime) {
+TEST_F(HIDDiscoveryTest, ScansAnewEveryTime) {
     const auto device = Plug();
     const auto before = Scan();
     device->Unplug();
@@ -184,7 +184,7 @@ TEST_F(HIDDiscoveryTest, MayRunOnSeveralThreadsAtOnce) {
         });
     }
     for (std::thread& thread : threads) thread.join();
-    EXPECT_EQ(DescriptorsInUse(), 0U);
+    EXPECT_EQ(PreparsedDataInUse(), 0U);
 }
 
 }  // namespace

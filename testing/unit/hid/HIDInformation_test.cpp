@@ -1,4 +1,4 @@
-// The record of a found collection: what it starts as, how it is searched, how it ends.
+// The record of a found collection: its first state, its look-ups, its destruction.
 #include "hid/HIDInformation.h"
 
 #include <cstring>
@@ -28,7 +28,7 @@ bool AreSame(const Record& one, const Record& other) {
     return std::memcmp(&one, &other, sizeof one) == 0;
 }
 
-// Capabilities in which every byte says which one it is.
+// Returns capabilities in which every byte is `mark`.
 template <typename Caps>
 Caps Marked(int mark) {
     Caps caps;
@@ -88,19 +88,19 @@ TEST_F(HIDInformationTest, EndsWithTheCollectionsUsageInHexadecimal) {
                             " Usage (c) information"));
 }
 
-TEST_F(HIDInformationTest, FreesItsParsedDescriptorOnceWithTheLastReference) {
+TEST_F(HIDInformationTest, FreesItsPreparsedDataOnceWithTheLastReference) {
     Plug();
     auto record = Scan();
     machine_.ForgetCalls();
     auto second = record;
     record.reset();
-    EXPECT_EQ(DescriptorsInUse(), 1U);
+    EXPECT_EQ(PreparsedDataInUse(), 1U);
     second.reset();
-    EXPECT_EQ(DescriptorsInUse(), 0U);
+    EXPECT_EQ(PreparsedDataInUse(), 0U);
     EXPECT_THAT(machine_.CallTexts(), ElementsAre("HidD_FreePreparsedData()"));
 }
 
-TEST_F(HIDInformationTest, IsLoggedBeforeItsParsedDescriptorIsFreed) {
+TEST_F(HIDInformationTest, IsLoggedBeforeItsPreparsedDataIsFreed) {
     Plug();
     auto record = Scan();
     bool logged = false;
@@ -159,7 +159,7 @@ TEST_F(CapabilityLookup, OfAButtonGivesTheWholeRecordOfItsReportType) {
     }
 }
 
-// A catalogue filled from a device has no such key.
+// A catalogue that was filled from a device has no such key.
 TEST_F(CapabilityLookup, OfAButtonOfAnotherReportTypeUsesTheKeyWithoutAName) {
     HIDP_BUTTON_CAPS caps{};
     EXPECT_TRUE(record_.GetButtonCaps(5, 98, caps));

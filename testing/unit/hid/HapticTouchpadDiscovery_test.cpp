@@ -1,4 +1,4 @@
-// What the haptic session finds: any vendor's touchpad that has haptics.
+// The haptic session finds any vendor's touchpad that has haptics.
 #include "haptic/HapticTouchpadHID.h"
 
 #include "testing/unit/hid/HidTest.h"
@@ -25,7 +25,7 @@ class HapticTouchpadDiscovery : public HidTest {
             virtual_touchpad::BuildReportDescriptor(virtual_touchpad::HapticLayout{});
         return machine_.Plug(description);
     }
-    // A collection with a haptics page's usage among its features.
+    // Plugs a collection with a usage of `featurePage` among its features.
     std::shared_ptr<Device> PlugCollection(std::uint16_t page, std::uint16_t usage,
                                            std::uint16_t featurePage) {
         DeviceDescription description;

@@ -1,5 +1,5 @@
-// The stage of discovery's tests: a simulated machine, a log, and a query with what it wants.
-// Whatever the agent took from the machine while a test ran, it has to have given back.
+// The fixture of discovery's tests: a simulated machine, a log, and a query with its wanted pages.
+// It checks that every handle is closed and all memory is freed after each test.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -44,9 +44,9 @@ class HidTest : public testing::Test {
     }
     std::shared_ptr<vela::CHIDInformation> Scan() { return vela::ScanHIDInformation(&query_); }
 
-    // Parsed descriptors that are still allocated since the test began.
-    std::size_t DescriptorsInUse() const {
-        return machine_.PreparsedDataInUse() - descriptorsAtFirst_;
+    // Returns how many preparsed data allocated since the test began are still in use.
+    std::size_t PreparsedDataInUse() const {
+        return machine_.PreparsedDataInUse() - preparsedDataAtFirst_;
     }
 
     Machine& machine_ = Machine::Get();
@@ -54,7 +54,7 @@ class HidTest : public testing::Test {
     ScriptedQuery query_;
 
  private:
-    std::size_t descriptorsAtFirst_ = machine_.PreparsedDataInUse();
+    std::size_t preparsedDataAtFirst_ = machine_.PreparsedDataInUse();
 };
 
 }  // namespace hid_test

@@ -1,5 +1,4 @@
-// What the sessions find: the button touchpad of the vendors in "Vela.ini", and any haptic
-// touchpad.
+// Discovery of the button touchpad of the vendors in "Vela.ini", and of any haptic touchpad.
 #include "testing/kit/native/LibraryFolder.h"
 #include "testing/unit/hid/HidTest.h"
 

@@ -1,4 +1,4 @@
-// The vendor ids of "Vela.ini", and the filters that follow from them.
+// The vendor ids of "Vela.ini", and the filters made from them.
 #include "hid/VendorList.h"
 
 #include "testing/kit/native/LibraryFolder.h"
@@ -17,7 +17,7 @@ std::string Skipped(const std::string& name) {
 
 class VendorListTest : public HidTest {
  protected:
-    // The vendor ids of the filters, each of which names the touchpad's collection.
+    // Returns the vendor ids of the filters, all of which must name the touchpad's collection.
     std::vector<std::uint16_t> FilterVendors() {
         std::vector<std::uint16_t> vendors;
         for (const vela::HidDeviceFilter& filter :
@@ -34,7 +34,7 @@ class VendorListTest : public HidTest {
     }
 };
 
-// --- where the file is looked for ----------------------------------------------------------------
+// --- the place of the file -----------------------------------------------------------------------
 
 TEST_F(VendorListTest, NoFileIsLookedForBeforeTheLibraryWasAttached) {
     EXPECT_THAT(GetVidsFromFile(), IsEmpty());
@@ -91,7 +91,7 @@ TEST_F(VendorListTest, APathTooLongForTheBufferIsNoFile) {
     EXPECT_EQ(machine_.CountCalls("GetPrivateProfileSectionNamesW"), 0U);
 }
 
-// --- what the file says --------------------------------------------------------------------------
+// --- the content of the file ---------------------------------------------------------------------
 
 TEST_F(VendorListTest, WithoutAFileTheDefaultVendorIsLookedFor) {
     const LibraryFolder folder;
@@ -158,13 +158,13 @@ INSTANTIATE_TEST_SUITE_P(
                  {0x2F00},
                  {0x2F00},
                  {Skipped("100000000"), Skipped("123456789ABCDEF0123")}},
-        // They count down from the end of the range.
+        // Negative numbers wrap around at 2^32.
         FileCase{"MinusSigns",
                  "[-1]\n[-FFFFFFFF]\n[-100000000]\n",
                  {0xFFFFFFFF, 1},
                  {0xFFFF, 1},
                  {Skipped("-100000000")}},
-        // Low bits of zero mean any vendor.
+        // Vendor 0 in the low 16 bits means any vendor.
         FileCase{"Zero", "[0]\n[10000]\n", {0, 0x10000}, {0, 0}, {}}),
     [](const testing::TestParamInfo<FileCase>& test) { return test.param.name; });
 
@@ -176,7 +176,7 @@ TEST_F(VendorListTest, EveryBadNameIsLoggedInWhateverLetters) {
         text += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
     }
     folder.PutVelaIni(text);
-    // "caf" is a number, and what stands behind it is ignored.
+    // "caf" parses as a hexadecimal number; the rest of that name is ignored.
     EXPECT_THAT(GetVidsFromFile(), ElementsAre(0xCAF, 0x1A2B));
     EXPECT_THAT(log_.TextsOf("GetVidsFromFile"),
                 ElementsAre(Skipped("zz"), Skipped("klju\xC4\x8D"), Skipped("\xE4\xBD\xA0"),
@@ -188,7 +188,7 @@ TEST_F(VendorListTest, AListThatDoesNotFitIsReadAsFarAsItFits) {
     std::string text;
     for (int i = 0; i < 1000; ++i) text += "[1A2B]\n";
     folder.PutVelaIni(text);
-    // Five characters each, terminator included, in 4094 of them.
+    // Each name takes five characters with its terminator; 4094 characters fit.
     EXPECT_THAT(GetVidsFromFile(), testing::AllOf(testing::SizeIs(819), testing::Each(0x1A2BU)));
 }
 
