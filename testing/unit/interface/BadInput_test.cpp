@@ -1,4 +1,4 @@
-// Arguments that no button, level or mode stands behind, and a touchpad that is gone.
+// Unknown button ids, levels and modes, and a touchpad that is gone.
 #include "testing/kit/native/ExportsTest.h"
 #include "testing/kit/native/WrittenReports.h"
 
@@ -35,7 +35,7 @@ TEST_P(UnknownButton, NeverReadsAsEnabled) {
     EXPECT_FALSE(session_.IsButtonBreathingEnabled(GetParam()));
 }
 
-TEST_P(UnknownButton, MayBeAskedForWithoutASession) {
+TEST_P(UnknownButton, MayBeQueriedWithoutASession) {
     EXPECT_EQ(IsSingleButtonEnabled(GetParam()), 0);
     EXPECT_EQ(EnableSingleButton(GetParam(), 1), 0);
     EXPECT_THAT(machine_.CallTexts(), IsEmpty());
@@ -51,7 +51,7 @@ TEST_F(UnknownButtons, ByTheThousandDoNotDisturbTheKnownOnes) {
     for (std::uint32_t id = 4; id < 5000; ++id) {
         ASSERT_EQ(IsSingleButtonEnabled(id), 0);
     }
-    SetButtonLight(0, 1);
+    SetButtonLight(VELA_BUTTON_CAMERA, 1);
     EXPECT_THAT(WrittenReports(session_, *device_),
                 ElementsAre(LightReport(
                     "camera on 3, microphone off 3, chat 3, share screen 3; all active")));
@@ -61,7 +61,7 @@ TEST_F(UnknownButtons, ByTheThousandDoNotDisturbTheKnownOnes) {
 
 class VanishedTouchpad : public ExportsTest, public testing::WithParamInterface<bool> {
  protected:
-    // A fixed touchpad, whose absence only its failing calls tell, or one that is probed.
+    // The absence of a fixed touchpad shows only in failing calls; a detachable one is probed.
     void OpenAndUnplug() {
         ASSERT_NO_FATAL_FAILURE(Open(GetParam() ? DetachableLayout() : kit::TouchpadLayout{}));
         ASSERT_EQ(IsDetachable(), GetParam() ? 1 : 0);
@@ -71,17 +71,17 @@ class VanishedTouchpad : public ExportsTest, public testing::WithParamInterface<
     }
 };
 
-TEST_P(VanishedTouchpad, LeavesEveryExportAnswering) {
+TEST_P(VanishedTouchpad, LetsEveryExportReturn) {
     OpenAndUnplug();
     EXPECT_EQ(EnableFeature(1), 1);
     EXPECT_EQ(IsFeatureEnabled(), 1);
-    EXPECT_EQ(Activate(5), 1);
-    EXPECT_EQ(EnableSingleButton(0, 1), 1);
-    EXPECT_EQ(IsSingleButtonEnabled(0), 1);
+    EXPECT_EQ(Activate(VELA_SUSPENDED), 1);
+    EXPECT_EQ(EnableSingleButton(VELA_BUTTON_CAMERA, 1), 1);
+    EXPECT_EQ(IsSingleButtonEnabled(VELA_BUTTON_CAMERA), 1);
     EXPECT_EQ(EnableChatBreathing(1), 1);
-    EXPECT_EQ(SetButtonVisible(0, 1), 1);
-    EXPECT_EQ(SetButtonLight(0, 1), 1);
-    EXPECT_EQ(SetButtonBreathing(2, 1), 1);
+    EXPECT_EQ(SetButtonVisible(VELA_BUTTON_CAMERA, 1), 1);
+    EXPECT_EQ(SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
+    EXPECT_EQ(SetButtonBreathing(VELA_BUTTON_CHAT, 1), 1);
     SetVelaBrightness(9);
     EXPECT_EQ(GetVelaBrightness(), 9U);
     EXPECT_EQ(SetClickMode(1, 300), 0);

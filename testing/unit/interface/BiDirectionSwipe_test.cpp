@@ -1,4 +1,4 @@
-// Which touchpads know the gesture in both directions.
+// The touchpads that support the swipe gesture in both directions.
 #include "testing/kit/native/ExportsTest.h"
 #include "testing/kit/native/LibraryFolder.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
@@ -43,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(
                     SwipeCase{"FirstFirmwareWithIt", 0x0488, 99, {0x10}, 1},
                     SwipeCase{"LaterFirmware", 0x0488, 0xFFFF, {0x10}, 1},
                     SwipeCase{"GestureInAnotherReport", 0x0488, 98, {0x01}, 1},
-                    // The later capability of a usage is the one that counts.
+                    // A usage in two reports is catalogued once, with its later capability.
                     SwipeCase{"GestureInBothThisOneLast", 0x0488, 98, {0x01, 0x10}, 0},
                     SwipeCase{"GestureInBothTheOtherLast", 0x0488, 98, {0x10, 0x01}, 1},
                     SwipeCase{"OtherVendor", 0x1A2B, 98, {0x10}, 1}),
@@ -69,7 +69,7 @@ TEST_F(SwipeTest, IsThereOnATouchpadWithoutTheGestureUsage) {
     EXPECT_EQ(IsSupportBiDirectionSwipe(), 1);
 }
 
-TEST_F(SwipeTest, IsNotToldWithoutASession) {
+TEST_F(SwipeTest, IsNotReportedWithoutASession) {
     Plug();
     EXPECT_EQ(IsSupportBiDirectionSwipe(), 0);
     ASSERT_EQ(Init(), 1);

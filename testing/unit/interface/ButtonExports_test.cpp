@@ -1,4 +1,4 @@
-// The buttons' flags, as the host sets and asks for them.
+// The buttons' flags as the host sets and reads them.
 #include "testing/kit/native/ExportsTest.h"
 #include "testing/kit/native/WrittenReports.h"
 
@@ -94,9 +94,9 @@ TEST_F(ButtonExportsTest, AreDisabledAtFirst) {
 
 TEST_F(ButtonExportsTest, AnUnchangedFlagIsNotWrittenAgain) {
     OpenAndLight();
-    EXPECT_EQ(EnableSingleButton(0, 1), 1);
-    EXPECT_EQ(SetButtonVisible(0, 1), 1);
-    EXPECT_EQ(SetButtonLight(0, 0), 1);
+    EXPECT_EQ(EnableSingleButton(VELA_BUTTON_CAMERA, 1), 1);
+    EXPECT_EQ(SetButtonVisible(VELA_BUTTON_CAMERA, 1), 1);
+    EXPECT_EQ(SetButtonLight(VELA_BUTTON_CAMERA, 0), 1);
     EXPECT_EQ(EnableChatBreathing(0), 1);
     EXPECT_THAT(Written(), IsEmpty());
 }
@@ -108,9 +108,9 @@ TEST_F(ButtonExportsTest, ChatBreathingIsAllowedStartedAndStopped) {
     EXPECT_EQ(EnableChatBreathing(1), 1);
     EXPECT_EQ(IsChatBreathingEnabled(), 1);
     EXPECT_THAT(Written(), IsEmpty());
-    EXPECT_EQ(SetButtonBreathing(2, 1), 1);
-    EXPECT_EQ(SetButtonLight(3, 1), 1);
-    EXPECT_EQ(SetButtonBreathing(2, 0), 1);
+    EXPECT_EQ(SetButtonBreathing(VELA_BUTTON_CHAT, 1), 1);
+    EXPECT_EQ(SetButtonLight(VELA_BUTTON_SHARE_SCREEN, 1), 1);
+    EXPECT_EQ(SetButtonBreathing(VELA_BUTTON_CHAT, 0), 1);
     EXPECT_THAT(Written(), ElementsAre(AllLit(8), AllLit(15), AllLit(0)));
     EXPECT_THAT(LogOf("SetButtonBreathing"),
                 ElementsAre("INFO SetButtonBreathing: SetButtonBreathing for BUTTON_ID 2 (1)",
@@ -120,7 +120,7 @@ TEST_F(ButtonExportsTest, ChatBreathingIsAllowedStartedAndStopped) {
 TEST_F(ButtonExportsTest, ForbiddingChatBreathingEndsIt) {
     OpenAndLight();
     EnableChatBreathing(1);
-    SetButtonBreathing(2, 1);
+    SetButtonBreathing(VELA_BUTTON_CHAT, 1);
     Written();
     EXPECT_EQ(EnableChatBreathing(0), 1);
     EXPECT_EQ(IsChatBreathingEnabled(), 0);
@@ -133,18 +133,18 @@ TEST_F(ButtonExportsTest, ForbiddingChatBreathingEndsIt) {
 
 TEST_F(ButtonExportsTest, BreathingThatWasNotAllowedIsNotShown) {
     OpenAndLight();
-    EXPECT_EQ(SetButtonBreathing(2, 1), 1);
+    EXPECT_EQ(SetButtonBreathing(VELA_BUTTON_CHAT, 1), 1);
     EXPECT_THAT(Written(), ElementsAre(AllLit(0)));
 }
 
 TEST_F(ButtonExportsTest, BreathingReportsAreWrittenAlthoughUnchanged) {
     OpenAndLight();
-    SetButtonBreathing(2, 0);
-    SetButtonBreathing(0, 1);
+    SetButtonBreathing(VELA_BUTTON_CHAT, 0);
+    SetButtonBreathing(VELA_BUTTON_CAMERA, 1);
     EXPECT_THAT(Written(), ElementsAre(AllLit(), AllLit()));
 }
 
-// --- what counts as true -------------------------------------------------------------------------
+// --- arguments that mean true --------------------------------------------------------------------
 
 class TrueArgument : public ButtonExportsTest, public testing::WithParamInterface<VELA_BOOL> {};
 
@@ -152,18 +152,18 @@ TEST_P(TrueArgument, IsAnyOtherNumberThanZero) {
     Open();
     EXPECT_EQ(EnableFeature(GetParam()), 1);
     EXPECT_EQ(IsFeatureEnabled(), 1);
-    EXPECT_EQ(EnableSingleButton(0, GetParam()), 1);
-    EXPECT_EQ(IsSingleButtonEnabled(0), 1);
+    EXPECT_EQ(EnableSingleButton(VELA_BUTTON_CAMERA, GetParam()), 1);
+    EXPECT_EQ(IsSingleButtonEnabled(VELA_BUTTON_CAMERA), 1);
     EXPECT_EQ(EnableChatBreathing(GetParam()), 1);
     EXPECT_EQ(IsChatBreathingEnabled(), 1);
-    EXPECT_EQ(SetButtonVisible(0, GetParam()), 1);
-    EXPECT_EQ(SetButtonLight(0, GetParam()), 1);
-    EXPECT_EQ(SetButtonBreathing(2, GetParam()), 1);
-    EXPECT_EQ(Activate(0), 1);
+    EXPECT_EQ(SetButtonVisible(VELA_BUTTON_CAMERA, GetParam()), 1);
+    EXPECT_EQ(SetButtonLight(VELA_BUTTON_CAMERA, GetParam()), 1);
+    EXPECT_EQ(SetButtonBreathing(VELA_BUTTON_CHAT, GetParam()), 1);
+    EXPECT_EQ(Activate(VELA_ACTIVE), 1);
     Written();
-    SetButtonVisible(2, 1);
-    SetButtonBreathing(2, GetParam());
-    EnableSingleButton(2, 1);
+    SetButtonVisible(VELA_BUTTON_CHAT, 1);
+    SetButtonBreathing(VELA_BUTTON_CHAT, GetParam());
+    EnableSingleButton(VELA_BUTTON_CHAT, 1);
     EXPECT_THAT(
         Written(),
         testing::Contains(LightReport("camera on 3, chat 3, breathing 8; camera, chat active")));

@@ -1,4 +1,4 @@
-// The host's two callbacks, as it registers and loses them.
+// Registering, replacing and clearing the host's two callbacks.
 #include "testing/kit/native/ExportsTest.h"
 
 namespace {
@@ -6,7 +6,6 @@ namespace {
 using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
 
 class CallbackExportsTest : public ExportsTest {
  protected:
@@ -16,14 +15,14 @@ class CallbackExportsTest : public ExportsTest {
         EnableSingleButton(VELA_BUTTON_CAMERA, 1);
         EnableSingleButton(VELA_BUTTON_CHAT, 1);
     }
-    // The touchpad reports, and the session has dealt with it.
+    // Sends the touchpad's report and waits until the session has handled it.
     void Receive(const std::vector<std::uint16_t>& usages) {
         device_->SendInput(InputReport(usages));
         WaitUntilRead();
     }
 
  private:
-    // Reads are issued one after the other: the next is pending when a report is dealt with.
+    // The reader issues one read at a time: the next is pending once a report was handled.
     void WaitUntilRead() { ASSERT_TRUE(device_->WaitForPendingReads()); }
 };
 

@@ -1,4 +1,4 @@
-// What every export answers while no session is open.
+// The exports' results while no session is open.
 #include "testing/kit/native/ExportsTest.h"
 
 namespace {
@@ -13,11 +13,11 @@ class ClosedSessionTest : public ExportsTest {
         machine_.ForgetCalls();
         for (const VELA_BOOL flag : {0, 1}) {
             EXPECT_EQ(EnableFeature(flag), 0);
-            EXPECT_EQ(EnableSingleButton(0, flag), 0);
+            EXPECT_EQ(EnableSingleButton(VELA_BUTTON_CAMERA, flag), 0);
             EXPECT_EQ(EnableChatBreathing(flag), 0);
-            EXPECT_EQ(SetButtonLight(1, flag), 0);
-            EXPECT_EQ(SetButtonVisible(2, flag), 0);
-            EXPECT_EQ(SetButtonBreathing(2, flag), 0);
+            EXPECT_EQ(SetButtonLight(VELA_BUTTON_MICROPHONE, flag), 0);
+            EXPECT_EQ(SetButtonVisible(VELA_BUTTON_CHAT, flag), 0);
+            EXPECT_EQ(SetButtonBreathing(VELA_BUTTON_CHAT, flag), 0);
         }
         for (const std::uint32_t value : {0U, 1U, 4U, 5U}) EXPECT_EQ(Activate(value), 0);
         EXPECT_EQ(SetClickMode(1, 300), 0);
@@ -26,7 +26,7 @@ class ClosedSessionTest : public ExportsTest {
         EXPECT_EQ(IsSupportBiDirectionSwipe(), 0);
         EXPECT_EQ(IsFeatureEnabled(), 0);
         EXPECT_EQ(IsActivated(), 0);
-        EXPECT_EQ(IsSingleButtonEnabled(0), 0);
+        EXPECT_EQ(IsSingleButtonEnabled(VELA_BUTTON_CAMERA), 0);
         EXPECT_EQ(IsChatBreathingEnabled(), 0);
         SetVelaBrightness(9);
         EXPECT_EQ(GetVelaBrightness(), 3U);
@@ -65,7 +65,7 @@ TEST_F(ClosedSessionTest, RefusedChangesDoNotShowInTheNextSession) {
     Plug();
     ExpectRefusals();
     ASSERT_EQ(Init(), 1);
-    EXPECT_EQ(IsSingleButtonEnabled(0), 0);
+    EXPECT_EQ(IsSingleButtonEnabled(VELA_BUTTON_CAMERA), 0);
     EXPECT_EQ(IsChatBreathingEnabled(), 0);
     EXPECT_EQ(IsFeatureEnabled(), 0);
     EXPECT_EQ(IsActivated(), 0);

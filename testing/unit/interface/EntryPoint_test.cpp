@@ -25,7 +25,7 @@ class EntryPointTest : public testing::TestWithParam<DWORD> {
 TEST_P(EntryPointTest, AgreesToEveryReasonAndDoesNothingElse) {
     kit::AgentLog log;
     EXPECT_EQ(DllMain(module_, GetParam(), nullptr), TRUE);
-    // A detaching because the process ends is for good: ProcessExit_test.cpp.
+    // A process detach with a non-null `reserved` is final: ProcessExit_test.cpp tests it.
     const bool endsProcess = GetParam() == DLL_PROCESS_DETACH;
     EXPECT_EQ(DllMain(module_, GetParam(), endsProcess ? nullptr : &log), TRUE);
     EXPECT_THAT(Machine::Get().CallTexts(), IsEmpty());

@@ -53,7 +53,7 @@ TEST_F(InitTest, LeavesTheLightsAndTheHostAlone) {
     EXPECT_THAT(kit::HostCallbacks::Calls(), IsEmpty());
 }
 
-TEST_F(InitTest, ATouchpadThatAnotherProcessHoldsIsToldApart) {
+TEST_F(InitTest, ATouchpadThatAnotherProcessHoldsHasAResultOfItsOwn) {
     Plug();
     device_->HoldElsewhere();
     EXPECT_EQ(Init(), 3);
@@ -90,7 +90,7 @@ TEST_F(InitTest, ASecondInitFindsTheSessionOpenAndOpensNothing) {
     EXPECT_EQ(Init(), 1);
     EXPECT_EQ(Init(), 1);
     EXPECT_EQ(device_->OpenHandles(), 1U);
-    // Two scans, one open.
+    // Two scans open the device once each, the session once.
     EXPECT_EQ(machine_.CountCalls("CreateFileW"), 3U);
     EXPECT_THAT(
         LogOf("Initialize"),
@@ -159,7 +159,7 @@ TEST_F(UnInitTest, ClosesTheSessionOnce) {
     EXPECT_EQ(device_->OpenHandles(), 0U);
     EXPECT_FALSE(machine_.MutexExists(L"Global\\VelaDeviceMutex"));
     EXPECT_EQ(machine_.PreparsedDataInUse(), 0U);
-    // The session's events stay.
+    // The session keeps its events open.
     EXPECT_THAT(machine_.OpenHandles(), testing::Each(StartsWith("event#")));
     EXPECT_THAT(machine_.Misuse(), IsEmpty());
 }
@@ -175,7 +175,7 @@ TEST_F(UnInitTest, ResetsTheSwitches) {
     EXPECT_EQ(UnInit(), 1);
     EXPECT_EQ(IsActivated(), 0);
     EXPECT_EQ(IsFeatureEnabled(), 0);
-    EXPECT_EQ(IsSingleButtonEnabled(0), 0);
+    EXPECT_EQ(IsSingleButtonEnabled(VELA_BUTTON_CAMERA), 0);
     EXPECT_EQ(IsChatBreathingEnabled(), 0);
 }
 
@@ -183,7 +183,7 @@ TEST_F(UnInitTest, MayBeFollowedByANewInit) {
     Plug();
     for (int round = 0; round < 3; ++round) {
         EXPECT_EQ(Init(), 1);
-        EXPECT_EQ(Activate(0), 1);
+        EXPECT_EQ(Activate(VELA_ACTIVE), 1);
         EXPECT_EQ(EnableFeature(1), 1);
         EXPECT_EQ(UnInit(), 1);
     }

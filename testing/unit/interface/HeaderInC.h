@@ -1,4 +1,4 @@
-/* What the C side of the header's test tells the C++ side. */
+/* The C side of the header's test, for the C++ side. */
 #ifndef HEADER_IN_C_H
 #define HEADER_IN_C_H
 

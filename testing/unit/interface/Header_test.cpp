@@ -1,5 +1,5 @@
-// The header for hosts: what a host of today is compiled against must hold for the library of
-// tomorrow.
+// The binary interface in the host header: hosts that were compiled with an older header must keep
+// working.
 #include "include/VelaAgent.h"
 
 #include <gmock/gmock.h>
@@ -38,7 +38,7 @@ TEST(HeaderTest, GivesCAndCppTheSameFunctions) {
     }
 }
 
-// Lines of a file of the source tree, without blanks around them.
+// Returns the lines of a file of the source tree, trimmed.
 std::vector<std::string> LinesOf(const std::string& file) {
     std::ifstream stream(std::string(VELA_SOURCE_FOLDER) + "/" + file);
     std::vector<std::string> lines;

@@ -1,4 +1,4 @@
-// Which touchpads Init opens because of the vendor ids in "Vela.ini".
+// Init opens touchpads of the vendors in "Vela.ini".
 #include "testing/kit/native/ExportsTest.h"
 #include "testing/kit/native/LibraryFolder.h"
 

@@ -23,7 +23,7 @@ class LoggerExportsTest : public testing::Test {
  protected:
     LoggerExportsTest() { simulator::Machine::Get().Reset(); }
 
-    // Without a session UnInit does no more than log a line.
+    // UnInit logs one line when no session is open.
     static void LogALine() { UnInit(); }
 
     static std::vector<std::string> Texts(const std::filesystem::path& folder) {
@@ -90,7 +90,7 @@ TEST_F(LoggerExportsTest, StoppingALoggerThatWasNotStartedDoesNothing) {
 }
 
 TEST_F(LoggerExportsTest, ANullDirectoryStartsNothing) {
-    // Where a file without a directory would be.
+    // The current folder is where a file without a directory would appear.
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(folder_);
     InitLogger(nullptr);
@@ -98,14 +98,14 @@ TEST_F(LoggerExportsTest, ANullDirectoryStartsNothing) {
     UnInitLogger();
     EXPECT_TRUE(std::filesystem::is_empty(folder_));
     std::filesystem::current_path(before);
-    // Nor does it count: one start is ended by one stop.
+    // The null start was not counted: one start is ended by one stop.
     InitLogger(folder_.wstring().c_str());
     UnInitLogger();
     LogALine();
     EXPECT_THAT(Texts(), ElementsAre(kLastLine));
 }
 
-TEST_F(LoggerExportsTest, ANullDirectoryIsToldToARunningLogAndDoesNotCount) {
+TEST_F(LoggerExportsTest, ANullDirectoryIsReportedInARunningLogAndDoesNotCount) {
     InitLogger(folder_.wstring().c_str());
     InitLogger(nullptr);
     UnInitLogger();

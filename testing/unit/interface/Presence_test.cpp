@@ -1,4 +1,4 @@
-// Whether a touchpad is there: the open session, the mark of another process, or a scan.
+// IsVelaPresent: with an open session, with another process's mutex, and by a scan.
 #include "testing/kit/native/ExportsTest.h"
 #include "testing/kit/native/LibraryFolder.h"
 
@@ -10,7 +10,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const std::wstring kMutex = L"Global\\VelaDeviceMutex";
-const std::string kMutexAsked = "OpenMutexW(0x1f0001, 0, \"Global\\VelaDeviceMutex\")";
+const std::string kMutexQuery = "OpenMutexW(0x1f0001, 0, \"Global\\VelaDeviceMutex\")";
 
 class PresenceTest : public ExportsTest {
  protected:
@@ -22,11 +22,11 @@ class PresenceTest : public ExportsTest {
 
 // --- no session ----------------------------------------------------------------------------------
 
-TEST_F(PresenceTest, WithoutATouchpadTheMutexIsAskedFirstAndThenTheMachine) {
+TEST_F(PresenceTest, WithoutATouchpadTheMutexIsCheckedFirstAndThenTheDevices) {
     EXPECT_EQ(IsVelaPresent(), 0);
     const std::vector<std::string> calls = machine_.CallTexts();
     ASSERT_GE(calls.size(), 2U);
-    EXPECT_EQ(calls[0], kMutexAsked);
+    EXPECT_EQ(calls[0], kMutexQuery);
     EXPECT_EQ(calls[1], "HidD_GetHidGuid()");
     EXPECT_EQ(Scans(), 1U);
     const std::vector<std::string> texts = log_.Texts();
@@ -74,15 +74,15 @@ TEST_F(PresenceTest, ATouchpadOfAVendorThatIsNotListedIsNotFound) {
     EXPECT_EQ(IsVelaPresent(), 1);
 }
 
-// --- the mark of another process -----------------------------------------------------------------
+// --- the mutex of another process ----------------------------------------------------------------
 
 TEST_F(PresenceTest, ADeniedMutexIsATouchpadInUseElsewhere) {
     machine_.HoldMutexElsewhere(kMutex, true);
     EXPECT_EQ(IsVelaPresent(), 1);
-    EXPECT_THAT(machine_.CallTexts(), ElementsAre(kMutexAsked));
+    EXPECT_THAT(machine_.CallTexts(), ElementsAre(kMutexQuery));
 }
 
-TEST_F(PresenceTest, AnyOtherFailureOfTheMutexLeavesTheAnswerToTheScan) {
+TEST_F(PresenceTest, AnyOtherFailureOfTheMutexLeavesTheDecisionToTheScan) {
     for (const std::uint32_t error : {2U, 6U, 1450U}) {
         machine_.FailNext("OpenMutexW", Fault::Error(error));
         EXPECT_EQ(IsVelaPresent(), 0) << error;
@@ -93,9 +93,9 @@ TEST_F(PresenceTest, AnyOtherFailureOfTheMutexLeavesTheAnswerToTheScan) {
     EXPECT_EQ(Scans(), 4U);
 }
 
-TEST_F(PresenceTest, AGrantedMutexLeavesTheAnswerToTheScanAndStaysOpen) {
+TEST_F(PresenceTest, AGrantedMutexLeavesTheDecisionToTheScanAndStaysOpen) {
     machine_.HoldMutexElsewhere(kMutex, false);
-    // An earlier call's last error is no answer.
+    // A last error of an earlier call must not count.
     SetLastError(ERROR_ACCESS_DENIED);
     EXPECT_EQ(IsVelaPresent(), 0);
     EXPECT_THAT(machine_.OpenHandles(), ElementsAre("mutex#1"));
@@ -108,7 +108,7 @@ TEST_F(PresenceTest, AGrantedMutexLeavesTheAnswerToTheScanAndStaysOpen) {
 
 // --- an open session -----------------------------------------------------------------------------
 
-TEST_F(PresenceTest, AnOpenSessionAnswersWithoutMutexOrScan) {
+TEST_F(PresenceTest, AnOpenSessionDecidesWithoutMutexOrScan) {
     Plug();
     ASSERT_EQ(Init(), 1);
     machine_.ForgetCalls();
@@ -134,19 +134,19 @@ TEST_F(PresenceTest, AnOpenSessionOnADetachableTouchpadIsPresentWhileTheTouchpad
                 ElementsAre("HidD_GetPreparsedData(file#3)", "HidD_FreePreparsedData()"));
     device_->Unplug();
     EXPECT_EQ(IsVelaPresent(), 0);
-    // Not the touchpad that came back, but the session's, counts.
+    // Only the session's own touchpad counts, not the one plugged in again.
     device_->PlugIn();
     EXPECT_EQ(IsVelaPresent(), 0);
     EXPECT_THAT(MutexCalls(), IsEmpty());
     EXPECT_EQ(Scans(), 0U);
 }
 
-TEST_F(PresenceTest, AfterTheSessionTheMutexAndTheScanAnswerAgain) {
+TEST_F(PresenceTest, AfterTheSessionTheMutexAndTheScanDecideAgain) {
     Open();
     UnInit();
     machine_.ForgetCalls();
     EXPECT_EQ(IsVelaPresent(), 1);
-    EXPECT_THAT(MutexCalls(), ElementsAre(kMutexAsked));
+    EXPECT_THAT(MutexCalls(), ElementsAre(kMutexQuery));
     EXPECT_EQ(Scans(), 1U);
     device_->Unplug();
     EXPECT_EQ(IsVelaPresent(), 0);

@@ -1,4 +1,4 @@
-// How a process ends that has used the library.
+// The exit of a process that has used the library.
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -22,14 +22,14 @@ using testing::KilledBySignal;
 
 constexpr int kHostsExitCode = 7;
 
-// Each test's host is a process of its own: the session is destroyed when a process exits.
+// Each test's host is a process of its own, as the session is destroyed when its process exits.
 class ProcessExitDeathTest : public testing::Test {
  protected:
     ProcessExitDeathTest() { testing::GTEST_FLAG(death_test_style) = "threadsafe"; }
 
-    // The touchpad is open, and the session's threads wait for work.
+    // Opens the touchpad; the session's threads then wait for work.
     static void Open(const TouchpadLayout& layout) {
-        // A host that hangs instead of ending.
+        // Ends a host that hangs.
         alarm(20);
         Machine::Get().Reset();
         const auto device = Machine::Get().Plug(Describe(layout));
@@ -102,17 +102,17 @@ TEST_F(ProcessExitDeathTest, IsAbnormalOnceADetachableTouchpadWasActive) {
 
 // --- the log of an ending process ----------------------------------------------------------------
 
-// On a real machine the other threads are gone by then, with whatever locks they held.
+// On Windows the other threads are already ended at this point, with their locks still held.
 void Detach(void* reserved) { DllMain(nullptr, DLL_PROCESS_DETACH, reserved); }
 
-// Runs inside a host. The pipe is the log file, which nobody reads: the first line never gets
-// through, and a thread that stops the logger waits for that with the logger's lock held.
+// Runs inside a host. The log file is a pipe without a reader: writing the first line blocks for
+// ever, and the thread that stops the logger waits for it with the logger's lock held.
 void StopLoggerForEver(const std::filesystem::path& folder) {
     alarm(20);
     mkfifo(kit::LogFileIn(folder).c_str(), 0600);
     InitLogger(folder.wstring().c_str());
     std::thread([] { UnInitLogger(); }).detach();
-    // The last line is queued under the lock.
+    // UnInitLogger queues its last line while it holds the lock.
     while (Machine::Get().CountCalls("GetFileAttributesExW") == 0) std::this_thread::yield();
 }
 
