@@ -1,5 +1,5 @@
-// Many threads log while others start and stop the logger: what was accepted is in the file, whole,
-// in each thread's own order.
+// Many threads log while others start and stop the logger: every accepted line is in the file,
+// whole and in its thread's order.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -27,8 +27,8 @@ constexpr int kThreads = 4;
 constexpr int kRounds = 10;
 constexpr std::uintmax_t kLimit = 5242880;
 
-// Threads that log 0, 1, 2, ... each under a name of its own. They run ahead of what they were
-// asked for by as much again, and so still log when whoever asked goes on, but fill no disk.
+// Threads that log 0, 1, 2, ... each under its own name. They may log twice as many lines as
+// requested, so they still log when the requesting thread continues, but never fill the disk.
 class Writers {
  public:
     explicit Writers(vela::ILog& logger) {
@@ -52,13 +52,13 @@ class Writers {
         }
     }
     static std::string Name(int thread) { return "thread" + std::to_string(thread); }
-    // How many calls of each thread have returned.
+    // Returns how many calls of each thread have returned.
     std::array<int, kThreads> Logged() const {
         std::array<int, kThreads> logged{};
         for (int i = 0; i < kThreads; ++i) logged[i] = logged_[i];
         return logged;
     }
-    // Waits until every thread is that many calls further.
+    // Waits until every thread has logged that many more lines.
     void LogFurther(int calls) {
         const auto before = Logged();
         allowed_ = *std::max_element(before.begin(), before.end()) + 2 * calls;
@@ -87,8 +87,8 @@ std::vector<int> NumbersOf(const std::string& name, const std::vector<LogLine>& 
     return numbers;
 }
 
-// Between two points of time: of each thread the lines of all calls that began after the first and
-// had returned by the second, without a gap. A call on its way at either may be there or not.
+// Expects each thread's lines between two points of time without a gap: those of calls that began
+// after the first and returned by the second. A call running at either point may be missing.
 void ExpectAllBetween(const std::array<int, kThreads>& from, const std::array<int, kThreads>& to,
                       const std::vector<LogLine>& lines) {
     for (int i = 0; i < kThreads; ++i) {
@@ -108,7 +108,7 @@ class LoggerConcurrency : public testing::Test {
     LoggerConcurrency() { Machine::Get().Reset(); }
 
     std::filesystem::path Backup() const { return file_.string() + ".old"; }
-    // Without what FillFile put there.
+    // Returns the lines of both files without the bytes that FillFile wrote.
     std::vector<LogLine> LinesOfBothFiles() const {
         const std::filesystem::path tail = file_.string() + ".tail";
         std::ifstream backup(Backup(), std::ios::binary);
@@ -122,7 +122,7 @@ class LoggerConcurrency : public testing::Test {
         std::filesystem::remove(file_);
         std::filesystem::remove(Backup());
     }
-    // As long as the file may become: the line after the next one moves it away.
+    // Fills the file to its size limit: the line after the next one rotates it.
     void FillFile() const {
         std::ofstream(file_).close();
         std::filesystem::resize_file(file_, kLimit);
@@ -180,7 +180,7 @@ TEST_F(LoggerConcurrency, ARotationUnderWayLosesNoLine) {
 }
 
 TEST_F(LoggerConcurrency, TheLastOfManyStopsEndsIt) {
-    // An outer pair keeps it running while two threads start and stop it.
+    // An outer start keeps the logger running while two threads start and stop it.
     logger_.Initialize(folder_.wstring());
     {
         Writers writers(logger_);
@@ -200,7 +200,7 @@ TEST_F(LoggerConcurrency, TheLastOfManyStopsEndsIt) {
         writers.Stop();
         ExpectAllBetween({}, accepted, ReadLogLines(file_));
     }
-    // The count is back at zero: one more pair writes its own last line and no other.
+    // The count is zero again: one more start and stop writes only its own last line.
     RemoveFiles();
     logger_.Initialize(folder_.wstring());
     logger_.UnInitialize();
@@ -220,7 +220,7 @@ TEST_F(LoggerConcurrency, ThreadsThatStartAndStopItByThemselvesEachGetTheirLines
         });
     }
     for (std::thread& thread : threads) thread.join();
-    // Whoever logs inside a pair of its own loses nothing, however the others' pairs lie.
+    // A thread that logs inside its own start and stop loses nothing, whatever the others do.
     const std::vector<LogLine> lines = ReadLogLines(file_);
     for (int i = 0; i < kThreads; ++i) {
         SCOPED_TRACE(Writers::Name(i));

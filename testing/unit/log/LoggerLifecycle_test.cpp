@@ -1,5 +1,4 @@
-// Starting and stopping the logger: where its file goes, how calls nest, what a failed start
-// leaves.
+// Starting and stopping the logger: the place of its file, nested calls, and failed starts.
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +20,7 @@ std::atomic<bool> refuseThreads{false};
 
 }  // namespace
 
-// Stands before the C library's function, for a process that may start no more threads.
+// Replaces the C library's function, for a process that may start no more threads.
 extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
                               void* (*start)(void*), void* argument) noexcept {
     if (refuseThreads) return EAGAIN;
@@ -61,7 +60,7 @@ class LoggerLifecycle : public testing::Test {
     vela::ILog& logger_ = *vela::GetLogger();
 };
 
-// --- the file's place ----------------------------------------------------------------------------
+// --- the place of the file -----------------------------------------------------------------------
 
 TEST_F(LoggerLifecycle, AppendsTheFilesNameToAnyDirectoryUnchecked) {
     WriteALineTo(folder_.wstring() + L"\\");
@@ -74,7 +73,7 @@ TEST_F(LoggerLifecycle, WithAnEmptyDirectoryWritesToTheRootOfTheCurrentDrive) {
     std::filesystem::current_path(folder_);
     WriteALineTo(L"");
     std::filesystem::current_path(before);
-    // Here a backslash is part of the name, so the root is no other place.
+    // On Linux a backslash is part of the file name.
     EXPECT_THAT(Texts(folder_ / "\\VelaAgent.log"), ElementsAre("INFO f: line", kLastLine));
 }
 
@@ -96,7 +95,7 @@ TEST_F(LoggerLifecycle, CountsFromZeroAfterEveryEnd) {
                                           "INFO f: line", kLastLine));
 }
 
-// Each thread's lines are logged while its own start counts, so none of them may be lost.
+// Each thread logs between its own start and stop, so no line may be lost.
 TEST_F(LoggerLifecycle, MayBeStartedAndStoppedByManyThreads) {
     constexpr int kThreads = 8;
     constexpr int kRounds = 50;
@@ -119,7 +118,7 @@ TEST_F(LoggerLifecycle, MayBeStartedAndStoppedByManyThreads) {
     EXPECT_THAT(next, testing::Each(kRounds));
 }
 
-// --- a logger that does not run ------------------------------------------------------------------
+// --- a logger that is not running ----------------------------------------------------------------
 
 TEST_F(LoggerLifecycle, DoesNotEvenFormatWhileItDoesNotRun) {
     const auto* const nowhere = reinterpret_cast<const char*>(1);
@@ -146,7 +145,7 @@ TEST_F(LoggerLifecycle, AStartWithoutAThreadIsRaisedAndDoesNotCount) {
     EXPECT_THAT(Texts(file_), ElementsAre("INFO f: line", kLastLine));
 }
 
-// --- lines that are lost alone -------------------------------------------------------------------
+// --- single lines that are lost ------------------------------------------------------------------
 
 TEST_F(LoggerLifecycle, GoesOnAfterALineThatDidNotReachTheFile) {
     std::filesystem::create_symlink("/dev/full", file_);

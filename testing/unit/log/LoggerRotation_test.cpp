@@ -1,4 +1,4 @@
-// The one backup of the log file, as lines make the file grow.
+// The log file's one backup and its size limit.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ class LoggerRotation : public testing::Test {
 
     std::filesystem::path Backup() const { return file_.string() + ".old"; }
 
-    // A file of one line, `text` at its end, of this size in all.
+    // Writes a file of one line that ends with `text` and is `size` bytes long in all.
     static void MakeFile(const std::filesystem::path& file, std::uintmax_t size,
                          const std::string& text) {
         const std::string head = "[2024-05-06 17:41:58] {INFO} ";
@@ -35,7 +35,7 @@ class LoggerRotation : public testing::Test {
             << head << std::string(size - head.size() - text.size() - 2, '.') << text << "\r\n";
         ASSERT_EQ(std::filesystem::file_size(file), size);
     }
-    // Of each line no more than its end.
+    // Returns only the end of each line.
     static std::vector<std::string> Messages(const std::filesystem::path& file) {
         std::vector<std::string> messages;
         std::ifstream stream(file, std::ios::binary);
@@ -82,7 +82,7 @@ TEST_F(LoggerRotation, TriesToMoveWhatItCouldNotMakeRoomFor) {
     MakeFile(file_, kLimit + 1, "old");
     Machine::Get().FailNext("DeleteFileW", Fault::Error(32));
     Write({"line"});
-    // The first line found the backup in its way; the last one tried again.
+    // The first line could not delete the old backup; the last one tried again.
     EXPECT_THAT(Messages(Backup()), ElementsAre("old", "line"));
     EXPECT_THAT(Messages(file_), ElementsAre(kLastLine));
     EXPECT_EQ(Machine::Get().CountCalls("MoveFileW"), 2U);

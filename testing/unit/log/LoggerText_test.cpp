@@ -1,4 +1,4 @@
-// What becomes of a message on its way from the caller to the file.
+// The formatting of messages from the caller to the file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ class LoggerTextTest : public testing::Test {
     vela::ILog& logger_ = *vela::GetLogger();
 };
 
-// Short texts and long ones take different ways to the queue.
+// Short and long texts are formatted by different code.
 TEST_F(LoggerTextTest, FormatsTextsOfEveryLength) {
     AgentLog log;
     std::vector<std::string> expected;
@@ -38,7 +38,7 @@ TEST_F(LoggerTextTest, DropsAnEmptyMessage) {
     EXPECT_THAT(log.Texts(), IsEmpty());
 }
 
-// The C locale has no such letter.
+// The C locale cannot represent this character.
 TEST_F(LoggerTextTest, DropsWhatCannotBeFormatted) {
     AgentLog log;
     const wchar_t letters[] = L"\u4f60";

@@ -33,7 +33,7 @@ using vela::kLogWarning;
 
 constexpr std::uintmax_t kLimit = 5242880;
 
-// Opens the reading end, which lets a waiting writer go on, and keeps it open: writers come and go.
+// Opens the reading end, which releases a waiting writer; it stays open, as writers come and go.
 std::string ReadLinesOfPipe(const std::filesystem::path& file, int lines) {
     const int pipe = open(file.c_str(), O_RDONLY);
     std::string text;
@@ -88,7 +88,7 @@ TEST_F(LoggerTest, WritesTimeLevelFunctionAndMessage) {
 }
 
 TEST_F(LoggerTest, StampsTheTimeOfWritingNotOfLogging) {
-    // The writer waits at a pipe that nobody reads yet, so the second line is still queued when the
+    // The writer waits at a pipe without a reader, so the second line is still queued when the
     // clock moves on.
     ASSERT_EQ(mkfifo(file_.c_str(), 0600), 0);
     std::tm time{};
@@ -178,7 +178,7 @@ TEST_F(LoggerTest, LaterInitializeTakesANewDirectory) {
 TEST_F(LoggerTest, UnInitializeWithoutInitializeDoesNothing) {
     logger_.UnInitialize();
     logger_.UnInitialize();
-    // The count stayed at zero: one Initialize is ended by one UnInitialize.
+    // The count stayed zero: one Initialize is ended by one UnInitialize.
     logger_.Initialize(folder_.wstring());
     logger_.UnInitialize();
     EXPECT_THAT(ReadLogLines(file_), SizeIs(1));
@@ -268,7 +268,7 @@ TEST_F(LoggerTest, ADebugEntryDoesNotRotate) {
     logger_.Initialize(folder_.wstring());
     logger_.Debug("hidden", "f");
     logger_.UnInitialize();
-    // One rotation, for the closing line.
+    // Only the closing line rotates the file.
     EXPECT_EQ(Machine::Get().CountCalls("MoveFileW"), 1U);
 }
 
@@ -310,7 +310,7 @@ TEST_F(LoggerTest, WritesOnWhereTheSizeCannotBeRead) {
     EXPECT_THAT(Machine::Get().DebugOutput(), IsEmpty());
 }
 
-TEST_F(LoggerTest, TellsTheDebuggerOfALineThatDidNotReachTheFile) {
+TEST_F(LoggerTest, NotifiesTheDebuggerOfALineThatDidNotReachTheFile) {
     std::filesystem::create_symlink("/dev/full", file_);
     logger_.Initialize(folder_.wstring());
     logger_.UnInitialize();
@@ -319,7 +319,7 @@ TEST_F(LoggerTest, TellsTheDebuggerOfALineThatDidNotReachTheFile) {
     std::filesystem::remove(file_);
 }
 
-TEST_F(LoggerTest, TellsTheDebuggerOfALineOfWhichAPartReachedTheFile) {
+TEST_F(LoggerTest, NotifiesTheDebuggerOfALineOfWhichAPartReachedTheFile) {
     Machine::Get().RecordFileCalls(true);
     Machine::Get().FailNext("WriteFile", Fault::Result(TRUE));
     logger_.Initialize(folder_.wstring());
@@ -327,7 +327,7 @@ TEST_F(LoggerTest, TellsTheDebuggerOfALineOfWhichAPartReachedTheFile) {
     EXPECT_THAT(Machine::Get().DebugOutput(), SizeIs(1));
 }
 
-// For itself: no child process inherits the handle, and nobody is kept from renaming the file.
+// No child process inherits the handle, and other programs may rename the file.
 TEST_F(LoggerTest, OpensTheFileForAppendingSharedInEveryWay) {
     Machine::Get().RecordFileCalls(true);
     logger_.Initialize(folder_.wstring());

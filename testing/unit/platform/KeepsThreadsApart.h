@@ -1,4 +1,4 @@
-// Whether something that is meant to let one thread in at a time does.
+// Tests whether a lock admits one thread at a time.
 #pragma once
 
 #include <atomic>
@@ -7,8 +7,8 @@
 
 namespace platform_test {
 
-// Four threads count, over and over, while they hold what `enter` returns. They count in two steps,
-// so that two of them at it at once lose some. True when nothing was lost.
+// Four threads increment a counter repeatedly while they hold what `enter` returns. They read and
+// write it separately, so two of them at once lose increments. Returns true when none was lost.
 template <typename Enter>
 bool KeepsThreadsApart(Enter enter) {
     constexpr int kThreads = 4;

@@ -23,21 +23,21 @@ TEST(SlimMutexTest, IsFreeWhileAThreadWaitsForACondition) {
     SlimMutex mutex;
     SlimConditionVariable changed;
     bool ready = false;
-    bool answered = false;
+    bool continued = false;
     std::thread waiting([&] {
         const std::lock_guard<SlimMutex> lock(mutex);
         while (!ready) changed.wait(mutex);
-        answered = true;
+        continued = true;
         changed.notify_all();
     });
     {
         const std::lock_guard<SlimMutex> lock(mutex);
         ready = true;
         changed.notify_all();
-        while (!answered) changed.wait(mutex);
+        while (!continued) changed.wait(mutex);
     }
     waiting.join();
-    EXPECT_TRUE(answered);
+    EXPECT_TRUE(continued);
 }
 
 TEST(SlimMutexTest, IsHeldAgainWhenTheConditionHolds) {

@@ -1,4 +1,4 @@
-// Wide text as the log shows it.
+// Wide text converted for the log.
 #include "platform/Utf8.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ TEST(Utf8, PutsPairsOfSurrogatesTogether) {
 TEST(Utf8, NamesHalvesWithoutTheOther) {
     EXPECT_EQ(Utf8({wchar_t{0xD800}}), "\\uD800");
     EXPECT_EQ(Utf8({L'a', wchar_t{0xDFFF}, L'b'}), "a\\uDFFFb");
-    // In the wrong order, and a pair behind one too many.
+    // The first pair is in the wrong order, the second has a surrogate too many before it.
     EXPECT_EQ(Utf8({wchar_t{0xDC0A}, wchar_t{0xDBFF}}), "\\uDC0A\\uDBFF");
     EXPECT_EQ(Utf8({wchar_t{0xD83D}, wchar_t{0xD83D}, wchar_t{0xDE00}}), "\\uD83D\xF0\x9F\x98\x80");
 }
