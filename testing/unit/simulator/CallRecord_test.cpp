@@ -22,7 +22,7 @@ class CallRecord : public SimulatorTest {
     }
 };
 
-TEST_F(CallRecord, TellsFilesAndEventsByKindAndNumber) {
+TEST_F(CallRecord, NamesFilesAndEventsByKindAndNumber) {
     PlugAt(L"\\\\?\\hid#pad");
     const HANDLE file = CreateFileW(L"\\\\?\\HID#pad", kReadWrite, 0, nullptr, OPEN_EXISTING,
                                     FILE_FLAG_OVERLAPPED, nullptr);
@@ -55,7 +55,7 @@ TEST_F(CallRecord, TellsFilesAndEventsByKindAndNumber) {
                     "CloseHandle(file#1)"));
 }
 
-TEST_F(CallRecord, TellsTheHidCalls) {
+TEST_F(CallRecord, HasTheHidCalls) {
     PlugAt(L"p");
     const HANDLE file = CreateFileW(L"p", 0, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
     GUID guid{};
@@ -83,7 +83,7 @@ TEST_F(CallRecord, TellsTheHidCalls) {
                             "CloseHandle(file#1)"));
 }
 
-TEST_F(CallRecord, TellsTheEnumeration) {
+TEST_F(CallRecord, HasTheEnumerationCalls) {
     Plug();
     GUID guid{};
     HidD_GetHidGuid(&guid);
@@ -105,7 +105,7 @@ TEST_F(CallRecord, TellsTheEnumeration) {
                             "SetupDiDestroyDeviceInfoList(invalid)"));
 }
 
-TEST_F(CallRecord, TellsTheOthers) {
+TEST_F(CallRecord, HasTheOtherCalls) {
     wchar_t text[4] = {};
     CreateMutexW(nullptr, TRUE, L"Global\\\u00E9\u4E2D\U0001F600");
     OpenMutexW(MUTEX_ALL_ACCESS, FALSE, L"m");

@@ -16,7 +16,7 @@ TEST_F(PlatformClock, StandsWhereTheTestStoppedIt) {
     stopped.tm_hour = 23;
     stopped.tm_min = 59;
     stopped.tm_sec = 58;
-    // The machine's own zone plays no part.
+    // The machine's own time zone must not matter.
     ASSERT_EQ(setenv("TZ", "VELA-5:45", 1), 0);
     machine_.StopClockAt(stopped);
     __time64_t stored = 0;
@@ -31,7 +31,7 @@ TEST_F(PlatformClock, StandsWhereTheTestStoppedIt) {
 }
 
 TEST_F(PlatformClock, IsTheRealOneOtherwise) {
-    // A zone that no machine is set to by accident, to tell local time from universal time.
+    // An unusual time zone, in which local time and universal time always differ.
     ASSERT_EQ(setenv("TZ", "VELA-5:45", 1), 0);
     std::tm stopped{};
     stopped.tm_year = 70;

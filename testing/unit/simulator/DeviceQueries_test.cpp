@@ -113,7 +113,7 @@ TEST_F(DeviceAttributes, ComeFromTheDescription) {
     EXPECT_EQ(attributes.VersionNumber, 0x0107);
 }
 
-TEST_F(DeviceAttributes, AreAskedOfFilesOnly) {
+TEST_F(DeviceAttributes, AreQueriedOfFilesOnly) {
     HIDD_ATTRIBUTES attributes{sizeof(HIDD_ATTRIBUTES), 0, 0, 0};
     EXPECT_FALSE(HidD_GetAttributes(INVALID_HANDLE_VALUE, &attributes));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);

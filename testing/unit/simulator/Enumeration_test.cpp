@@ -104,7 +104,7 @@ TEST_F(EnumeratingInterfaces, RestrictedToOneDeviceIsRefused) {
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
 }
 
-TEST_F(EnumeratingInterfaces, TellsTheSizeThatAPathNeeds) {
+TEST_F(EnumeratingInterfaces, ReturnsTheSizeThatAPathNeeds) {
     const auto device = Plug();
     List();
     ASSERT_TRUE(Enumerate(0));
@@ -140,7 +140,7 @@ TEST_F(EnumeratingInterfaces, ChecksTheDetailRecord) {
     EXPECT_EQ(detail(8, 1024), ERROR_INVALID_PARAMETER);
 }
 
-TEST_F(EnumeratingInterfaces, FillsTheDeviceRecordWhenAsked) {
+TEST_F(EnumeratingInterfaces, FillsTheDeviceRecordWhenRequested) {
     Plug();
     List();
     ASSERT_TRUE(Enumerate(0));

@@ -10,7 +10,7 @@ using std::chrono::steady_clock;
 
 class Events : public SimulatorTest {};
 
-TEST_F(Events, StartAsAskedFor) {
+TEST_F(Events, StartAsRequested) {
     EXPECT_FALSE(IsSignalled(CreateEventW(nullptr, TRUE, FALSE, nullptr)));
     EXPECT_TRUE(IsSignalled(CreateEventW(nullptr, TRUE, TRUE, nullptr)));
 }
@@ -51,7 +51,7 @@ TEST_F(Events, OfAutoResetReleaseOneThreadEach) {
     second.join();
 }
 
-TEST_F(Events, AreKnownByName) {
+TEST_F(Events, AreSharedByName) {
     const HANDLE event = CreateEventW(nullptr, TRUE, FALSE, L"Global\\Ready");
     EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
     const HANDLE again = CreateEventW(nullptr, TRUE, FALSE, L"Global\\Ready");
@@ -108,8 +108,8 @@ TEST_F(Waiting, EndsWhenAnotherThreadSignals) {
 }
 
 TEST_F(Waiting, GoesOnWhenTheHandleIsClosedMeanwhile) {
-    // A call is recorded before it looks at its handle, so a closer may be too early: that wait
-    // fails, and the next attempt is given more time.
+    // A call is recorded before it uses its handle, so the event may be closed too early: that wait
+    // fails, and the next attempt waits longer before it closes.
     DWORD result = WAIT_FAILED;
     for (int attempt = 1; attempt <= 10 && result == WAIT_FAILED; ++attempt) {
         machine_.ForgetCalls();

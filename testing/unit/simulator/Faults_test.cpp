@@ -63,7 +63,7 @@ TEST_F(ScriptedFaults, MayBeAPolicyOfTheTest) {
     EXPECT_TRUE(SetEvent(event_));
 }
 
-TEST_F(ScriptedFaults, MayLookAtTheMachineFromThePolicy) {
+TEST_F(ScriptedFaults, MayQueryTheMachineFromThePolicy) {
     machine_.SetFaultPolicy([this](const Call& call) -> std::optional<Fault> {
         if (machine_.CountCalls(call.function) == 2) return Fault::Error(31);
         return std::nullopt;
@@ -91,7 +91,7 @@ TEST_F(ScriptedFaults, MayNameTheResult) {
     EXPECT_EQ(GetLastError(), 5U);
 }
 
-TEST_F(ScriptedFaults, OfCallsThatAnswerWithAStatusLeaveTheLastErrorAlone) {
+TEST_F(ScriptedFaults, OfCallsThatReturnAStatusLeaveTheLastErrorAlone) {
     machine_.FailNext("HidP_GetCaps", Fault::Status(HIDP_STATUS_USAGE_NOT_FOUND));
     machine_.FailNext("HidP_GetCaps", Fault::Error(31));
     SetLastError(4711);
@@ -118,11 +118,11 @@ TEST_F(ScriptedFaults, AreRecordedLikeAnyCall) {
     EXPECT_EQ(machine_.CountCalls("SetEvent"), 1U);
 }
 
-// What each function answers when its call is failed without naming a result.
+// A call of each function, and its failure value when a fault names no result.
 struct FailingCall {
     const char* function;
     std::function<std::intptr_t()> call;
-    std::intptr_t answer;
+    std::intptr_t failureValue;
 };
 
 TEST_F(ScriptedFaults, GiveTheFailureValueOfEachFunction) {
@@ -174,7 +174,7 @@ TEST_F(ScriptedFaults, GiveTheFailureValueOfEachFunction) {
     for (const FailingCall& row : rows) {
         machine_.FailNext(row.function, Fault::Error(kError));
         SetLastError(0);
-        EXPECT_EQ(row.call(), row.answer) << row.function;
+        EXPECT_EQ(row.call(), row.failureValue) << row.function;
         EXPECT_EQ(GetLastError(), kError) << row.function;
     }
     EXPECT_TRUE(machine_.Misuse().empty());

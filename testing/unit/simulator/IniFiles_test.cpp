@@ -5,7 +5,7 @@ namespace {
 
 class IniSections : public SimulatorTest {
  protected:
-    // What the call left of a buffer of `size` question marks, and its result.
+    // Returns what the call wrote to a buffer of `size` question marks; result_ is its result.
     std::wstring Names(DWORD size = 64) {
         std::wstring buffer(size, L'?');
         result_ = GetPrivateProfileSectionNamesW(buffer.data(), size, L"C:\\Vela\\vela.INI");

@@ -1,4 +1,4 @@
-// Sessions of several threads on one machine; meant for ThreadSanitizer above all.
+// Sessions of several threads on one machine.
 #include "testing/unit/simulator/SimulatorTest.h"
 
 #include <atomic>
@@ -49,7 +49,7 @@ TEST_F(ManyThreads, SeeTheEndOfAHeldWriteInTheRecordAlone) {
     auto write = std::make_unique<Operation>(Bytes{2, 0, 0, 0, 0, 0}, TRUE);
     EXPECT_EQ(Write(file, *write), ERROR_IO_PENDING);
     std::thread completer([&] { device->CompleteHeldWrites(); });
-    // Whoever sees the status may free the record, as the kernel never looks at it again.
+    // A thread that sees the status may free the record: the kernel does not use it any more.
     while (!HasOverlappedIoCompleted(&write->overlapped)) std::this_thread::yield();
     write.reset();
     completer.join();
@@ -86,7 +86,7 @@ TEST_F(ManyThreads, MayUnplugAndCloseWhileOthersWork) {
     EXPECT_TRUE(machine_.Misuse().empty());
 }
 
-TEST_F(ManyThreads, MayAskTheMachineWhileOthersCallIt) {
+TEST_F(ManyThreads, MayQueryTheMachineWhileOthersCallIt) {
     std::atomic<bool> stop{false};
     std::thread caller([&] {
         const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);

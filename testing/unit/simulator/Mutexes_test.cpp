@@ -35,7 +35,7 @@ TEST_F(NamedMutexes, CreatedTwiceAreOne) {
     EXPECT_FALSE(machine_.MutexExists(kName));
 }
 
-TEST_F(NamedMutexes, TellNamesWithCase) {
+TEST_F(NamedMutexes, HaveCaseSensitiveNames) {
     CreateMutexW(nullptr, FALSE, kName);
     EXPECT_EQ(OpenMutexW(MUTEX_ALL_ACCESS, FALSE, L"global\\device"), nullptr);
     EXPECT_EQ(OpenMutexW(MUTEX_ALL_ACCESS, FALSE, nullptr), nullptr);

@@ -54,7 +54,7 @@ TEST_F(OpeningADevice, WithoutAccessPermitsFeaturesButNoReadingOrWriting) {
     EXPECT_EQ(Write(file, MakeOperation({2, 0, 0, 0, 0, 0})), ERROR_ACCESS_DENIED);
 }
 
-TEST_F(OpeningADevice, PermitsOnlyWhatWasAskedFor) {
+TEST_F(OpeningADevice, PermitsOnlyTheRequestedAccess) {
     const auto device = Plug();
     const HANDLE reader = Open(*device, GENERIC_READ);
     const HANDLE writer = Open(*device, GENERIC_WRITE);

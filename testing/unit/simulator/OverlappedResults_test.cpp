@@ -75,7 +75,7 @@ TEST_F(OverlappedResults, RecordTheStatusOfTheKernel) {
     EXPECT_EQ(static_cast<DWORD>(failed.overlapped.Internal), 0xC0000120U);
 }
 
-// A call that failed has not been taken by the kernel, though its record says so.
+// A call that fails issues nothing, but leaves its record marked as pending.
 TEST_F(OverlappedResults, StayMarkedAsPendingWhenTheCallFails) {
     const HANDLE file = Open(*Plug());
     Operation& read = MakeOperation(Bytes(2));

@@ -13,7 +13,7 @@ int Length(const char* format, ...) {
     return length;
 }
 
-// The first `count` characters after the call, of a buffer of dots.
+// Returns the first `count` + 1 characters of a buffer of dots after the call.
 std::string Print(std::size_t count, int* result, const char* format, ...) {
     std::string buffer(64, '.');
     va_list arguments;
@@ -23,7 +23,7 @@ std::string Print(std::size_t count, int* result, const char* format, ...) {
     return buffer.substr(0, count + 1);
 }
 
-TEST(PlatformPrintf, KnowsWideStrings) {
+TEST(PlatformPrintf, FormatsWideStrings) {
     int result = 0;
     EXPECT_EQ(Print(32, &result, "[%ws]", L"wide").substr(0, 7), std::string("[wide]\0", 7));
     EXPECT_EQ(result, 6);

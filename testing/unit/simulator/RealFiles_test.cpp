@@ -53,7 +53,7 @@ TEST_F(RealFiles, HaveNamesInUtf8) {
     EXPECT_TRUE(Exists("\xC3\xA9\xE4\xB8\xAD"));
 }
 
-TEST_F(RealFiles, TellTheirSize) {
+TEST_F(RealFiles, HaveASize) {
     const std::wstring path = Put("twelve bytes");
     WIN32_FILE_ATTRIBUTE_DATA data{};
     ASSERT_TRUE(GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data));
@@ -97,7 +97,7 @@ TEST_F(RealFiles, AreOpenedForAppendingAndMadeWhereNeeded) {
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "a\na\n");
 }
 
-TEST_F(RealFiles, ThatCannotBeOpenedSayWhy) {
+TEST_F(RealFiles, ThatCannotBeOpenedSetTheLastError) {
     EXPECT_EQ(OpenToAppend((folder_ / "a").wstring(), OPEN_EXISTING), INVALID_HANDLE_VALUE);
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
     EXPECT_EQ(OpenToAppend((folder_ / "a/b").wstring(), OPEN_ALWAYS), INVALID_HANDLE_VALUE);
@@ -117,7 +117,7 @@ TEST_F(RealFiles, OnAFullDiskTakeNothing) {
     EXPECT_TRUE(CloseHandle(file));
 }
 
-TEST_F(RealFiles, AreNeitherRecordedNorFailedNorListedUnlessATestAsks) {
+TEST_F(RealFiles, AreNeitherRecordedNorFailedNorListedUnlessATestRequestsIt) {
     for (const char* const function : {"CreateFileW", "WriteFile", "CloseHandle"}) {
         machine_.FailAlways(function, Fault::Error(31));
     }
@@ -133,7 +133,7 @@ TEST_F(RealFiles, AreNeitherRecordedNorFailedNorListedUnlessATestAsks) {
     EXPECT_EQ(machine_.Calls().size(), 3U);
     machine_.StopFailing("CloseHandle");
     EXPECT_TRUE(CloseHandle(file));
-    // As on the other calls, the number of a handle for a device is not moved on.
+    // Real files do not use up handle numbers: the device's is the first.
     machine_.StopFailing("CreateFileW");
     const HANDLE device = Open(*Plug());
     EXPECT_THAT(machine_.OpenHandles(), testing::ElementsAre("file#1"));

@@ -1,4 +1,4 @@
-// The stage of the kernel side's tests: an empty machine, small devices, and operations that live
+// The fixture of the simulator's tests: an empty machine, small devices, and operations that live
 // as long as the test.
 #pragma once
 
@@ -26,8 +26,8 @@ using simulator::Fault;
 using simulator::Machine;
 using simulator::WriteBehaviour;
 
-// Vendor-defined, with report ids. Payloads: input 1 two bytes, 5 four; output 2 three bytes, 3
-// five; feature 4 two bytes, 6 four.
+// A vendor-defined collection with report ids. Payloads in bytes: input report 1 two, 5 four;
+// output report 2 three, 3 five; feature report 4 two, 6 four.
 inline Bytes DescriptorWithIds() {
     return {0x06, 0x80, 0xFF, 0x09, 0x80, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF,
             0x00, 0x75, 0x08, 0x85, 0x01, 0x95, 0x02, 0x09, 0x48, 0x81, 0x02,  //
@@ -38,7 +38,7 @@ inline Bytes DescriptorWithIds() {
             0x85, 0x06, 0x95, 0x04, 0x09, 0x62, 0xB1, 0x02, 0xC0};
 }
 
-// Without ids: two bytes of input, three of output, two of feature.
+// A collection without report ids: two bytes of input, three of output, two of feature.
 inline Bytes DescriptorWithoutIds() {
     return {0x06, 0x80, 0xFF, 0x09, 0x81, 0xA1, 0x01, 0x15, 0x00, 0x26,
             0xFF, 0x00, 0x75, 0x08, 0x95, 0x02, 0x09, 0x48, 0x81, 0x02,  //
@@ -46,7 +46,7 @@ inline Bytes DescriptorWithoutIds() {
             0x95, 0x02, 0x09, 0x61, 0xB1, 0x02, 0xC0};
 }
 
-// One byte of output, nothing else.
+// A collection with one byte of output and nothing else.
 inline Bytes DescriptorWithoutInput() {
     return {0x06, 0x80, 0xFF, 0x09, 0x82, 0xA1, 0x01, 0x15, 0x00, 0x26, 0xFF,
             0x00, 0x75, 0x08, 0x95, 0x01, 0x09, 0x20, 0x91, 0x02, 0xC0};
@@ -80,7 +80,7 @@ class SimulatorTest : public testing::Test {
         machine_.Reset();
         SetLastError(0);
     }
-    // The operations outlive every file, which ends those that are still pending.
+    // The files are closed before the operations are destroyed, which ends the pending ones.
     ~SimulatorTest() override {
         machine_.SetFaultPolicy(nullptr);
         machine_.StopFailing("CloseHandle");
@@ -111,7 +111,7 @@ class SimulatorTest : public testing::Test {
     Operation& MakeOperation(Bytes bytes, BOOL manualReset = TRUE) {
         return operations_.emplace_back(std::move(bytes), manualReset);
     }
-    // The error of the call, 0 for one that succeeded at once.
+    // Returns the error of the call, 0 when it succeeded at once.
     static DWORD Read(HANDLE file, Operation& operation) {
         DWORD transferred = 0;
         const BOOL done =
@@ -131,7 +131,7 @@ class SimulatorTest : public testing::Test {
         EXPECT_EQ(Read(file, read), ERROR_IO_PENDING);
         return read;
     }
-    // The error of the ended operation, without waiting.
+    // Returns the error of the ended operation, without waiting.
     static DWORD Result(HANDLE file, Operation& operation, DWORD* transferred = nullptr) {
         return GetOverlappedResult(file, &operation.overlapped, transferred, FALSE)
                    ? ERROR_SUCCESS

@@ -1,4 +1,4 @@
-// Slim locks, as far as they are simulated.
+// The part of the slim locks that is simulated.
 #include "testing/unit/simulator/SimulatorTest.h"
 
 namespace simulator_test {

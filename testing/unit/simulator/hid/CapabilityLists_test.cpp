@@ -75,7 +75,7 @@ TEST(ButtonsAndValues, OneBitVariablesAndArraysAreButtonsItemsWithoutUsageArePad
     }
 }
 
-TEST(ValueCaps, TellTheField) {
+TEST(ValueCaps, DescribeTheField) {
     const auto caps = ParsedDevice(Application()
                                        .ReportId(5)
                                        .Raw({0x16, 0x00, 0x80, 0x26, 0xFF, 0x7F})
@@ -121,7 +121,7 @@ TEST(ValueCaps, OfARangeCountTheUsagesItDescribes) {
     EXPECT_EQ(caps[0].ReportCount, 3);
 }
 
-// Both listing calls keep the same rules about their 16-bit length.
+// Both listing calls treat their 16-bit length alike.
 template <typename Record>
 struct Listing {
     NTSTATUS (*call)(HIDP_REPORT_TYPE, Record*, PUSHORT, PHIDP_PREPARSED_DATA);
@@ -151,7 +151,7 @@ struct Listing {
     }
 };
 
-TEST(CapabilityLists, TakeAndTellTheirLength) {
+TEST(CapabilityLists, TakeAndReturnTheirLength) {
     const ParsedDevice device(Application()
                                   .Value(Main::Output, 0x20, 8, 0xFF)
                                   .Value(Main::Output, 0x21, 8, 0xFF)

@@ -1,5 +1,5 @@
-// Descriptors come from devices: whatever their bytes say, parsing ends soon, with a refusal or
-// with a collection whose calls keep within their buffers.
+// Devices send descriptors, so parsing any bytes must end soon: with an error, or with a collection
+// whose calls stay within their buffers.
 #include <algorithm>
 #include <random>
 
@@ -20,7 +20,7 @@ class DescriptorMutations : public testing::Test {
         return bytes;
     }
 
-    // Every call on every report type: results are not known, but buffers and bounds are.
+    // Makes every call on every report type and checks only buffers and bounds, not results.
     void Exercise(const Bytes& descriptor) {
         const auto collections = ParseReportDescriptor(descriptor);
         EXPECT_LE(collections.size(), descriptor.size());
@@ -118,7 +118,7 @@ TEST_F(DescriptorMutations, NeitherCrashNorHangNorOutgrowTheirBounds) {
         }
         if (HasFailure()) FAIL() << "in round " << round;
     }
-    // Both sides get their share, else the mutations test little.
+    // Both outcomes must occur often, otherwise the mutations test little.
     EXPECT_GT(refused, kRounds / 10);
     EXPECT_LT(refused, kRounds * 9 / 10);
 }

@@ -1,4 +1,4 @@
-// Whole devices, as they meet the agent.
+// Parsing and reports of whole devices.
 #include <gtest/gtest.h>
 
 #include "testing/unit/simulator/hid/ExampleDescriptors.h"
@@ -31,7 +31,7 @@ TEST(PrecisionTouchpadDevice, HasTwoTopLevelCollections) {
     EXPECT_EQ(configuration.InputReportByteLength, 0);
 }
 
-TEST(PrecisionTouchpadDevice, FingersAreToldApartByLinkCollection) {
+TEST(PrecisionTouchpadDevice, FingersAreDistinguishedByLinkCollection) {
     const ParsedDevice device(PrecisionTouchpad());
     const Bytes report{1,    0x0B, 0x11, 0x01, 0x22, 0x02, 0x06,
                        0x33, 0x03, 0x44, 0x04, 0x34, 0x12, 0x02 | 0x80};

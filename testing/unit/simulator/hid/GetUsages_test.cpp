@@ -27,12 +27,12 @@ ReportDescriptorBuilder Inputs() {
 
 TEST(GetUsages, AreAscendingWithinARange) {
     const ParsedDevice device(Inputs());
-    const UsagesAnswer answer = device.Get(HidP_Input, {1, 0xFF, 0x85, 0x00});
-    EXPECT_EQ(answer.status, HIDP_STATUS_SUCCESS);
-    EXPECT_EQ(answer.usages, (UsageList{0x40, 0x42, 0x47}));
+    const UsagesResult result = device.Get(HidP_Input, {1, 0xFF, 0x85, 0x00});
+    EXPECT_EQ(result.status, HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(result.usages, (UsageList{0x40, 0x42, 0x47}));
 }
 
-TEST(GetUsages, AreOfThePageAskedForOnlyAndInCapabilityOrder) {
+TEST(GetUsages, AreOfTheRequestedPageOnlyAndInCapabilityOrder) {
     const ParsedDevice device(Inputs());
     EXPECT_EQ(device.Get(HidP_Input, {1, 0x00, 0xFF, 0x03}, kOtherPage).usages,
               (UsageList{0x06, 0x05}));
@@ -40,9 +40,9 @@ TEST(GetUsages, AreOfThePageAskedForOnlyAndInCapabilityOrder) {
 
 TEST(GetUsages, NothingPressedIsASuccess) {
     const ParsedDevice device(Inputs());
-    const UsagesAnswer answer = device.Get(HidP_Input, {1, 0xFF, 0x00, 0x00});
-    EXPECT_EQ(answer.status, HIDP_STATUS_SUCCESS);
-    EXPECT_EQ(answer.length, 0u);
+    const UsagesResult result = device.Get(HidP_Input, {1, 0xFF, 0x00, 0x00});
+    EXPECT_EQ(result.status, HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(result.length, 0u);
 }
 
 TEST(GetUsages, AnAbsentPageIsNotFound) {
@@ -51,12 +51,12 @@ TEST(GetUsages, AnAbsentPageIsNotFound) {
     EXPECT_EQ(device.Get(HidP_Input, {1, 0, 0xFF, 0}, 0).status, HIDP_STATUS_USAGE_NOT_FOUND);
 }
 
-TEST(GetUsages, ATooSmallListTellsTheLengthNeeded) {
+TEST(GetUsages, ATooSmallListReturnsTheLengthNeeded) {
     const ParsedDevice device(Inputs());
     for (const ULONG room : {0u, 1u, 2u}) {
-        const UsagesAnswer answer = device.Get(HidP_Input, {1, 0, 0x07, 0}, kPage, 0, room);
-        EXPECT_EQ(answer.status, HIDP_STATUS_BUFFER_TOO_SMALL);
-        EXPECT_EQ(answer.length, 3u);
+        const UsagesResult result = device.Get(HidP_Input, {1, 0, 0x07, 0}, kPage, 0, room);
+        EXPECT_EQ(result.status, HIDP_STATUS_BUFFER_TOO_SMALL);
+        EXPECT_EQ(result.length, 3u);
     }
     EXPECT_EQ(device.Get(HidP_Input, {1, 0, 0x07, 0}, kPage, 0, 3).status, HIDP_STATUS_SUCCESS);
 }
@@ -117,7 +117,7 @@ TEST(MaxUsageListLength, SumsTheButtonFieldsOfAllReportsAndPages) {
     EXPECT_EQ(device.MaxUsages(HidP_Output, 0), 0u);
 }
 
-// Each usage of an array may fill every slot.
+// Every slot can hold any usage of the array.
 TEST(MaxUsageListLength, OfAnArrayCountsTheSlotsForEveryCapability) {
     EXPECT_EQ(ParsedDevice(Slots()).MaxUsages(HidP_Output), 4u);
     const ParsedDevice singles(Application()

@@ -1,4 +1,4 @@
-// Descriptors come from devices: what no device could mean is refused, with the reason.
+// Devices send descriptors: invalid ones are rejected with the reason.
 #include <ostream>
 
 #include <gtest/gtest.h>

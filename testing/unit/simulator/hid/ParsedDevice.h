@@ -1,5 +1,4 @@
-// A descriptor's top-level collection behind the platform's functions, for tests that read as
-// calls.
+// A descriptor's top-level collection with the platform's HidP functions as members.
 #pragma once
 
 #include <cstddef>
@@ -26,14 +25,14 @@ using Main = virtual_touchpad::MainItem;
 constexpr USAGE kPage = 0xFF80;
 constexpr USAGE kOtherPage = 0xFF81;
 
-// An open top-level collection; ParsedDevice closes it, so that a test says only what is inside.
+// Returns an open top-level collection. ParsedDevice closes it, so a test only states its content.
 inline ReportDescriptorBuilder Application(USAGE page = kPage, USAGE usage = 0x80) {
     ReportDescriptorBuilder builder;
     builder.UsagePage(page).Usage(usage).Collection(CollectionKind::Application);
     return builder;
 }
 
-// Four byte-sized slots for usages 0x01 to 0x06, index 1 being the first.
+// Returns four byte-sized slots for usages 0x01 to 0x06; index 1 means usage 0x01.
 inline ReportDescriptorBuilder Slots(std::uint32_t logicalMinimum = 1) {
     return Application()
         .LogicalMinimum(logicalMinimum)
@@ -45,7 +44,7 @@ inline ReportDescriptorBuilder Slots(std::uint32_t logicalMinimum = 1) {
         .Main(Main::Output, kDataArray);
 }
 
-struct UsagesAnswer {
+struct UsagesResult {
     NTSTATUS status;
     std::vector<USAGE> usages;
     ULONG length;
@@ -95,7 +94,7 @@ class ParsedDevice {
         return HidP_GetUsageValue(type, page, link, usage, &value, preparsed_, Chars(report),
                                   Length(report));
     }
-    // The value of a usage that is there.
+    // Returns the value of a usage that exists.
     ULONG Value(HIDP_REPORT_TYPE type, USAGE usage, const Bytes& report, USAGE page = kPage,
                 USHORT link = 0) const {
         ULONG value = 0xDEADBEEF;
@@ -103,16 +102,16 @@ class ParsedDevice {
         return value;
     }
 
-    // `length` of the answer is the length that the call left.
-    UsagesAnswer Set(HIDP_REPORT_TYPE type, std::vector<USAGE> usages, Bytes& report,
+    // The result's `length` is the one that the call wrote.
+    UsagesResult Set(HIDP_REPORT_TYPE type, std::vector<USAGE> usages, Bytes& report,
                      USAGE page = kPage, USHORT link = 0) const {
         return Change(HidP_SetUsages, type, std::move(usages), report, page, link);
     }
-    UsagesAnswer Unset(HIDP_REPORT_TYPE type, std::vector<USAGE> usages, Bytes& report,
+    UsagesResult Unset(HIDP_REPORT_TYPE type, std::vector<USAGE> usages, Bytes& report,
                        USAGE page = kPage, USHORT link = 0) const {
         return Change(HidP_UnsetUsages, type, std::move(usages), report, page, link);
     }
-    UsagesAnswer Get(HIDP_REPORT_TYPE type, Bytes report, USAGE page = kPage, USHORT link = 0,
+    UsagesResult Get(HIDP_REPORT_TYPE type, Bytes report, USAGE page = kPage, USHORT link = 0,
                      ULONG room = 64) const {
         std::vector<USAGE> usages(room);
         ULONG length = room;
@@ -136,7 +135,7 @@ class ParsedDevice {
     }
 
     template <typename Function>
-    UsagesAnswer Change(Function function, HIDP_REPORT_TYPE type, std::vector<USAGE> usages,
+    UsagesResult Change(Function function, HIDP_REPORT_TYPE type, std::vector<USAGE> usages,
                         Bytes& report, USAGE page, USHORT link) const {
         auto length = static_cast<ULONG>(usages.size());
         const NTSTATUS status = function(type, page, link, usages.data(), &length, preparsed_,

@@ -1,6 +1,5 @@
-// The agent keeps whole copies of the platform's records and hosts see some of the statuses:
-// layouts and numbers are those of 64-bit Windows. This file compiles against the platform's own
-// headers too.
+// The agent copies the platform's records and logs its statuses, so their layouts and numbers must
+// be those of 64-bit Windows. This file also compiles with the platform's own headers.
 #include <cstddef>
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// The parser's calls in the machine's record, and faults in their place.
+// The HidP calls in the machine's record, and faults in their place.
 #include <gtest/gtest.h>
 
 #include "testing/simulator/Machine.h"
@@ -23,7 +23,7 @@ class RecordedCalls : public testing::Test {
                              .Value(Main::Feature, 0x62, 16, 2000)};
 };
 
-TEST_F(RecordedCalls, TellTheirArguments) {
+TEST_F(RecordedCalls, HaveTheirArguments) {
     HIDP_CAPS caps{};
     HidP_GetCaps(device_.Preparsed(), &caps);
     HIDP_VALUE_CAPS value{};
@@ -55,7 +55,7 @@ TEST_F(RecordedCalls, NameAnUnknownReportTypeByItsNumber) {
     EXPECT_EQ(Machine::Get().CallTexts(), (Texts{"HidP_MaxUsageListLength(3, 0xff80)"}));
 }
 
-TEST_F(RecordedCalls, TellTheLengthThatWentIn) {
+TEST_F(RecordedCalls, HaveTheLengthThatWentIn) {
     EXPECT_EQ(device_.Get(HidP_Input, {2, 0, 0xFF}, kPage, 0, 2).length, 8u);
     EXPECT_EQ(Machine::Get().CallTexts(), (Texts{"HidP_GetUsages(input, 0xff80, 0, 2)"}));
 }

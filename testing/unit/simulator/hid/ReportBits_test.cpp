@@ -31,7 +31,7 @@ TEST(ReportBits, CrossByteBoundaries) {
     EXPECT_EQ(GetBits(report, 5, 12), 0xABCu);
 }
 
-// Every width at every bit of a byte, with zeros and ones around.
+// Tests every width at every bit of a byte, between zeros and between ones.
 TEST(ReportBits, EveryFieldReadsBackAndKeepsItsNeighbours) {
     std::mt19937 random(1);
     for (const std::uint8_t background : Bytes{0x00, 0xFF}) {

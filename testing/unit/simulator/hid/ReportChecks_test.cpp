@@ -1,4 +1,4 @@
-// Every call with a report checks in the same order before it looks for a usage.
+// Every call with a report checks its arguments in the same order before it searches for a usage.
 #include <functional>
 #include <ostream>
 #include <string>

@@ -150,7 +150,7 @@ TEST(LocalItems, EndWithTheirCollection) {
     EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 0u);
 }
 
-// A string index, a string range, then the same for designators.
+// Items of a string index, a string range, a designator index and a designator range.
 const Bytes kOneString{0x79, 0x05};
 const Bytes kStringRange{0x89, 0x10, 0x99, 0x13};
 const Bytes kOneDesignator{0x39, 0x03};

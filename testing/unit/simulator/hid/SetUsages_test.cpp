@@ -34,21 +34,21 @@ TEST(SetUsagesOfABitField, AUsageThatIsSetAlreadyStaysSet) {
     EXPECT_EQ(report, (Bytes{2, 0x00, 0x09}));
 }
 
-TEST(SetUsagesOfABitField, StopsAtTheFirstFailureKeepsWhatWasSetAndTellsTheIndex) {
+TEST(SetUsagesOfABitField, StopsAtTheFirstFailureKeepsWhatWasSetAndReturnsTheIndex) {
     const ParsedDevice device(BitFields());
     Bytes report = device.EmptyReport(HidP_Output);
-    const UsagesAnswer answer = device.Set(HidP_Output, {0x02, 0x03, 0x99, 0x04}, report);
-    EXPECT_EQ(answer.status, HIDP_STATUS_USAGE_NOT_FOUND);
-    EXPECT_EQ(answer.length, 2u);
+    const UsagesResult result = device.Set(HidP_Output, {0x02, 0x03, 0x99, 0x04}, report);
+    EXPECT_EQ(result.status, HIDP_STATUS_USAGE_NOT_FOUND);
+    EXPECT_EQ(result.length, 2u);
     EXPECT_EQ(report, (Bytes{2, 0x00, 0x06}));
 }
 
 TEST(SetUsagesOfABitField, AUsageOfAnotherReportIsIncompatible) {
     const ParsedDevice device(BitFields());
     Bytes report = device.EmptyReport(HidP_Output);
-    const UsagesAnswer answer = device.Set(HidP_Output, {0x30, 0x01}, report);
-    EXPECT_EQ(answer.status, HIDP_STATUS_INCOMPATIBLE_REPORT_ID);
-    EXPECT_EQ(answer.length, 1u);
+    const UsagesResult result = device.Set(HidP_Output, {0x30, 0x01}, report);
+    EXPECT_EQ(result.status, HIDP_STATUS_INCOMPATIBLE_REPORT_ID);
+    EXPECT_EQ(result.length, 1u);
     EXPECT_EQ(report, (Bytes{3, 0x01, 0x00}));
 }
 
@@ -86,9 +86,9 @@ TEST(SetUsagesOfAnArray, FillTheFreeSlotsInOrder) {
 TEST(SetUsagesOfAnArray, WithoutAFreeSlotTheBufferIsTooSmallAndTheSlotsStay) {
     const ParsedDevice device(Slots());
     Bytes report = device.EmptyReport(HidP_Output);
-    const UsagesAnswer answer = device.Set(HidP_Output, {1, 2, 3, 4, 5}, report);
-    EXPECT_EQ(answer.status, HIDP_STATUS_BUFFER_TOO_SMALL);
-    EXPECT_EQ(answer.length, 4u);
+    const UsagesResult result = device.Set(HidP_Output, {1, 2, 3, 4, 5}, report);
+    EXPECT_EQ(result.status, HIDP_STATUS_BUFFER_TOO_SMALL);
+    EXPECT_EQ(result.length, 4u);
     EXPECT_EQ(report, (Bytes{0, 1, 2, 3, 4}));
 }
 
@@ -100,7 +100,7 @@ TEST(SetUsagesOfAnArray, CountIndicesFromTheLogicalMinimum) {
     EXPECT_EQ(device.Get(HidP_Output, report).usages, (UsageList{0x01, 0x03}));
 }
 
-// Single usages are listed last-declared first, their indices are counted in declaration order.
+// Single usages are listed last-declared first, but their indices count in declaration order.
 TEST(SetUsagesOfAnArray, CountIndicesInDeclarationOrder) {
     const ParsedDevice device(Application()
                                   .LogicalMinimum(1)
@@ -168,12 +168,12 @@ TEST(UnsetUsages, AbsentUsagesAndOtherReportsFailAsWhenSetting) {
     EXPECT_EQ(device.Unset(HidP_Output, {0x30}, report).status, HIDP_STATUS_INCOMPATIBLE_REPORT_ID);
 }
 
-TEST(UnsetUsages, StopAtTheFirstFailureAndTellTheIndex) {
+TEST(UnsetUsages, StopAtTheFirstFailureAndReturnTheIndex) {
     const ParsedDevice device(BitFields());
     Bytes report{2, 0x00, 0x0B};
-    const UsagesAnswer answer = device.Unset(HidP_Output, {0x01, 0x03, 0x02}, report);
-    EXPECT_EQ(answer.status, HIDP_STATUS_BUTTON_NOT_PRESSED);
-    EXPECT_EQ(answer.length, 1u);
+    const UsagesResult result = device.Unset(HidP_Output, {0x01, 0x03, 0x02}, report);
+    EXPECT_EQ(result.status, HIDP_STATUS_BUTTON_NOT_PRESSED);
+    EXPECT_EQ(result.length, 1u);
     EXPECT_EQ(report, (Bytes{2, 0x00, 0x0A}));
 }
 
