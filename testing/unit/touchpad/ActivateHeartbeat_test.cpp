@@ -36,34 +36,36 @@ TEST_P(ActiveValue, ReplacesARunningHeartbeat) {
     EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft, kCreated));
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, ActiveValue, testing::Values(0U, 1U));
+INSTANTIATE_TEST_SUITE_P(Values, ActiveValue,
+                         testing::Values(vela::kActive, vela::kActiveHostSetsLights));
 
 class EndingValue : public ActivateHeartbeatTest,
                     public testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(EndingValue, StopsTheHeartbeat) {
-    OpenAndActivate(0);
+    OpenAndActivate(vela::kActive);
     session_.Activate(GetParam());
     EXPECT_TRUE(log_.WaitForLine("HeartbeatThread leaved."));
     EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft));
 }
 
 TEST_P(EndingValue, IsFollowedByANewHeartbeatOnTheNextActivation) {
-    OpenAndActivate(0);
+    OpenAndActivate(vela::kActive);
     session_.Activate(GetParam());
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     EXPECT_TRUE(log_.WaitForLine("HeartbeatThread created.", 2));
     EXPECT_THAT(LogOf("HeartbeatThread"), ElementsAre(kCreated, kLeft, kCreated));
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, EndingValue, testing::Values(4U, 5U));
+INSTANTIATE_TEST_SUITE_P(Values, EndingValue,
+                         testing::Values(vela::kDeactivated, vela::kSuspended));
 
 TEST_F(ActivateHeartbeatTest, OtherValuesLeaveTheHeartbeatRunning) {
-    OpenAndActivate(0);
+    OpenAndActivate(vela::kActive);
     for (const std::uint32_t value : {2U, 3U, 6U}) session_.Activate(value);
-    // Time for a heartbeat that was told to stop: its line would come before the one of Settle.
+    // A heartbeat that was stopped would log its line before Settle's.
     ASSERT_NO_FATAL_FAILURE(Settle());
-    session_.Activate(4);
+    session_.Activate(vela::kDeactivated);
     EXPECT_TRUE(log_.WaitForLine("HeartbeatThread leaved."));
     std::vector<std::string> order;
     for (const std::string& text : log_.Texts()) {
@@ -83,7 +85,7 @@ TEST_F(ActivateHeartbeatTest, ATouchpadWithoutANameHasOne) {
     Plug();
     machine_.FailAlways("HidD_GetProductString", Fault::Error(31));
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     EXPECT_TRUE(log_.WaitForLine("HeartbeatThread created."));
 }
 

@@ -1,4 +1,4 @@
-// What the host is told when the activation state changes.
+// The status callbacks of a change of the activation state.
 #include <thread>
 
 #include "testing/kit/native/TouchpadTest.h"
@@ -16,7 +16,7 @@ constexpr std::uint8_t kFirmwareTouchpadDisable = 0x80;
 
 class ActivateStatusTest : public TouchpadTest {
  protected:
-    // The firmware's state as the session stores it while it is active.
+    // Sends the firmware's state, which the session stores and reports while it is active.
     void ReceiveFirmwareState(std::uint8_t state) {
         HostCallbacks::Reset();
         device_->SendInput(InputReport({}, state));
@@ -27,7 +27,7 @@ class ActivateStatusTest : public TouchpadTest {
 
 struct StatusCase {
     std::uint8_t firmwareState;
-    std::uint32_t before;  // active: the firmware's state is told by a callback
+    std::uint32_t before;  // active: the firmware's state is reported by a callback
     std::uint32_t value;
     std::vector<std::string> calls;
 };
@@ -35,7 +35,7 @@ struct StatusCase {
 class ActivationStatus : public ActivateStatusTest,
                          public testing::WithParamInterface<StatusCase> {};
 
-TEST_P(ActivationStatus, IsToldToTheHostOnItsOwnThread) {
+TEST_P(ActivationStatus, IsReportedOnTheHostsOwnThread) {
     OpenAndLight({}, GetParam().before);
     ReceiveFirmwareState(GetParam().firmwareState);
     EXPECT_TRUE(session_.Activate(GetParam().value));
@@ -64,15 +64,15 @@ TEST_F(ActivateStatusTest, TheFirstOfADeactivationComesWhileStillActive) {
     OpenAndLight();
     std::vector<bool> active;
     HostCallbacks::DuringStatusChange([&] { active.push_back(session_.IsActivated()); });
-    session_.Activate(4);
+    session_.Activate(vela::kDeactivated);
     EXPECT_THAT(active, ElementsAre(true, false));
 }
 
-TEST_F(ActivateStatusTest, TheNewStateIsInForceWhenTheHostIsTold) {
-    OpenAndLight({}, 4);
+TEST_F(ActivateStatusTest, TheNewStateIsInForceWhenTheHostIsNotified) {
+    OpenAndLight({}, vela::kDeactivated);
     bool active = false;
     HostCallbacks::DuringStatusChange([&] { active = session_.IsActivated(); });
-    session_.Activate(1);
+    session_.Activate(vela::kActiveHostSetsLights);
     EXPECT_TRUE(active);
 }
 
@@ -87,17 +87,17 @@ TEST_F(ActivateStatusTest, TheCallbackMayCallEveryOperationOfTheSession) {
     OpenAndLight();
     HostCallbacks::DuringStatusChange([this] {
         HostCallbacks::DuringStatusChange(nullptr);
-        session_.Activate(5);
+        session_.Activate(vela::kSuspended);
         session_.Enable(true);
-        session_.EnableButton(0, true);
-        session_.SetButtonLight(0, true);
-        session_.SetButtonBreathing(2, true);
+        session_.EnableButton(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
         session_.UpdateVelaState();
         session_.GetClickMode();
         bool connected = false;
         session_.GetDeviceConnectState(connected);
     });
-    EXPECT_TRUE(session_.Activate(1));
+    EXPECT_TRUE(session_.Activate(vela::kActiveHostSetsLights));
     EXPECT_FALSE(session_.IsActivated());
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 1", "status 5"));
 }
@@ -107,8 +107,8 @@ TEST_F(ActivateStatusTest, TheCallbackMayCallEveryOperationOfTheSession) {
 TEST_F(ActivateStatusTest, DeactivatingEndsATemporaryDisableBeforeItsOwnReport) {
     OpenAndLight();
     ReceiveFirmwareState(kFirmwareSwipeOff);
-    session_.Activate(4);
-    // The report of the stopped breathing was still held back.
+    session_.Activate(vela::kDeactivated);
+    // No report of the stopped breathing is written, as the touchpad was still disabled then.
     EXPECT_THAT(WrittenReports(session_, *device_), ElementsAre(BlankReport()));
     EXPECT_THAT(LogOf("Update"), ElementsAre("INFO Update: Can't update Vela state because "
                                              "TemporaryDisable (1) or TabletModeDisable (0)"));
@@ -124,7 +124,7 @@ TEST_F(ActivateStatusTest, NoOtherValueEndsATemporaryDisable) {
 TEST_F(ActivateStatusTest, DeactivatingLeavesTheTouchpadsOwnDisableAlone) {
     OpenAndLight();
     ReceiveFirmwareState(kFirmwareTouchpadDisable | kFirmwareSwipeOff);
-    session_.Activate(4);
+    session_.Activate(vela::kDeactivated);
     EXPECT_THAT(WrittenReports(session_, *device_), IsEmpty());
     EXPECT_THAT(LogOf("Update"), ElementsAre("INFO Update: Can't update Vela state because "
                                              "TemporaryDisable (1) or TabletModeDisable (1)",
@@ -135,11 +135,11 @@ TEST_F(ActivateStatusTest, DeactivatingLeavesTheTouchpadsOwnDisableAlone) {
 TEST_F(ActivateStatusTest, TheFirmwaresStateWaitsForAnActivationUnderWay) {
     OpenAndLight();
     device_->SetWriteBehaviour(WriteBehaviour::Hold);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(device_->WaitForHeldWrites());
     machine_.ForgetCalls();
-    // Its report waits for the write in flight, and the state it stored is not complete before.
-    std::thread activation([this] { session_.Activate(1); });
+    // The activation waits for the write in flight, the firmware's state for the activation.
+    std::thread activation([this] { session_.Activate(vela::kActiveHostSetsLights); });
     EXPECT_TRUE(machine_.WaitForCalls("HidP_SetUsages", 1));
     device_->SendInput(InputReport({}, kFirmwareSwipeOff));
     EXPECT_TRUE(log_.WaitForLine("Vela FW state: "));

@@ -1,4 +1,4 @@
-// The activation state and what a change of it does to the buttons and lights.
+// The activation state, and the effect of a change on buttons and lights.
 #include "testing/kit/native/TouchpadTest.h"
 #include "testing/kit/native/WrittenReports.h"
 
@@ -13,16 +13,16 @@ class ActivateTest : public TouchpadTest {
     std::vector<Bytes> Written() { return WrittenReports(session_, *device_); }
 
     void StartBreathing() {
-        session_.EnableButtonBreathing(2, true);
-        session_.SetButtonBreathing(2, true);
+        session_.EnableButtonBreathing(vela::BUTTON_ID_CHAT, true);
+        session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
         ASSERT_THAT(Written(), testing::Contains(AllLit(8)));
     }
 };
 
 TEST_F(ActivateTest, IsRefusedSilentlyWithoutASession) {
     Plug();
-    EXPECT_FALSE(session_.Activate(0));
-    EXPECT_FALSE(session_.Activate(4));
+    EXPECT_FALSE(session_.Activate(vela::kActive));
+    EXPECT_FALSE(session_.Activate(vela::kDeactivated));
     EXPECT_FALSE(session_.IsActivated());
     EXPECT_THAT(log_.Texts(), IsEmpty());
 }
@@ -30,7 +30,7 @@ TEST_F(ActivateTest, IsRefusedSilentlyWithoutASession) {
 TEST_F(ActivateTest, IsDeactivatedAtFirst) {
     Open();
     EXPECT_FALSE(session_.IsActivated());
-    EXPECT_TRUE(session_.Activate(4));
+    EXPECT_TRUE(session_.Activate(vela::kDeactivated));
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
     EXPECT_THAT(Written(), IsEmpty());
     EXPECT_THAT(LogOf("Activate"), IsEmpty());
@@ -61,10 +61,10 @@ INSTANTIATE_TEST_SUITE_P(Values, ActivationValue,
                          testing::Values(0U, 1U, 2U, 3U, 4U, 5U, 7U, 0x100U, 0xFFFFFFFFU));
 
 TEST_F(ActivateTest, BetweenTheActiveStatesTheLightsAreWrittenAgain) {
-    OpenAndLight({}, 0);
-    EXPECT_TRUE(session_.Activate(1));
+    OpenAndLight({}, vela::kActive);
+    EXPECT_TRUE(session_.Activate(vela::kActiveHostSetsLights));
     EXPECT_THAT(Written(), ElementsAre(AllLit()));
-    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_TRUE(session_.Activate(vela::kActive));
     EXPECT_THAT(Written(), ElementsAre(AllLit()));
 }
 
@@ -76,7 +76,7 @@ TEST_P(ValueWithoutMeaning, DarkensTheLightsAndKeepsTheButtons) {
     StartBreathing();
     EXPECT_TRUE(session_.Activate(GetParam()));
     EXPECT_THAT(Written(), ElementsAre(BlankReport()));
-    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_TRUE(session_.Activate(vela::kActive));
     EXPECT_THAT(Written(), ElementsAre(AllLit(15)));
 }
 
@@ -87,7 +87,7 @@ INSTANTIATE_TEST_SUITE_P(Values, ValueWithoutMeaning, testing::Values(2U, 3U, 6U
 TEST_F(ActivateTest, DeactivatingStopsTheBreathingWhileLitAndThenDarkens) {
     OpenAndLight();
     StartBreathing();
-    EXPECT_TRUE(session_.Activate(4));
+    EXPECT_TRUE(session_.Activate(vela::kDeactivated));
     EXPECT_THAT(Written(), ElementsAre(AllLit(0), BlankReport()));
 
     const std::vector<std::string> texts = log_.Texts();
@@ -100,22 +100,22 @@ TEST_F(ActivateTest, DeactivatingStopsTheBreathingWhileLitAndThenDarkens) {
 
 TEST_F(ActivateTest, AfterDeactivatingTheButtonsAreEnabledButNoLongerVisible) {
     OpenAndLight();
-    session_.Activate(4);
-    session_.Activate(0);
+    session_.Activate(vela::kDeactivated);
+    session_.Activate(vela::kActive);
     Written();
     for (std::uint32_t button = 0; button < 4; ++button) {
         EXPECT_TRUE(session_.IsButtonEnabled(button));
     }
-    session_.SetButtonVisible(0, true);
+    session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, true);
     EXPECT_THAT(Written(), ElementsAre(LightReport("camera off 3; camera active")));
 }
 
 TEST_F(ActivateTest, DeactivatingIsWrittenEvenWhereNothingChanges) {
-    // Dark before, dark after, and forced all the same.
+    // The lights are dark before and after; the report is written because it is forced.
     Open();
     session_.Activate(3);
     Written();
-    EXPECT_TRUE(session_.Activate(4));
+    EXPECT_TRUE(session_.Activate(vela::kDeactivated));
     EXPECT_THAT(Written(), ElementsAre(BlankReport(), BlankReport()));
 }
 
@@ -124,9 +124,9 @@ TEST_F(ActivateTest, DeactivatingIsWrittenEvenWhereNothingChanges) {
 TEST_F(ActivateTest, SuspendingDarkensWithoutStoppingTheBreathing) {
     OpenAndLight();
     StartBreathing();
-    EXPECT_TRUE(session_.Activate(5));
+    EXPECT_TRUE(session_.Activate(vela::kSuspended));
     EXPECT_THAT(Written(), ElementsAre(BlankReport()));
-    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_TRUE(session_.Activate(vela::kActive));
     EXPECT_THAT(Written(), ElementsAre(AllLit(15)));
     EXPECT_THAT(LogOf("SetButtonBreathing"),
                 ElementsAre("INFO SetButtonBreathing: SetButtonBreathing for BUTTON_ID 2 (1)"));
@@ -134,34 +134,34 @@ TEST_F(ActivateTest, SuspendingDarkensWithoutStoppingTheBreathing) {
 
 TEST_F(ActivateTest, SuspendedButtonsAreNotVisible) {
     OpenAndLight();
-    session_.Activate(5);
-    // On the way to an active state that is no return from the suspension.
+    session_.Activate(vela::kSuspended);
+    // Another value in between does not restore the buttons.
     session_.Activate(2);
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     EXPECT_THAT(Written(), ElementsAre(BlankReport(), BlankReport(), BlankReport()));
 }
 
 TEST_F(ActivateTest, ChangesMadeWhileSuspendedAreForgotten) {
     OpenAndLight();
-    session_.Activate(5);
-    session_.EnableButton(0, false);
-    session_.SetButtonLight(1, true);
-    session_.SetButtonVisible(2, false);
+    session_.Activate(vela::kSuspended);
+    session_.EnableButton(vela::BUTTON_ID_CAMERA, false);
+    session_.SetButtonLight(vela::BUTTON_ID_AUDIO, true);
+    session_.SetButtonVisible(vela::BUTTON_ID_CHAT, false);
     session_.EnableButton(9, true);
     Written();
-    session_.Activate(1);
+    session_.Activate(vela::kActiveHostSetsLights);
     EXPECT_THAT(Written(), ElementsAre(AllLit()));
-    EXPECT_TRUE(session_.IsButtonEnabled(0));
+    EXPECT_TRUE(session_.IsButtonEnabled(vela::BUTTON_ID_CAMERA));
 }
 
 TEST_F(ActivateTest, EverySuspensionSavesTheButtonsAnew) {
     OpenAndLight();
-    session_.Activate(5);
-    session_.Activate(0);
-    session_.SetButtonLight(0, true);
+    session_.Activate(vela::kSuspended);
+    session_.Activate(vela::kActive);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     Written();
-    session_.Activate(5);
-    session_.Activate(0);
+    session_.Activate(vela::kSuspended);
+    session_.Activate(vela::kActive);
     EXPECT_THAT(
         Written(),
         ElementsAre(
@@ -171,10 +171,10 @@ TEST_F(ActivateTest, EverySuspensionSavesTheButtonsAnew) {
 
 TEST_F(ActivateTest, FromSuspendedToDeactivatedNothingComesBack) {
     OpenAndLight();
-    session_.Activate(5);
-    session_.Activate(4);
+    session_.Activate(vela::kSuspended);
+    session_.Activate(vela::kDeactivated);
     Written();
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     EXPECT_THAT(Written(), ElementsAre(BlankReport()));
 }
 

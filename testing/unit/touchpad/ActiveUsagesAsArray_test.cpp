@@ -8,7 +8,7 @@ using testing::IsEmpty;
 
 struct ArrayCase {
     std::vector<std::uint32_t> shown;
-    Bytes slots;  // behind the light values
+    Bytes slots;  // after the light values
 };
 
 void PrintTo(const ArrayCase& array, std::ostream* stream) {
@@ -34,7 +34,7 @@ TEST_P(ActiveUsagesAsArray, FillTheSlotsInTheOrderOfTheReport) {
     ASSERT_EQ(report.size(), virtual_touchpad::kOutputReportLength);
     EXPECT_EQ(Bytes(report.begin() + virtual_touchpad::kActiveBitsOffset, report.end()),
               GetParam().slots);
-    // What was not set cannot be unset, and that is no failure.
+    // Unsetting a usage that was not set is no failure.
     EXPECT_THAT(ComposeLog(), IsEmpty());
 }
 

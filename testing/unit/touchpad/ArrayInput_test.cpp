@@ -1,4 +1,4 @@
-// Touchpads that report their pressed usages in an array: in any order, some of them unknown.
+// Touchpads that report their pressed usages in an array, in any order, unknown ones included.
 #include "testing/kit/native/InputTest.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
@@ -12,8 +12,8 @@ using virtual_touchpad::kDataArray;
 using virtual_touchpad::MainItem;
 using virtual_touchpad::ReportDescriptorBuilder;
 
-// Input reports: an array of three usages 0x3E to 0x4A, then a value that is no firmware state. The
-// output reports are the usual ones.
+// The input reports have an array of three usages 0x3E to 0x4A, then a value that is no firmware
+// state. The output reports are the usual ones.
 class ArrayInputTest : public InputTest {
  protected:
     void OpenAndLightArray(std::uint8_t reportId) {
@@ -38,7 +38,7 @@ class ArrayInputTest : public InputTest {
         device_ = machine_.Plug(description);
         ASSERT_EQ(OpenSession(), vela::kHidOpen);
         session_.Enable(true);
-        session_.Activate(0);
+        session_.Activate(vela::kActive);
         for (std::uint32_t button = 0; button < 4; ++button) {
             session_.EnableButton(button, true);
             session_.SetButtonVisible(button, true);

@@ -1,4 +1,4 @@
-// Which records stand for a touchpad with the swipe gesture in both directions.
+// The records of touchpads that support the swipe gesture in both directions.
 #include "touchpad/BiDirectionSwipe.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 
 namespace {
 
-// The newest touchpad that lacks the gesture.
+// The newest touchpad without the gesture.
 struct Touchpad {
     std::uint16_t vendorId = 0x0488;
     std::uint16_t versionNumber = 98;

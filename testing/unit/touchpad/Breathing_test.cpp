@@ -1,4 +1,4 @@
-// The chat light's breathing: requested, started, kept going, stopped.
+// The chat light's breathing: requested, started, continued, stopped.
 #include <thread>
 
 #include "testing/kit/native/CompositionTest.h"
@@ -12,7 +12,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-constexpr std::uint32_t kChat = 2;
+constexpr std::uint32_t kChat = vela::BUTTON_ID_CHAT;
 constexpr std::uint8_t kNone = 0;
 constexpr std::uint8_t kStart = 8;
 constexpr std::uint8_t kKeep = 15;
@@ -22,7 +22,7 @@ const Bytes kChatHidden = LightReport(
 
 class BreathingTest : public CompositionTest {
  protected:
-    // Lit, and the chat light may breathe.
+    // Opens a lit touchpad whose chat light may breathe.
     void OpenForBreathing() {
         ASSERT_NO_FATAL_FAILURE(OpenAndLight());
         session_.EnableButtonBreathing(kChat, true);
@@ -130,7 +130,7 @@ TEST_F(BreathingTest, StartsWhenTheTouchpadIsActivated) {
     session_.Activate(2);
     session_.SetButtonBreathing(kChat, true);
     EXPECT_THAT(Written(), ElementsAre(BlankReport(), BlankReport()));
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     EXPECT_THAT(Written(), ElementsAre(AllLit(kStart)));
 }
 
@@ -139,7 +139,7 @@ TEST_F(BreathingTest, CanBeTakenBackBeforeItIsShown) {
     session_.Activate(2);
     session_.SetButtonBreathing(kChat, true);
     session_.SetButtonBreathing(kChat, false);
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     EXPECT_EQ(Compose(), AllLit(kNone));
 }
 
@@ -165,7 +165,7 @@ TEST_F(BreathingTest, OfADisabledButtonIsWrittenAsNoneAndGoesOnLater) {
 TEST_F(BreathingTest, OutlivesAnInactiveState) {
     OpenBreathing();
     session_.Activate(3);
-    session_.Activate(1);
+    session_.Activate(vela::kActiveHostSetsLights);
     EXPECT_THAT(Written(), ElementsAre(BlankReport(), AllLit(kKeep)));
 }
 
@@ -174,7 +174,7 @@ TEST_F(BreathingTest, EndsWithTheSession) {
     session_.Uninitialize();
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
     session_.Enable(true);
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     for (std::uint32_t button = 0; button < 4; ++button) {
         session_.EnableButton(button, true);
         session_.SetButtonVisible(button, true);
@@ -210,7 +210,7 @@ TEST_F(BreathingTest, IsStillToBeStartedWhenTheChatLightCouldNotBeSet) {
 
 TEST_F(BreathingTest, AStopThatComesWhileItIsBeingStartedStays) {
     OpenForBreathing();
-    // Another thread of the host stops the breathing while the report that starts it is composed.
+    // Another thread stops the breathing while the report that starts it is composed.
     std::thread stopping;
     machine_.SetFaultPolicy([&](const simulator::Call& call) -> std::optional<Fault> {
         if (call.Text() == SetValueCall(0xa2, kStart) && !stopping.joinable()) {

@@ -1,4 +1,4 @@
-// The setters of the buttons' flags: what each answers, logs and queues.
+// The setters of the buttons' flags: their results, log lines and reports.
 #include <thread>
 
 #include "testing/kit/native/InputTest.h"

@@ -1,4 +1,4 @@
-// The buttons' flags: what a change of one is answered with, logs and queues.
+// The buttons' flags: the results, log lines and reports of a change.
 #include "testing/kit/native/InputTest.h"
 
 namespace {
@@ -14,20 +14,20 @@ class ButtonLightsTest : public InputTest {};
 TEST_F(ButtonLightsTest, TheCamerasLightIsExchangedForTheOther) {
     Open();
     session_.Enable(true);
-    session_.Activate(0);
-    session_.EnableButton(0, true);
-    session_.SetButtonVisible(0, true);
+    session_.Activate(vela::kActive);
+    session_.EnableButton(vela::BUTTON_ID_CAMERA, true);
+    session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, true);
     Written();
-    EXPECT_TRUE(session_.SetButtonLight(0, true));
-    EXPECT_TRUE(session_.SetButtonLight(0, false));
+    EXPECT_TRUE(session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true));
+    EXPECT_TRUE(session_.SetButtonLight(vela::BUTTON_ID_CAMERA, false));
     EXPECT_THAT(Written(), ElementsAre(LightReport("camera on 3; camera active"),
                                        LightReport("camera off 3; camera active")));
 }
 
 TEST_F(ButtonLightsTest, TheShareScreensOnlyLightStaysAsItIs) {
     OpenAndLight();
-    EXPECT_TRUE(session_.SetButtonLight(3, true));
-    // A report was composed all the same.
+    EXPECT_TRUE(session_.SetButtonLight(vela::BUTTON_ID_SHARE_SCREEN, true));
+    // The report is composed nevertheless.
     EXPECT_EQ(machine_.CountCalls("HidP_SetUsages"), 1U);
     EXPECT_THAT(Written(), IsEmpty());
 }
@@ -35,8 +35,8 @@ TEST_F(ButtonLightsTest, TheShareScreensOnlyLightStaysAsItIs) {
 TEST_F(ButtonLightsTest, FlagsSetWhileTheTouchpadIsDisabledShowAfterwards) {
     OpenAndLight();
     ReceiveFirmwareState(kit::kFwTouchpadDisable);
-    session_.SetButtonLight(0, true);
-    session_.SetButtonVisible(3, false);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
+    session_.SetButtonVisible(vela::BUTTON_ID_SHARE_SCREEN, false);
     session_.SetBrightness(9);
     ReceiveFirmwareState(0);
     EXPECT_THAT(Written(), IsEmpty());
@@ -73,7 +73,7 @@ TEST_F(ButtonLightsTest, TheBrightnessOutlivesTheSession) {
     EXPECT_THAT(LogOf("SetBrightness"), ElementsAre("INFO SetBrightness: SetBrightness (255)"));
 }
 
-// --- what a session begins with ------------------------------------------------------------------
+// --- the first state of a session ----------------------------------------------------------------
 
 TEST_F(ButtonLightsTest, AreAllOffInANewSession) {
     OpenAndLight();
@@ -84,7 +84,7 @@ TEST_F(ButtonLightsTest, AreAllOffInANewSession) {
     session_.Uninitialize();
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
     session_.Enable(true);
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     for (std::uint32_t button = 0; button < 4; ++button) {
         EXPECT_FALSE(session_.IsButtonEnabled(button));
         EXPECT_FALSE(session_.IsButtonBreathingEnabled(button));

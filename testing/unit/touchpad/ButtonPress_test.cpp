@@ -1,4 +1,4 @@
-// Presses of the four buttons: what the host is told, and which lights follow.
+// Presses of the four buttons: the callback, and the lights that change.
 #include <tuple>
 
 #include "testing/kit/native/InputTest.h"
@@ -29,11 +29,12 @@ struct Button {
 void PrintTo(const Button& button, std::ostream* stream) { *stream << "button " << button.id; }
 
 const Button kButtons[] = {
-    {kCameraButton, 0, "camera", "CAMERA", true,
+    {kCameraButton, vela::BUTTON_ID_CAMERA, "camera", "CAMERA", true,
      LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active")},
-    {kShareScreenButton, 3, "share screen", "SHARE_SCREEN", false, AllLit()},
-    {kChatButton, 2, "chat", "CHAT", false, AllLit()},
-    {kMicrophoneButton, 1, "mic", "AUDIO", true,
+    {kShareScreenButton, vela::BUTTON_ID_SHARE_SCREEN, "share screen", "SHARE_SCREEN", false,
+     AllLit()},
+    {kChatButton, vela::BUTTON_ID_CHAT, "chat", "CHAT", false, AllLit()},
+    {kMicrophoneButton, vela::BUTTON_ID_AUDIO, "mic", "AUDIO", true,
      LightReport("camera off 3, microphone on 3, chat 3, share screen 3; all active")},
 };
 
@@ -60,11 +61,11 @@ class EachPress
     const Button& ItsButton() const { return std::get<0>(GetParam()); }
     std::uint8_t ReportId() const { return std::get<1>(GetParam()); }
     std::uint32_t Activation() const { return std::get<2>(GetParam()); }
-    // In activation state 1 the host sets the lights.
+    // In activation state 1 the host sets the lights, so none follows the press.
     bool LightFollows() const { return ItsButton().togglesLight && Activation() != 1; }
 };
 
-TEST_P(EachPress, TellsTheHostTheNewLightAndSetsItWhereItFollows) {
+TEST_P(EachPress, ReportsTheNewLightAndSetsItWhereItFollows) {
     Open();
     Press();
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre(ItsButton().Press(true)));
@@ -82,7 +83,7 @@ TEST_P(EachPress, TellsTheHostTheNewLightAndSetsItWhereItFollows) {
     }
 }
 
-TEST_P(EachPress, TellsTheOtherStateOnceTheLightIsOn) {
+TEST_P(EachPress, ReportsTheOtherStateOnceTheLightIsOn) {
     Open();
     session_.SetButtonLight(ItsButton().id, true);
     Written();
@@ -122,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(Presses, EachPress,
                          testing::Combine(testing::ValuesIn(kButtons), testing::Values(0x01, 0x10),
                                           testing::Values(0U, 1U, 2U, 4U, 5U, 0x100U)));
 
-// --- what a press does not ask for ---------------------------------------------------------------
+// --- conditions that do not matter for a press ---------------------------------------------------
 
 class ButtonPressTest : public InputTest {
  protected:
@@ -131,12 +132,12 @@ class ButtonPressTest : public InputTest {
 
 TEST_F(ButtonPressTest, OfAHiddenButtonCountsAllTheSame) {
     OpenAndLight();
-    session_.SetButtonVisible(0, false);
+    session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, false);
     Written();
     PressCamera();
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 0 1"));
     EXPECT_THAT(Written(), IsEmpty());
-    session_.SetButtonVisible(0, true);
+    session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, true);
     EXPECT_THAT(Written(), ElementsAre(kButtons[0].lightOn));
 }
 

@@ -16,7 +16,7 @@ using virtual_touchpad::kClickModeReportId;
 using virtual_touchpad::MainItem;
 using virtual_touchpad::ReportDescriptorBuilder;
 
-// The feature report as the device keeps it: 0x61, 0x62 (two bytes) and 0x63.
+// Returns the feature report as the device stores it: 0x61, 0x62 (two bytes) and 0x63.
 Bytes ClickModeReport(std::uint16_t value) {
     return {kClickModeReportId, 0x11, static_cast<std::uint8_t>(value),
             static_cast<std::uint8_t>(value >> 8U), 0x33};
@@ -30,7 +30,7 @@ class ClickModeTest : public TouchpadTest {
         machine_.ForgetCalls();
     }
 
-    // A touchpad with the usual input and output and with feature reports of the test's own.
+    // Opens a touchpad with the usual input and output and with these feature reports.
     void OpenWithFeatures(ReportDescriptorBuilder features) {
         ReportDescriptorBuilder builder;
         builder.UsagePage(0xFF80)
@@ -135,7 +135,7 @@ TEST_F(ClickModeTest, UsesTheReportThatHoldsTheUsageAndTheLongestReportsLength) 
 TEST_F(ClickModeTest, IsNotHeldUpByAWriteInFlight) {
     OpenWithClickMode(7);
     device_->SetWriteBehaviour(WriteBehaviour::Hold);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(device_->WaitForHeldWrites());
     EXPECT_TRUE(session_.SetClickMode(1, 300));
     EXPECT_TRUE(session_.GetClickMode());
@@ -203,7 +203,7 @@ TEST_F(ClickModeTest, AValueThatCannotBeSetIsNotWrittenAndTheAttemptStillEndsInI
                             "INFO SetClickMode: SetClickMode (1, 300) completed."));
 }
 
-TEST_F(ClickModeTest, AFailedWriteIsToldAndTheAttemptStillEndsInItsLine) {
+TEST_F(ClickModeTest, AFailedWriteIsLoggedAndTheAttemptStillEndsInItsLine) {
     OpenWithClickMode(7);
     machine_.FailNext("HidD_SetFeature", Fault::Error(31));
     EXPECT_FALSE(session_.SetClickMode(0, 300));
@@ -230,7 +230,7 @@ TEST_F(ClickModeTest, WorksAgainAfterAFailure) {
     EXPECT_TRUE(session_.GetClickMode());
 }
 
-TEST_F(ClickModeTest, AVanishedTouchpadIsToldByItsError) {
+TEST_F(ClickModeTest, AVanishedTouchpadIsLoggedWithItsError) {
     OpenWithClickMode(7);
     device_->Unplug();
     EXPECT_FALSE(session_.SetClickMode(1, 300));

@@ -1,5 +1,5 @@
-// Closing beside other calls: of another thread, of the callbacks that closing itself makes, and of
-// threads that come late.
+// Closing during other calls: on other threads, in the callbacks that closing itself makes, and
+// before a call that began earlier ends.
 #include <atomic>
 #include <chrono>
 #include <optional>
@@ -15,17 +15,17 @@ using testing::IsEmpty;
 
 class ConcurrentClosingTest : public TouchpadTest {
  protected:
-    // So that closing, which ends a temporary disable, notifies the host of it.
+    // Disables the touchpad, so that closing, which ends a temporary disable, notifies the host.
     void DisableTemporarily() {
         device_->SendInput(InputReport({kGesture}));
         ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     }
-    // The name can be read again afterwards, and is not a detachable touchpad's.
+    // The name becomes readable again afterwards and is not a detachable touchpad's.
     void StartHeartbeatWhileTheNameIsUnreadable() {
         Plug();
         machine_.FailAlways("HidD_GetProductString", Fault::Error(31));
         ASSERT_EQ(OpenSession(), vela::kHidOpen);
-        session_.Activate(0);
+        session_.Activate(vela::kActive);
         ASSERT_TRUE(log_.WaitForLine("HeartbeatThread created."));
         machine_.StopFailing("HidD_GetProductString");
     }
@@ -91,7 +91,7 @@ TEST_F(ConcurrentClosingTest, BesideOpeningLeavesAWholeSessionOrNone) {
     EXPECT_THAT(machine_.Misuse(), IsEmpty());
 }
 
-// The device is still open in the middle of the closing: opening it again would be refused.
+// While closing runs the device is still open, so opening it then would be refused.
 TEST_F(ConcurrentClosingTest, OpeningWaitsForAClosingThatIsNotDone) {
     OpenAndLight();
     const auto information = vela::ScanHIDInformation(&session_);
@@ -101,7 +101,7 @@ TEST_F(ConcurrentClosingTest, OpeningWaitsForAClosingThatIsNotDone) {
         if (call.function == "CloseHandle" && call.arguments.rfind("file", 0) == 0) {
             closing = true;
             while (!opening) std::this_thread::yield();
-            // Time for an opening that does not wait.
+            // Gives an opening that does not wait the time to fail.
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
         }
         return std::optional<Fault>();
@@ -117,26 +117,25 @@ TEST_F(ConcurrentClosingTest, OpeningWaitsForAClosingThatIsNotDone) {
     EXPECT_EQ(opened, vela::kHidOpen);
     EXPECT_EQ(session_.Information(), information);
     EXPECT_FALSE(session_.IsActivated());
-    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_TRUE(session_.Activate(vela::kActive));
     EXPECT_TRUE(machine_.MutexExists(L"Global\\VelaDeviceMutex"));
 }
 
-// An activation is under way when another thread closes the session, and comes to its end behind
-// that.
+// Another thread closes the session during an activation, which ends after that.
 TEST_F(ConcurrentClosingTest, AnActivationThatComesLateChangesNothing) {
     OpenAndLight();
     HostCallbacks::DuringStatusChange(
         [&] { std::thread([&] { EXPECT_TRUE(session_.Uninitialize()); }).join(); });
-    EXPECT_FALSE(session_.Activate(4));
+    EXPECT_FALSE(session_.Activate(vela::kDeactivated));
     EXPECT_FALSE(session_.IsActivated());
     HostCallbacks::DuringStatusChange(nullptr);
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
     EXPECT_FALSE(session_.IsActivated());
-    EXPECT_TRUE(session_.Activate(0));
+    EXPECT_TRUE(session_.Activate(vela::kActive));
     EXPECT_TRUE(session_.IsActivated());
 }
 
-// On the thread of the call that makes the callback, which then comes to its end without a session.
+// The callback's own thread closes the session; the outer call then ends without one.
 class ClosingInside : public ConcurrentClosingTest,
                       public testing::WithParamInterface<bool (*)(vela::CTandrelHID&)> {};
 
@@ -162,13 +161,14 @@ TEST_P(ClosingInside, ACallbackOfAnotherCallClosesTheSession) {
 
 INSTANTIATE_TEST_SUITE_P(
     Calls, ClosingInside,
-    testing::Values([](vela::CTandrelHID& session) { return session.Activate(1); },
-                    [](vela::CTandrelHID& session) { return session.Activate(4); },
-                    [](vela::CTandrelHID& session) { return session.Activate(5); },
-                    [](vela::CTandrelHID& session) { return session.Enable(false); }));
+    testing::Values(
+        [](vela::CTandrelHID& session) { return session.Activate(vela::kActiveHostSetsLights); },
+        [](vela::CTandrelHID& session) { return session.Activate(vela::kDeactivated); },
+        [](vela::CTandrelHID& session) { return session.Activate(vela::kSuspended); },
+        [](vela::CTandrelHID& session) { return session.Enable(false); }));
 
-// A call that the class driver answers late: closing waits for it, and the next one gets no handle
-// of the touchpad that is closed by then.
+// Closing waits for a call that the class driver completes late. The next call gets no handle of
+// the closed touchpad.
 TEST_F(ConcurrentClosingTest, WaitsForACallOfAnotherThreadOnTheDevice) {
     OpenAndLight();
     std::atomic<bool> inside{false};
@@ -185,7 +185,7 @@ TEST_F(ConcurrentClosingTest, WaitsForACallOfAnotherThreadOnTheDevice) {
     while (!inside) std::this_thread::yield();
     std::thread closing([&] { EXPECT_TRUE(session_.Uninitialize()); });
     while (session_.Information() != nullptr) std::this_thread::yield();
-    // Time for a closing that does not wait.
+    // Gives a closing that does not wait the time to close the handle.
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     EXPECT_EQ(device_->OpenHandles(), 1U);
     goOn = true;
@@ -213,10 +213,11 @@ TEST_P(DeactivatingValue, StopsAHeartbeatThatAnUnreadableNameStarted) {
     EXPECT_TRUE(log_.WaitForLine("HeartbeatThread leaved."));
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, DeactivatingValue, testing::Values(1U, 4U, 5U));
+INSTANTIATE_TEST_SUITE_P(Values, DeactivatingValue,
+                         testing::Values(vela::kActiveHostSetsLights, vela::kDeactivated,
+                                         vela::kSuspended));
 
-// A thread that was set aside while the session was closed and opened again, on the handle of the
-// touchpad that it began with.
+// A thread still uses the first touchpad's handle after the session was closed and opened again.
 TEST_F(ConcurrentClosingTest, AReportForAClosedTouchpadIsNotWrittenToTheNextOne) {
     Plug();
     vela::TouchpadDevice touchpad;

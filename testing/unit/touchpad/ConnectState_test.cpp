@@ -1,4 +1,4 @@
-// Whether the touchpad is connected, the question that gates every write.
+// The query of the connection, which precedes every write.
 
 #include <thread>
 
@@ -14,7 +14,7 @@ using testing::IsEmpty;
 
 class ConnectStateTest : public TouchpadTest {
  protected:
-    // The answer of an open session.
+    // Returns the connection state of an open session.
     bool IsConnected() {
         bool connected = false;
         EXPECT_TRUE(session_.GetDeviceConnectState(connected));
@@ -25,7 +25,7 @@ class ConnectStateTest : public TouchpadTest {
         return machine_.CallTexts({"HidD_GetPreparsedData", "HidD_FreePreparsedData"});
     }
 
-    // Calls of the record that probe the device.
+    // Returns the recorded calls that probe the device.
     std::vector<Call> Probes() const {
         std::vector<Call> probes;
         for (const Call& call : machine_.Calls()) {
@@ -115,9 +115,9 @@ TEST_F(ConnectStateTest, LightsAreNotUpdatedWhileTheTouchpadIsAway) {
     session_.Enable(true);
     ASSERT_NO_FATAL_FAILURE(Settle());
     machine_.FailAlways("HidD_GetPreparsedData", Fault::Error(5));
-    EXPECT_TRUE(session_.SetButtonLight(0, true));
+    EXPECT_TRUE(session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true));
     machine_.StopFailing("HidD_GetPreparsedData");
-    // Behind the light's report, had there been one.
+    // A report of the light would be written before this one.
     ASSERT_TRUE(session_.UpdateVelaState());
     ASSERT_TRUE(device_->WaitForOutputs(1));
     EXPECT_THAT(device_->Outputs(), ElementsAre(RequestReport()));

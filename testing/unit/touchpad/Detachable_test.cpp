@@ -1,4 +1,4 @@
-// Whether the touchpad can be taken off the machine, which only its product string tells.
+// A touchpad is detachable or fixed by its product string.
 #include "testing/kit/native/TouchpadTest.h"
 
 namespace {
@@ -25,7 +25,7 @@ struct ProductName {
 
 class ProductNameTest : public DetachableTest, public testing::WithParamInterface<ProductName> {};
 
-TEST_P(ProductNameTest, TellsWhetherTheTouchpadIsDetachable) {
+TEST_P(ProductNameTest, DecidesWhetherTheTouchpadIsDetachable) {
     Open(Named(GetParam().text));
     EXPECT_EQ(session_.IsDetachable(), GetParam().detachable);
 }
@@ -38,10 +38,10 @@ INSTANTIATE_TEST_SUITE_P(
                     ProductName{L"Touchpad, DETACHABLE", true}, ProductName{L"UnDetachables", true},
                     ProductName{L"Detach able", false}, ProductName{L"detachabl", false},
                     ProductName{L"V\u00c9LA \u4f60 Detachable", true},
-                    // Letters outside A to Z are left as they are, and whole.
+                    // Only A to Z are converted to lower case; other letters stay unchanged.
                     ProductName{L"\u014dorlo", false}, ProductName{L"\u014d\u014f\u0152lo", false},
                     ProductName{L"\uff2d\uff2f\uff32\uff2c\uff2f", false},
-                    // As long as the buffer allows, the word at its very end.
+                    // The name fills the buffer and ends with the word.
                     ProductName{std::wstring(250, L'x') + L"Morlo", true}));
 
 TEST_F(DetachableTest, LogsTheNameInLowerCase) {
@@ -68,7 +68,7 @@ TEST_F(DetachableTest, ReadsTheNameOnce) {
                             std::to_string(256 * sizeof(wchar_t)) + ")"));
 }
 
-TEST_F(DetachableTest, ANameThatCannotBeReadCountsAsDetachableAndIsAskedForAgain) {
+TEST_F(DetachableTest, ANameThatCannotBeReadCountsAsDetachableAndIsReadAgain) {
     Open();
     machine_.ForgetCalls();
     machine_.FailNext("HidD_GetProductString", Fault::Error(31));
@@ -88,7 +88,7 @@ TEST_F(DetachableTest, ANameTooLongForTheBufferCannotBeRead) {
                     "WARNING IsDetachable: GetProductString failed, GetLastError(")));
 }
 
-TEST_F(DetachableTest, AnEmptyNameCountsAsDetachableAndIsAskedForAgain) {
+TEST_F(DetachableTest, AnEmptyNameCountsAsDetachableAndIsReadAgain) {
     Open(Named(L""));
     machine_.ForgetCalls();
     EXPECT_TRUE(session_.IsDetachable());

@@ -1,4 +1,4 @@
-// A device's handle is closed behind the calls that use it, and never used afterwards.
+// A device's handle is closed after the calls that use it and never used afterwards.
 #include "touchpad/DeviceHandle.h"
 
 #include <gmock/gmock.h>
@@ -67,7 +67,7 @@ TEST_F(DeviceHandleTest, IsClosedBehindTheCallsThatUseIt) {
     });
     while (!inside) std::this_thread::yield();
     std::thread closing([&] { device.Close(); });
-    // From here on the closing thread waits, and no further call gets the handle.
+    // The closing thread waits now, and no further call gets the handle.
     while (device.IsOpen()) std::this_thread::yield();
     EXPECT_EQ(device.Use([](HANDLE used) { return used; }), nullptr);
     leave = true;

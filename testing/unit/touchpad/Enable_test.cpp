@@ -14,12 +14,12 @@ constexpr std::uint8_t kFirmwareTouchpadDisable = 0x80;
 const std::string kCannotUpdate =
     "INFO Update: Can't update Vela state because TemporaryDisable (1) or TabletModeDisable (0)";
 
-// All four buttons shown, no light toggled, chat not breathing.
+// All four buttons are shown, no light is toggled, and chat does not breathe.
 class EnableTest : public TouchpadTest {
  protected:
     std::vector<Bytes> Written() { return WrittenReports(session_, *device_); }
 
-    // The touchpad reports, and the session tells its status.
+    // Sends the touchpad's report and waits for the session's status callback.
     void Receive(const Bytes& report, const std::string& status) {
         HostCallbacks::Reset();
         device_->SendInput(report);
@@ -65,7 +65,7 @@ TEST_F(EnableTest, DisablingStopsTheBreathingAndThenDarkensEverything) {
     OpenAndLight();
     EXPECT_TRUE(session_.Enable(false));
     EXPECT_FALSE(session_.IsEnabled());
-    // The first one is forced and still lit.
+    // The first report is forced and still lit.
     EXPECT_THAT(Written(), ElementsAre(AllLit(), BlankReport()));
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
 
@@ -79,8 +79,8 @@ TEST_F(EnableTest, DisablingStopsTheBreathingAndThenDarkensEverything) {
 
 TEST_F(EnableTest, DisablingEndsARunningBreathing) {
     OpenAndLight();
-    session_.EnableButtonBreathing(2, true);
-    session_.SetButtonBreathing(2, true);
+    session_.EnableButtonBreathing(vela::BUTTON_ID_CHAT, true);
+    session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
     Written();
     session_.Enable(false);
     EXPECT_THAT(Written(), ElementsAre(AllLit(), BlankReport()));
@@ -98,7 +98,7 @@ TEST_F(EnableTest, DisablingTwiceIsLoggedTwice) {
 
 // --- a temporary disable -------------------------------------------------------------------------
 
-TEST_F(EnableTest, DisablingEndsATemporaryDisableAndTellsTheHost) {
+TEST_F(EnableTest, DisablingEndsATemporaryDisableAndNotifiesTheHost) {
     OpenAndLight();
     DisableByGesture();
     EXPECT_TRUE(session_.Enable(false));
@@ -108,13 +108,13 @@ TEST_F(EnableTest, DisablingEndsATemporaryDisableAndTellsTheHost) {
     EXPECT_THAT(LogOf("Update"), IsEmpty());
 }
 
-TEST_F(EnableTest, TheHostIsToldWhileTheFeatureIsStillOnAndLightsCanBeSet) {
+TEST_F(EnableTest, TheHostIsNotifiedWhileTheFeatureIsStillOnAndLightsCanBeSet) {
     OpenAndLight();
     DisableByGesture();
     bool enabledMeanwhile = false;
     HostCallbacks::DuringStatusChange([&] {
         enabledMeanwhile = session_.IsEnabled();
-        session_.SetButtonLight(0, true);
+        session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     });
     session_.Enable(false);
     EXPECT_TRUE(enabledMeanwhile);
@@ -129,11 +129,11 @@ TEST_F(EnableTest, TheCallbackMayCallEveryOperationOfTheSession) {
     HostCallbacks::DuringStatusChange([this] {
         HostCallbacks::DuringStatusChange(nullptr);
         session_.Enable(true);
-        session_.Activate(1);
-        session_.EnableButton(0, true);
-        session_.SetButtonVisible(0, true);
-        session_.SetButtonLight(0, true);
-        session_.SetButtonBreathing(2, true);
+        session_.Activate(vela::kActiveHostSetsLights);
+        session_.EnableButton(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
         session_.SetBrightness(9);
         session_.SetClickMode(1, 300);
         session_.IsDetachable();
@@ -160,14 +160,14 @@ TEST_F(EnableTest, DisablingLeavesATemporaryDisableAloneWithoutACallback) {
     EXPECT_TRUE(session_.Enable(false));
     EXPECT_FALSE(session_.IsEnabled());
     EXPECT_THAT(Written(), IsEmpty());
-    // The stopped breathing's update and its own.
+    // One line for stopping the breathing, one for disabling.
     EXPECT_THAT(LogOf("Update"), ElementsAre(kCannotUpdate, kCannotUpdate));
 }
 
 TEST_F(EnableTest, DisablingLeavesATemporaryDisableAloneOutsideTheActiveStates) {
     OpenAndLight();
     DisableByGesture();
-    session_.Activate(5);
+    session_.Activate(vela::kSuspended);
     HostCallbacks::Reset();
     EXPECT_TRUE(session_.Enable(false));
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
@@ -187,7 +187,7 @@ TEST_F(EnableTest, DisablingLeavesBothFlagsAloneWhileTheTouchpadIsOff) {
     EXPECT_THAT(LogOf("Update"), ElementsAre(line, line));
 }
 
-TEST_F(EnableTest, DisablingTellsNothingWhenNothingWasDisabled) {
+TEST_F(EnableTest, DisablingReportsNothingWhenNothingWasDisabled) {
     OpenAndLight();
     Receive(InputReport({}, 0), "status 0");
     EXPECT_TRUE(session_.Enable(false));

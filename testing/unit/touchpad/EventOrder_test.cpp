@@ -1,5 +1,5 @@
-// When the host is told of the touchpad's own events, what it may do then, and what becomes of a
-// breathing light.
+// The order of the status callback and the light reports of an event, calls inside the callback,
+// and the effect of events on a breathing light.
 #include "testing/kit/native/InputTest.h"
 
 namespace {
@@ -8,36 +8,36 @@ using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-
 // --- order ---------------------------------------------------------------------------------------
 
 class EventOrderTest : public InputTest {
  protected:
-    // The host is told between two reports: its camera light shows in those that come after.
-    void LightTheCameraWhenTold() {
-        HostCallbacks::DuringStatusChange([this] { session_.SetButtonLight(0, true); });
+    // The host lights the camera in its callback, so the light shows in the reports after it.
+    void LightTheCameraWhenNotified() {
+        HostCallbacks::DuringStatusChange(
+            [this] { session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true); });
     }
 };
 
 const Bytes kCameraOn =
     LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active");
 
-TEST_F(EventOrderTest, SyncTellsTheHostBehindBothReports) {
+TEST_F(EventOrderTest, SyncNotifiesTheHostAfterBothReports) {
     OpenAndLight();
-    LightTheCameraWhenTold();
+    LightTheCameraWhenNotified();
     Receive(InputReport({kSync}));
     EXPECT_THAT(Written(), ElementsAre(AllLit(), AllLit(), kCameraOn));
 }
 
-TEST_F(EventOrderTest, EnabledTellsTheHostBeforeItsReports) {
+TEST_F(EventOrderTest, EnabledNotifiesTheHostBeforeItsReports) {
     OpenAndLight();
-    LightTheCameraWhenTold();
+    LightTheCameraWhenNotified();
     Receive(InputReport({kEnabled}));
-    // The host's own, the forced one; the last is the same as the host's.
+    // The reports of the host's call and the forced one; the last equals the host's and is dropped.
     EXPECT_THAT(Written(), ElementsAre(kCameraOn, kCameraOn));
 }
 
-TEST_F(EventOrderTest, TheFlagsAreInForceWhenTheHostIsTold) {
+TEST_F(EventOrderTest, TheFlagsAreInForceWhenTheHostIsNotified) {
     OpenAndLight();
     HostCallbacks::DuringStatusChange([this] { TryUpdate(); });
     Receive(InputReport({kGesture}));
@@ -56,8 +56,8 @@ class BreathingEvent : public InputTest,
  protected:
     void OpenBreathing() {
         OpenAndLight();
-        session_.EnableButtonBreathing(2, true);
-        session_.SetButtonBreathing(2, true);
+        session_.EnableButtonBreathing(vela::BUTTON_ID_CHAT, true);
+        session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
         ASSERT_THAT(Written(), ElementsAre(AllLit(8)));
     }
 };
@@ -81,7 +81,7 @@ TEST_F(BreathingEvent, AGestureOnlyPausesTheReports) {
     Receive(InputReport({kGesture}));
     EXPECT_THAT(Written(), IsEmpty());
     ReceiveFirmwareState(0);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     EXPECT_THAT(
         Written(),
         ElementsAre(LightReport(
@@ -98,12 +98,12 @@ TEST_P(EventCallback, MayCallEveryOperationOfTheSession) {
         HostCallbacks::DuringStatusChange(nullptr);
         session_.Enable(false);
         session_.Enable(true);
-        session_.Activate(5);
-        session_.Activate(1);
-        session_.EnableButton(0, true);
-        session_.SetButtonVisible(0, true);
-        session_.SetButtonLight(0, true);
-        session_.SetButtonBreathing(2, true);
+        session_.Activate(vela::kSuspended);
+        session_.Activate(vela::kActiveHostSetsLights);
+        session_.EnableButton(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
         session_.SetBrightness(9);
         session_.SetClickMode(1, 300);
         session_.UpdateVelaState();

@@ -31,10 +31,10 @@ void PrintTo(const StateCase& state, std::ostream* stream) { *stream << int{stat
 class FirmwareState : public InputTest,
                       public testing::WithParamInterface<std::tuple<StateCase, std::uint32_t>> {};
 
-TEST_P(FirmwareState, SetsBothFlagsAndIsToldInTheActiveStates) {
+TEST_P(FirmwareState, SetsBothFlagsAndIsReportedInTheActiveStates) {
     const auto [state, activation] = GetParam();
     OpenAndLight({}, activation);
-    // Neither flag stays as it was.
+    // Both flags change with the report.
     ReceiveFirmwareState(static_cast<std::uint8_t>(~state.state));
     Receive(InputReport({}, state.state));
     if (activation <= 1) {
@@ -43,7 +43,7 @@ TEST_P(FirmwareState, SetsBothFlagsAndIsToldInTheActiveStates) {
     } else {
         EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
     }
-    // It asks for no lights: the firmware that ends a disable sends SYNC.
+    // The state updates no lights: the firmware sends SYNC when it ends a disable.
     EXPECT_EQ(machine_.CountCalls("HidP_SetUsageValue"), 0U);
     TryUpdate();
     EXPECT_THAT(Written(), IsEmpty());
@@ -115,7 +115,7 @@ TEST_F(FirmwareStateTest, ThatCannotBeReadCountsAsAllClear) {
                 ElementsAre(StateLine(true, true, true), StateLine(false, false, false)));
 }
 
-TEST_F(FirmwareStateTest, IsToldEveryTimeThoughUnchanged) {
+TEST_F(FirmwareStateTest, IsReportedEveryTimeThoughUnchanged) {
     OpenAndLight();
     Receive(InputReport({}, 0x20));
     Receive(InputReport({}, 0x20));
@@ -130,21 +130,21 @@ TEST_F(FirmwareStateTest, IsKeptWithoutACallback) {
     EXPECT_THAT(LogOf("Update"), ElementsAre(CannotUpdate(true, true)));
 }
 
-TEST_F(FirmwareStateTest, IsInForceWhenTheHostIsTold) {
+TEST_F(FirmwareStateTest, IsInForceWhenTheHostIsNotified) {
     OpenAndLight();
     HostCallbacks::DuringStatusChange([this] { TryUpdate(); });
     Receive(InputReport({}, 0x80));
     EXPECT_THAT(LogOf("Update"), ElementsAre(CannotUpdate(false, true)));
 }
 
-TEST_F(FirmwareStateTest, IsToldWithNoLockHeld) {
+TEST_F(FirmwareStateTest, IsReportedWithNoLockHeld) {
     OpenAndLight();
     HostCallbacks::DuringStatusChange([this] {
         HostCallbacks::DuringStatusChange(nullptr);
-        // Both take the lock under which the flags were stored.
-        session_.Activate(4);
-        session_.Activate(1);
-        session_.SetButtonLight(0, true);
+        // Both calls take the lock under which the flags were stored.
+        session_.Activate(vela::kDeactivated);
+        session_.Activate(vela::kActiveHostSetsLights);
+        session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     });
     Receive(InputReport({}, 0x20));
     EXPECT_THAT(HostCallbacks::Calls(),
@@ -162,7 +162,7 @@ TEST_F(FirmwareStateTest, OfADisabledTouchpadEndsWithTheSession) {
 }
 
 TEST_F(FirmwareStateTest, OfATemporaryDisableOutlivesASessionThatWasNotActive) {
-    OpenAndLight({}, 4);
+    OpenAndLight({}, vela::kDeactivated);
     ReceiveFirmwareState(0x20);
     session_.Uninitialize();
     ASSERT_EQ(OpenSession(), vela::kHidOpen);

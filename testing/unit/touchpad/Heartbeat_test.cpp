@@ -1,4 +1,4 @@
-// The heartbeat of a detachable touchpad. The suite that waits for it to beat is a slow one.
+// The heartbeat of a detachable touchpad. The suite that waits for a beat is a slow one.
 #include <thread>
 
 #include "testing/kit/native/TouchpadTest.h"
@@ -20,25 +20,25 @@ class HeartbeatTest : public TouchpadTest {
 
 TEST_F(HeartbeatTest, StartsWithTheActivationOfADetachableTouchpad) {
     Open(DetachableLayout());
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     EXPECT_TRUE(WaitForCreated());
 }
 
 TEST_F(HeartbeatTest, IsNoneOnATouchpadThatCannotBeTakenOff) {
     Open();
-    session_.Activate(0);
-    session_.Activate(4);
+    session_.Activate(vela::kActive);
+    session_.Activate(vela::kDeactivated);
     session_.Uninitialize();
     EXPECT_THAT(LogOf("HeartbeatThread"), IsEmpty());
 }
 
 TEST_F(HeartbeatTest, IsReplacedByEachNewActivation) {
     Open(DetachableLayout());
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     ASSERT_TRUE(WaitForCreated());
-    session_.Activate(1);
+    session_.Activate(vela::kActiveHostSetsLights);
     ASSERT_TRUE(WaitForCreated(2));
-    session_.Activate(4);
+    session_.Activate(vela::kDeactivated);
     ASSERT_TRUE(WaitForLeaved(2));
     EXPECT_THAT(LogOf("HeartbeatThread"),
                 ElementsAre(std::string("INFO HeartbeatThread: ") + kCreated,
@@ -52,11 +52,11 @@ class HeartbeatStopTest : public HeartbeatTest,
 
 TEST_P(HeartbeatStopTest, LeavesAtOnceAndMayStartAgain) {
     Open(DetachableLayout());
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     ASSERT_TRUE(WaitForCreated());
     session_.Activate(GetParam());
     EXPECT_TRUE(WaitForLeaved());
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     EXPECT_TRUE(WaitForCreated(2));
 }
 
@@ -64,11 +64,11 @@ INSTANTIATE_TEST_SUITE_P(DeactivatedAndSuspended, HeartbeatStopTest, testing::Va
 
 TEST_F(HeartbeatTest, GoesOnInActivationStatesWithoutAMeaning) {
     Open(DetachableLayout());
-    session_.Activate(0);
+    session_.Activate(vela::kActive);
     ASSERT_TRUE(WaitForCreated());
     session_.Activate(2);
     session_.Activate(3);
-    session_.Activate(1);  // joins it: only now has it left
+    session_.Activate(vela::kActiveHostSetsLights);  // joins the old thread, which ends only now
     EXPECT_TRUE(WaitForCreated(2));
     EXPECT_TRUE(WaitForLeaved(1));
 }
@@ -90,7 +90,7 @@ TEST_F(HeartbeatTest, LeftOverAtTheEndOfTheSessionEndsTheProcess) {
             vela::CTandrelHID session;
             Plug(DetachableLayout());
             session.Initialize(vela::ScanHIDInformation(&session));
-            session.Activate(0);
+            session.Activate(vela::kActive);
             session.Uninitialize();
         },
         "");
@@ -98,7 +98,7 @@ TEST_F(HeartbeatTest, LeftOverAtTheEndOfTheSessionEndsTheProcess) {
 
 class SlowHeartbeatTest : public HeartbeatTest {
  protected:
-    // The next report, which comes with the next beat.
+    // Returns the next report, which is the next beat's.
     Bytes NextBeat() {
         device_->ForgetOutputs();
         for (int tries = 0; tries < 3; ++tries) {
@@ -114,15 +114,15 @@ TEST_F(SlowHeartbeatTest, SendsTheLastReportAgain) {
     EXPECT_EQ(NextBeat(), AllLit());
 }
 
-TEST_F(SlowHeartbeatTest, TellsABreathingLightToGoOn) {
+TEST_F(SlowHeartbeatTest, ContinuesABreathingLight) {
     OpenAndLight(DetachableLayout());
-    session_.EnableButtonBreathing(2, true);
-    session_.SetButtonBreathing(2, true);
+    session_.EnableButtonBreathing(vela::BUTTON_ID_CHAT, true);
+    session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
     ASSERT_EQ(OutputNumber(1), AllLit(8));
     EXPECT_EQ(NextBeat(), AllLit(15));
 }
 
-TEST_F(SlowHeartbeatTest, AsksForTheStateWhileTemporarilyDisabled) {
+TEST_F(SlowHeartbeatTest, RequestsTheStateWhileTemporarilyDisabled) {
     OpenAndLight(DetachableLayout());
     device_->SendInput(InputReport({kGesture}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
@@ -133,7 +133,7 @@ TEST_F(SlowHeartbeatTest, SendsNothingToATouchpadThatIsNotThere) {
     OpenAndLight(DetachableLayout());
     machine_.FailAlways("HidD_GetPreparsedData", Fault::Error(1167));
     machine_.ForgetCalls();
-    // The beat asks for the connection and leaves it at that.
+    // The beat queries the connection and does no more.
     ASSERT_TRUE(machine_.WaitForCalls("HidD_GetPreparsedData", 1) ||
                 machine_.WaitForCalls("HidD_GetPreparsedData", 1) ||
                 machine_.WaitForCalls("HidD_GetPreparsedData", 1));

@@ -1,5 +1,4 @@
-// Opening a session: what is asked of the platform in which order, and what a failure leaves
-// behind.
+// Opening a session: the order of the platform calls, and the clean-up after a failure.
 #include <thread>
 
 #include "testing/kit/native/TouchpadTest.h"
@@ -22,7 +21,7 @@ constexpr char kSucceeded[] =
 
 class InitializeTest : public TouchpadTest {
  protected:
-    // The record of the plugged touchpad; calls are forgotten.
+    // Returns the record of the plugged touchpad and forgets the calls.
     std::shared_ptr<vela::CHIDInformation> Scan() {
         auto information = vela::ScanHIDInformation(&session_);
         machine_.ForgetCalls();
@@ -90,7 +89,7 @@ TEST_F(InitializeTest, KeepsNoHandleOfAMutexThatExists) {
     EXPECT_EQ(machine_.CountCalls("CreateMutexW"), 0U);
     const std::size_t before = machine_.OpenHandles().size();
     session_.Uninitialize();
-    // Only the device's: the handle that the open gave stays, unkept and unclosed.
+    // Only the device's handle is closed: the mutex handle that the session opened stays open.
     EXPECT_EQ(machine_.OpenHandles().size(), before - 1);
 }
 
@@ -107,9 +106,9 @@ TEST_F(InitializeTest, ClearsTheTabletModeOfAnEarlierSession) {
 TEST_F(InitializeTest, WritesNothingThatAnEarlierSessionLeftUnsent) {
     OpenAndLight();
     device_->SetWriteBehaviour(simulator::WriteBehaviour::Hold);
-    session_.SetButtonLight(0, true);  // in flight
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);  // in flight
     ASSERT_TRUE(device_->WaitForHeldWrites());
-    std::thread queueing([this] { session_.SetButtonLight(1, true); });
+    std::thread queueing([this] { session_.SetButtonLight(vela::BUTTON_ID_AUDIO, true); });
     device_->Unplug();
     queueing.join();
     session_.Uninitialize();
@@ -128,7 +127,7 @@ struct OpenFailure {
 class InitializeOpenFailureTest : public InitializeTest,
                                   public testing::WithParamInterface<OpenFailure> {};
 
-TEST_P(InitializeOpenFailureTest, IsAnsweredAndKeepsNothing) {
+TEST_P(InitializeOpenFailureTest, IsReturnedAndKeepsNothing) {
     Plug();
     const auto information = Scan();
     machine_.FailNext("CreateFileW", Fault::Error(GetParam().error));

@@ -10,8 +10,7 @@ using namespace kit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-
-// The session's two flags, as the firmware state that sets them.
+// The session's two flags, in terms of the firmware state that sets them.
 constexpr std::uint8_t kClear = 0;
 constexpr std::uint8_t kTemporary = kit::kFwSwipeOff;
 constexpr std::uint8_t kTablet = kit::kFwTouchpadDisable;
@@ -26,9 +25,9 @@ struct Event {
     std::uint8_t reportId;
     std::uint8_t before;
     std::uint8_t after;
-    std::optional<std::uint32_t> status;  // told in an active state
+    std::optional<std::uint32_t> status;  // reported in an active state
     std::size_t written = 0;              // light reports
-    std::size_t heldBack = 0;             // light reports that may not be written
+    std::size_t heldBack = 0;             // light reports that must not be written
     bool stopsBreathing = false;
 };
 
@@ -67,13 +66,13 @@ class EachEvent : public InputTest,
     bool Active() const { return Activation() <= 1; }
 };
 
-TEST_P(EachEvent, ChangesTheFlagsTellsTheHostAndUpdatesTheLights) {
+TEST_P(EachEvent, ChangesTheFlagsNotifiesTheHostAndUpdatesTheLights) {
     const Event& event = ItsEvent();
     OpenAndLight(BothLayouts(), Activation());
     ReceiveFirmwareState(event.before);
     Receive(InputReport({event.usage}, 0, event.reportId));
 
-    // Outside the active states the gesture is nobody's.
+    // Outside the active states the gesture has no effect.
     const std::uint8_t after = event.usage == kGesture && !Active() ? event.before : event.after;
     std::vector<std::string> calls;
     if (Active() && event.status) calls.push_back("status " + std::to_string(*event.status));
@@ -119,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(Gesture, EachEvent,
                                           })),
                                           kActivations));
 
-// The second update of an enabled event is not forced, so its report is the same again.
+// The second update of an enabled event is unforced; its unchanged report is dropped.
 INSTANTIATE_TEST_SUITE_P(
     Enabled, EachEvent,
     testing::Combine(testing::Values(Event{kEnabled, 1, kClear, kClear, 0, 1, 0, true},

@@ -1,4 +1,4 @@
-// How an input report is taken apart: which usages count, in which order, and what a failure does.
+// Handling input reports: the usages that count, their order, and failures.
 #include "testing/kit/native/InputTest.h"
 
 namespace {
@@ -32,8 +32,9 @@ TEST_F(InputHandlerTest, SeveralUsagesAreHandledInAscendingOrder) {
 
 TEST_F(InputHandlerTest, AllUsagesInOneReportAreAllHandled) {
     OpenAndLight();
-    Receive(InputReport({kSync, kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton, kGesture, kEnabled, kDisabled}));
-    // Enabled comes behind the gesture, which is still in force then.
+    Receive(InputReport({kSync, kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton,
+                         kGesture, kEnabled, kDisabled}));
+    // Enabled is handled after the gesture, whose disable still holds then.
     EXPECT_THAT(HostCallbacks::Calls(),
                 ElementsAre("status 0", "press 0 1", "press 3 1", "press 2 1", "press 1 1",
                             "status 2", "status 2", "status 3"));
@@ -46,7 +47,7 @@ TEST_F(InputHandlerTest, AllUsagesInOneReportAreAllHandled) {
 
 TEST_F(InputHandlerTest, ADisabledButtonDoesNotEndTheReport) {
     OpenAndLight();
-    session_.EnableButton(0, false);
+    session_.EnableButton(vela::BUTTON_ID_CAMERA, false);
     Receive(InputReport({kCameraButton, kChatButton}));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 2 1"));
     EXPECT_THAT(

@@ -1,4 +1,4 @@
-// What closing learns of the reports that were issued to the touchpad.
+// The monitor of issued reports, which closing queries.
 #include "touchpad/IssueMonitor.h"
 
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ TEST_F(IssueMonitorTest, DoesNotCountWhatThePlatformRefused) {
     EXPECT_TRUE(monitor_.IsWatchedLast());
 }
 
-TEST_F(IssueMonitorTest, KnowsTheLastReport) {
+TEST_F(IssueMonitorTest, RemembersTheLastReport) {
     Issue(kDark);
     Issue(kLit);
     monitor_.Watch(kDark);

@@ -1,4 +1,4 @@
-// Closing leaves the touchpad dark, whatever the writer and the heartbeat still had to write.
+// Closing leaves the touchpad dark, whatever the writer and the heartbeat still have to write.
 #include "touchpad/LastWords.h"
 
 #include <atomic>
@@ -19,7 +19,7 @@ using testing::IsEmpty;
 const Bytes kLit = LightReport("camera on 3, microphone off 3, chat 3, share screen 3; all active");
 const Bytes kDark = BlankReport();
 
-// The writer and the last words, without a session around them.
+// Tests the writer and the last words without a session.
 class LastWordsTest : public TouchpadTest {
  protected:
     LastWordsTest() {
@@ -36,7 +36,7 @@ class LastWordsTest : public TouchpadTest {
         touchpad_.Close();
     }
 
-    // Calls on this thread, and on the session's own threads.
+    // Sets the faults of writes on this thread and on the session's own threads.
     void OnWrite(std::function<std::optional<Fault>()> byHost,
                  std::function<std::optional<Fault>()> byOthers) {
         machine_.SetFaultPolicy(
@@ -65,13 +65,13 @@ class LastWordsTest : public TouchpadTest {
         writer_.Enqueue(writer_.Draw(), report, force);
     }
 
-    // The device has a report a moment before the writer is done with it.
+    // Waits for the writer too, which is done with a report a moment after the device has it.
     void EnqueueAndAwait(const Bytes& report) {
         Enqueue(report);
         while (writer_.LastReport() != report) std::this_thread::yield();
     }
 
-    // The last words, the end of the writer, and what the touchpad got since `between`.
+    // Writes the last words, calls `between`, stops the writer, and returns all reports.
     std::vector<Bytes> Close(const std::function<void()>& between = [] {}) {
         vela::LastWords lastWords(writer_, *open_, kDark);
         lastWords.Write();
@@ -126,7 +126,7 @@ TEST_F(LastWordsTest, AreWrittenAgainBehindTheReportOfAHeartbeat) {
                 ElementsAre(kDark, kLit, kDark));
 }
 
-// A heartbeat is not waited for: it may be at its write when the writer is joined.
+// Closing does not join the heartbeat, which may be writing when the writer is joined.
 TEST_F(LastWordsTest, WaitForAHeartbeatThatIsIssuingItsReport) {
     std::atomic<bool> stopped{false};
     OnWrite([] { return std::nullopt; },
@@ -137,7 +137,7 @@ TEST_F(LastWordsTest, WaitForAHeartbeatThatIsIssuingItsReport) {
             });
     std::thread heartbeat([this] { writer_.WriteOutputReportInternal(*open_, kLit, true); });
     AwaitOthers();
-    // Goes on when a closing that does not wait has come to its end.
+    // The heartbeat continues only after a closing that does not wait would have ended.
     std::thread later([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         stopped = true;
@@ -154,7 +154,7 @@ TEST_F(LastWordsTest, AreNotFollowedByAnythingThatComesAfterTheStop) {
     EXPECT_THAT(device_->Outputs(), ElementsAre(kDark));
 }
 
-// Lit by a forced report, the touchpad still has a dark one as the last that was not forced.
+// A forced report lit the touchpad, but the last unforced report is a dark one.
 TEST_F(LastWordsTest, AreNotTakenForTheLastReportWhenAForcedOneLitTheTouchpad) {
     Enqueue(kDark);
     Enqueue(kLit, true);
@@ -177,7 +177,7 @@ TEST_F(LastWordsTest, ThatTheTouchpadRefusesAreTriedAgainBehindAReportThatItTook
                 ElementsAre(kLit, kDark));
 }
 
-// Otherwise closing would take another 30 seconds.
+// Closing would otherwise take another 30 seconds.
 TEST_F(LastWordsTest, AreNotWrittenAgainToATouchpadThatTakesNoWrite) {
     machine_.ExpireTimedWaits(true);
     device_->SetWriteBehaviour(WriteBehaviour::Hold);
@@ -188,25 +188,25 @@ TEST_F(LastWordsTest, AreNotWrittenAgainToATouchpadThatTakesNoWrite) {
     EXPECT_EQ(device_->HeldWrites(), 2U);
 }
 
-// A session closed on a host's own orders: the writer has not woken yet, or has.
+// Tests closing a whole session, before or after its writer has woken.
 class ClosingTest : public TouchpadTest {};
 
-// What another thread of the host requests meanwhile is not in the last words, and not behind them:
-// here it switches everything on again when closing has just switched it off.
+// Requests that another thread makes while the session closes are in no report: here it switches
+// everything on just after closing has switched it off.
 TEST_F(ClosingTest, LeavesTheTouchpadDarkWhateverOtherThreadsRequestMeanwhile) {
     OpenAndLight();
     std::atomic<bool> go{false};
     std::atomic<bool> done{false};
     std::thread other([&] {
         while (!go) std::this_thread::yield();
-        session_.EnableButton(0, true);
-        session_.SetButtonVisible(0, true);
+        session_.EnableButton(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, true);
         session_.Enable(true);
         done = true;
     });
     machine_.SetFaultPolicy(
         [&, host = std::this_thread::get_id(), unset = 0](const simulator::Call& call) mutable {
-            // Each report of closing unsets the four active usages: the second is the dark one.
+            // Each closing report unsets four active usages: the fifth call is in the dark one.
             if (call.thread == host && call.function == "HidP_UnsetUsages" && ++unset == 5) {
                 go = true;
                 while (!done) std::this_thread::yield();
@@ -222,7 +222,7 @@ TEST_F(ClosingTest, LeavesTheTouchpadDarkWhateverOtherThreadsRequestMeanwhile) {
 TEST_F(ClosingTest, LeavesNoLightOnBehindARequestThatTheWriterHasNotWokenFor) {
     for (int round = 0; round < 200; ++round) {
         OpenAndLight(round % 2 == 0 ? TouchpadLayout{} : DetachableLayout());
-        session_.SetButtonLight(0, true);
+        session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
         ASSERT_TRUE(session_.Uninitialize());
         ASSERT_EQ(device_->Outputs().back(), kDark);
         device_->Unplug();

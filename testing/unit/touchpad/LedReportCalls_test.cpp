@@ -32,7 +32,7 @@ TEST_F(LedReportCallsTest, OfLitButtonsExchangeTheTwoLights) {
 
 TEST_F(LedReportCallsTest, WriteTheBreathingRightBehindTheChatLight) {
     OpenAndLight();
-    session_.EnableButtonBreathing(2, true);
+    session_.EnableButtonBreathing(vela::BUTTON_ID_CHAT, true);
     Compose();
     EXPECT_THAT(calls_,
                 ElementsAre(SetValueCall(0x20, 0), SetValueCall(0x21, 3), SetValueCall(0x26, 0),
@@ -53,8 +53,8 @@ TEST_F(LedReportCallsTest, OfHiddenButtonsDarkenBothLightsAndUnsetEachActiveUsag
 
 TEST_F(LedReportCallsTest, SetBeforeTheyUnset) {
     OpenAndLight();
-    session_.SetButtonVisible(0, false);
-    session_.EnableButton(2, false);
+    session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, false);
+    session_.EnableButton(vela::BUTTON_ID_CHAT, false);
     Compose();
     EXPECT_THAT(calls_,
                 ElementsAre(SetValueCall(0x20, 0), SetValueCall(0x21, 0), SetValueCall(0x26, 0),
@@ -90,7 +90,7 @@ constexpr std::int32_t kOtherSuccess = 0x00110001;
 
 TEST_F(LedReportCallsTest, UnsetAfterAFailedSet) {
     OpenAndLight();
-    session_.SetButtonVisible(3, false);
+    session_.SetButtonVisible(vela::BUTTON_ID_SHARE_SCREEN, false);
     Compose([this] { machine_.FailNext("HidP_SetUsages", Fault::Status(kNotFound)); });
     EXPECT_THAT(calls_, testing::IsSupersetOf({SetCall({0x1, 0x4, 0x3}), UnsetCall(0x2)}));
     EXPECT_THAT(ComposeLog(),

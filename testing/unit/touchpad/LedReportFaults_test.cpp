@@ -1,4 +1,4 @@
-// Light values that cannot be set: what is skipped, what is logged, and what is still written.
+// Light values that cannot be set: the skipped, logged and still written ones.
 #include "testing/kit/native/CompositionPathTest.h"
 
 namespace {
@@ -59,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         FaultCase{Path::Hidden, 0, true, {}}, FaultCase{Path::Hidden, 1, false, {kNotFoundLine}},
         FaultCase{Path::Hidden, 2, true, {}}, FaultCase{Path::Hidden, 3, false, {kNotFoundLine}},
-        // The breathing is still written behind the first light that was skipped.
+        // The breathing is still written after the first light was skipped.
         FaultCase{Path::Hidden, 4, true, {}}, FaultCase{Path::Hidden, 5, true, {kNotFoundLine}},
         FaultCase{Path::Hidden, 6, false, {kNotFoundLine}}, FaultCase{Path::Hidden, 7, true, {}},
         FaultCase{Path::Hidden, 8, false, {kNotFoundLine}}));

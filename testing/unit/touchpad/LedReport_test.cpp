@@ -16,7 +16,7 @@ struct Flags {
     bool lightOn;
 };
 
-// What one shown button adds to a report in which nothing else is lit.
+// One shown button's part of a report in which nothing else is lit.
 struct ButtonRow {
     std::uint32_t id;
     Bytes lightOff;
@@ -24,11 +24,12 @@ struct ButtonRow {
 };
 
 const ButtonRow kButtons[] = {
-    {0, LightReport("camera off 3; camera active"), LightReport("camera on 3; camera active")},
-    {1, LightReport("microphone off 3; microphone active"),
+    {vela::BUTTON_ID_CAMERA, LightReport("camera off 3; camera active"),
+     LightReport("camera on 3; camera active")},
+    {vela::BUTTON_ID_AUDIO, LightReport("microphone off 3; microphone active"),
      LightReport("microphone on 3; microphone active")},
-    {2, LightReport("chat 3; chat active"), LightReport("chat 3; chat active")},
-    {3, LightReport("share screen 3; share screen active"),
+    {vela::BUTTON_ID_CHAT, LightReport("chat 3; chat active"), LightReport("chat 3; chat active")},
+    {vela::BUTTON_ID_SHARE_SCREEN, LightReport("share screen 3; share screen active"),
      LightReport("share screen 3; share screen active")},
 };
 
@@ -40,7 +41,7 @@ const Bytes& ReportOf(const ButtonRow& button, const Flags& flags) {
 
 void PrintTo(const ButtonRow& button, std::ostream* stream) { *stream << "button " << button.id; }
 
-// Buttons share no byte but that of the active bits.
+// Buttons share only the byte of the active bits.
 Bytes ReportOf(const std::array<Flags, 4>& flags) {
     Bytes report = BlankReport();
     for (const ButtonRow& button : kButtons) {
@@ -102,7 +103,7 @@ TEST_P(ActiveState, LightsEveryCombinationOfFlags) {
     constexpr unsigned kFlagCount = 4 * 3;
     std::array<Flags, 4> flags{};
     Bytes last = BlankReport();
-    // From one combination to the next a single flag changes.
+    // One flag changes from each combination to the next.
     for (unsigned step = 1; step < 1U << kFlagCount; ++step) {
         unsigned changed = 0;
         while ((step >> changed & 1U) == 0) ++changed;
@@ -140,8 +141,8 @@ TEST_P(Brightness, IsTheValueOfEveryLitLight) {
     OpenAndLight();
     session_.SetBrightness(level);
     EXPECT_EQ(Compose(), AllLitAt(level));
-    session_.SetButtonLight(0, true);
-    session_.SetButtonLight(1, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
+    session_.SetButtonLight(vela::BUTTON_ID_AUDIO, true);
     EXPECT_EQ(Compose(),
               LightReport("camera on, microphone on, chat, share screen; all active", level));
     EXPECT_THAT(ComposeLog(), IsEmpty());
@@ -152,8 +153,8 @@ INSTANTIATE_TEST_SUITE_P(Levels, Brightness, testing::Values(0, 1, 3, 127, 128, 
 TEST_F(LedReportTest, AHiddenButtonIsDarkAtAnyBrightness) {
     OpenAndLight();
     session_.SetBrightness(255);
-    session_.SetButtonVisible(0, false);
-    session_.EnableButton(3, false);
+    session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, false);
+    session_.EnableButton(vela::BUTTON_ID_SHARE_SCREEN, false);
     EXPECT_EQ(Compose(), LightReport("microphone off 255, chat 255; microphone, chat active"));
 }
 
@@ -180,10 +181,10 @@ class BlankState : public LedReportTest, public testing::WithParamInterface<Blan
 
 TEST_P(BlankState, DarkensEverything) {
     OpenAndLight();
-    session_.EnableButtonBreathing(2, true);
+    session_.EnableButtonBreathing(vela::BUTTON_ID_CHAT, true);
     session_.Activate(GetParam().activation);
     session_.Enable(GetParam().featureEnabled);
-    session_.SetButtonBreathing(2, true);
+    session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
     for (std::uint32_t button = 0; button < 4; ++button) SetFlags(button, {true, true, true});
     EXPECT_EQ(Compose(), BlankReport());
     EXPECT_THAT(ComposeLog(), IsEmpty());

@@ -1,4 +1,4 @@
-// Touchpads without one of the lights: the others are as they should be.
+// Touchpads without one of the lights: the others work as usual.
 #include "testing/kit/native/CompositionPathTest.h"
 
 namespace {
@@ -22,7 +22,7 @@ TEST_P(MissingLight, LeavesTheOtherLightsAsTheyShouldBe) {
     TouchpadLayout layout;
     layout.missingLightUsages = {GetParam().usage};
     OpenOn(GetParam().path, layout);
-    session_.SetButtonBreathing(2, true);
+    session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
     EXPECT_EQ(Compose(), GetParam().report);
     EXPECT_EQ(ComposeLog(), GetParam().log);
 }

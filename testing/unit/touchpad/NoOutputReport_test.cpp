@@ -29,7 +29,7 @@ class NoOutputReportTest : public InputTest {
     void OpenActive() {
         ASSERT_EQ(OpenSession(), vela::kHidOpen);
         session_.Enable(true);
-        session_.Activate(0);
+        session_.Activate(vela::kActive);
         for (std::uint32_t button = 0; button < 4; ++button) {
             session_.EnableButton(button, true);
             session_.SetButtonVisible(button, true);
@@ -39,7 +39,7 @@ class NoOutputReportTest : public InputTest {
 
 TEST_F(NoOutputReportTest, NothingIsComposed) {
     OpenActive();
-    session_.SetButtonBreathing(2, true);
+    session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
     EXPECT_THAT(machine_.CallTexts({"HidP_SetUsageValue", "HidP_SetUsages", "HidP_UnsetUsages"}),
                 IsEmpty());
     EXPECT_THAT(LogOf("UpdateLedCtrl"), IsEmpty());
@@ -47,10 +47,10 @@ TEST_F(NoOutputReportTest, NothingIsComposed) {
 
 TEST_F(NoOutputReportTest, AnEmptyReportIsQueuedAllTheSame) {
     OpenActive();
-    // Activate's is forced; what is not, equals the empty report of a new session.
+    // Activate's report is forced; unforced ones equal the empty first report and are dropped.
     EXPECT_TRUE(machine_.WaitForCalls("WriteFile", 1));
-    session_.SetButtonLight(0, true);
-    session_.SetButtonBreathing(2, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
+    session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
     EXPECT_TRUE(machine_.WaitForCalls("WriteFile", 2));
     EXPECT_EQ(machine_.CountCalls("WriteFile"), 2U);
     EXPECT_THAT(device_->Outputs(), IsEmpty());

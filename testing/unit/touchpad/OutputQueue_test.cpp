@@ -1,4 +1,4 @@
-// The order in which reports are queued: that of their tickets, whoever comes first.
+// Reports are queued in the order of their tickets, not of their arrival.
 #include "touchpad/OutputQueue.h"
 
 #include <gmock/gmock.h>
@@ -19,7 +19,7 @@ using vela::OutputQueue;
 
 OutputItem Item(BYTE byte, bool force = false) { return {{byte}, force}; }
 
-// The first bytes of all that is queued, taken off the queue. It is stopped afterwards.
+// Takes all reports off the queue, stops it, and returns their first bytes.
 std::vector<int> TakeAll(OutputQueue& queue) {
     std::vector<int> bytes;
     constexpr BYTE kEnd = 255;
@@ -34,7 +34,7 @@ std::vector<int> TakeAll(OutputQueue& queue) {
     return bytes;
 }
 
-// As many items as were put, so that none of them has to be waited for.
+// Takes `count` reports that are already queued.
 std::vector<int> Take(OutputQueue& queue, int count) {
     std::vector<int> bytes;
     for (int i = 0; i < count; ++i) bytes.push_back(queue.Take()->report.at(0));
@@ -125,8 +125,8 @@ TEST_F(OutputQueueTest, StoppedGivesNothingMoreToTheWriter) {
     writer.join();
 }
 
-// However many there are, and whoever of them is slow: each returns after the write in flight, and
-// all of their reports are queued by then.
+// All callers return after the write in flight, however many or slow they are, and their reports
+// are queued by then.
 TEST_F(OutputQueueTest, CallersWaitForTheWriteInFlightAndAreLetGoTogether) {
     queue_.Put(OutputQueue::Ticket(queue_), Item(0));
     ASSERT_TRUE(queue_.Take());
@@ -138,10 +138,10 @@ TEST_F(OutputQueueTest, CallersWaitForTheWriteInFlightAndAreLetGoTogether) {
             ++returned;
         });
     }
-    // Time for callers that do not wait.
+    // Gives callers that do not wait the time to return.
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     EXPECT_EQ(returned, 0);
-    // The write ends: the writer has the first of them and waits for nothing more.
+    // The write ends: the writer has the next report and waits for no caller.
     ASSERT_TRUE(queue_.Take());
     for (std::thread& caller : callers) caller.join();
     EXPECT_EQ(returned, 4);

@@ -1,4 +1,4 @@
-// Operations live until the kernel is done with them.
+// Operations live until the kernel has finished with them.
 #include "touchpad/OverlappedOperations.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 using vela::OverlappedOperation;
 using vela::OverlappedOperations;
 
-// The status that the kernel leaves in a record while it works on it.
+// The status in a record while the kernel works on it.
 constexpr ULONG_PTR kPending = 0x103;
 
 TEST(OverlappedOperationTest, IsOursUntilIssued) {
@@ -56,7 +56,7 @@ TEST(OverlappedOperationsTest, KeepAnOperationThatItsOwnerGaveUp) {
         kept = operation.get();
     }
     operations.FreeEnded();
-    // The kernel ends it late: record and bytes are still there to be written.
+    // The kernel ends the operation late and writes its record and bytes, which must still exist.
     kept->bytes[0] = 9;
     EXPECT_EQ(kept->overlapped.Internal, kPending);
     kept->overlapped.Internal = 0;

@@ -1,4 +1,4 @@
-// What a host may do inside its button press callback.
+// Calls that a host may make inside its button press callback.
 #include <thread>
 
 #include "testing/kit/native/InputTest.h"
@@ -20,8 +20,9 @@ class PressCallbackTest : public InputTest {
 };
 
 TEST_F(PressCallbackTest, TheHostMaySetTheLightItselfInActivationStateOne) {
-    OpenAndLight({}, 1);
-    HostCallbacks::DuringButtonPress([this] { session_.SetButtonLight(0, true); });
+    OpenAndLight({}, vela::kActiveHostSetsLights);
+    HostCallbacks::DuringButtonPress(
+        [this] { session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true); });
     PressCamera();
     EXPECT_THAT(Written(), ElementsAre(kCameraOn));
     PressCamera();
@@ -31,7 +32,7 @@ TEST_F(PressCallbackTest, TheHostMaySetTheLightItselfInActivationStateOne) {
 TEST_F(PressCallbackTest, TheLightIsSwitchedAfterTheCallback) {
     OpenAndLight();
     HostCallbacks::DuringButtonPress([this] {
-        session_.SetButtonLight(0, false);
+        session_.SetButtonLight(vela::BUTTON_ID_CAMERA, false);
         session_.SetBrightness(5);
     });
     PressCamera();
@@ -44,14 +45,15 @@ TEST_F(PressCallbackTest, TheLightIsSwitchedAfterTheCallback) {
 
 TEST_F(PressCallbackTest, TheNewLightIsThatOfThePressWhateverTheCallbackSet) {
     OpenAndLight();
-    HostCallbacks::DuringButtonPress([this] { session_.SetButtonLight(0, true); });
+    HostCallbacks::DuringButtonPress(
+        [this] { session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true); });
     PressCamera();
     EXPECT_THAT(LogOf("SetButtonLight"), ElementsAre(kCameraSwitchedOn, kCameraSwitchedOn));
 }
 
 TEST_F(PressCallbackTest, TheActivationStateCountsAsTheCallbackLeftIt) {
     OpenAndLight();
-    HostCallbacks::DuringButtonPress([this] { session_.Activate(1); });
+    HostCallbacks::DuringButtonPress([this] { session_.Activate(vela::kActiveHostSetsLights); });
     PressCamera();
     EXPECT_THAT(LogOf("SetButtonLight"), IsEmpty());
 }
@@ -61,18 +63,18 @@ TEST_F(PressCallbackTest, TheCallbackMayCallEveryOperationOfTheSession) {
     HostCallbacks::DuringButtonPress([this] {
         session_.Enable(false);
         session_.Enable(true);
-        session_.Activate(5);
-        session_.Activate(0);
-        session_.EnableButton(1, false);
-        session_.EnableButtonBreathing(2, true);
-        session_.SetButtonVisible(3, false);
-        session_.SetButtonLight(0, true);
-        session_.SetButtonBreathing(2, true);
+        session_.Activate(vela::kSuspended);
+        session_.Activate(vela::kActive);
+        session_.EnableButton(vela::BUTTON_ID_AUDIO, false);
+        session_.EnableButtonBreathing(vela::BUTTON_ID_CHAT, true);
+        session_.SetButtonVisible(vela::BUTTON_ID_SHARE_SCREEN, false);
+        session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
         session_.SetBrightness(9);
         session_.SetClickMode(1, 300);
         session_.GetClickMode();
         session_.UpdateVelaState();
-        session_.IsButtonEnabled(0);
+        session_.IsButtonEnabled(vela::BUTTON_ID_CAMERA);
         session_.IsDetachable();
         bool connected = false;
         session_.GetDeviceConnectState(connected);
@@ -90,8 +92,8 @@ TEST_F(PressCallbackTest, ASlowCallbackDoesNotHoldUpOtherThreadsOfTheHost) {
     bool done = false;
     HostCallbacks::DuringButtonPress([&] {
         std::thread host([&] {
-            session_.SetButtonLight(1, true);
-            session_.Activate(1);
+            session_.SetButtonLight(vela::BUTTON_ID_AUDIO, true);
+            session_.Activate(vela::kActiveHostSetsLights);
             done = session_.UpdateVelaState();
         });
         host.join();

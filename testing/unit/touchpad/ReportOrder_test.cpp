@@ -1,5 +1,5 @@
-// Reports of several threads: the touchpad gets them in the order in which they were composed, so
-// that the last one shows all that was set before.
+// Reports of several threads reach the touchpad in the order in which they were composed, so that
+// the last one shows everything set before.
 #include <atomic>
 #include <chrono>
 #include <optional>
@@ -21,8 +21,8 @@ const Bytes kCameraAndMicrophoneOn =
 
 class ReportOrderTest : public CompositionTest {
  protected:
-    // Stops whoever composes a report next, when its camera and microphone are done, until another
-    // thread has composed and could have queued a newer one.
+    // Stops the next composer after its last light until another thread has composed, and could
+    // have queued, a newer report.
     void SetTheNextComposerAside() {
         machine_.SetFaultPolicy([this](const simulator::Call& call) {
             if (call.Text() == SetValueCall(0x22, 3) && !setAside_.exchange(true)) {
@@ -43,11 +43,11 @@ class ReportOrderTest : public CompositionTest {
 TEST_F(ReportOrderTest, AComposerThatIsSetAsideDoesNotQueueAnOldReportLast) {
     OpenAndLight();
     SetTheNextComposerAside();
-    std::thread camera([this] { session_.SetButtonLight(0, true); });
+    std::thread camera([this] { session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true); });
     WaitUntilSetAside();
     std::thread microphone([this] {
         goOn_ = true;
-        session_.SetButtonLight(1, true);
+        session_.SetButtonLight(vela::BUTTON_ID_AUDIO, true);
     });
     camera.join();
     microphone.join();
@@ -57,7 +57,7 @@ TEST_F(ReportOrderTest, AComposerThatIsSetAsideDoesNotQueueAnOldReportLast) {
 TEST_F(ReportOrderTest, AStateRequestDoesNotOvertakeTheReportBeingComposed) {
     OpenAndLight();
     SetTheNextComposerAside();
-    std::thread camera([this] { session_.SetButtonLight(0, true); });
+    std::thread camera([this] { session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true); });
     WaitUntilSetAside();
     goOn_ = true;
     session_.UpdateVelaState();
@@ -69,15 +69,15 @@ TEST_F(ReportOrderTest, AStateRequestDoesNotOvertakeTheReportBeingComposed) {
 TEST_F(ReportOrderTest, NobodyWaitsForAComposerThatIsSetAside) {
     OpenAndLight();
     SetTheNextComposerAside();
-    std::thread camera([this] { session_.SetButtonLight(0, true); });
+    std::thread camera([this] { session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true); });
     WaitUntilSetAside();
-    EXPECT_TRUE(session_.SetButtonLight(1, true));
+    EXPECT_TRUE(session_.SetButtonLight(vela::BUTTON_ID_AUDIO, true));
     EXPECT_TRUE(session_.UpdateVelaState());
     EXPECT_TRUE(session_.Uninitialize());
     EXPECT_EQ(device_->Outputs().back(), kit::BlankReport());
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
     device_->ForgetOutputs();
-    // What the next session shows does not wait for it either.
+    // The next session's reports do not wait for the stopped composer either.
     EXPECT_TRUE(session_.Enable(true));
     EXPECT_TRUE(device_->WaitForOutputs(1));
     goOn_ = true;
@@ -85,7 +85,7 @@ TEST_F(ReportOrderTest, NobodyWaitsForAComposerThatIsSetAside) {
     EXPECT_THAT(WrittenReports(session_, *device_), testing::Not(testing::Contains(kCameraOn)));
 }
 
-// Each has composed its report when the next one comes, and all wait for a slow touchpad.
+// Each thread has composed its report before the next one starts; all wait for a slow touchpad.
 TEST_F(ReportOrderTest, CallersThatWaitForAWriteQueueAsTheyComposed) {
     OpenAndLight();
     device_->SetWriteBehaviour(WriteBehaviour::Hold);

@@ -1,4 +1,4 @@
-// The reader thread: how it asks for reports, and how it rests when there are none to be had.
+// The reader thread: its read requests, and its waiting when no report can be read.
 #include "testing/kit/native/TouchpadTest.h"
 
 namespace kit {
@@ -9,7 +9,7 @@ using testing::IsEmpty;
 
 using ReportReaderTest = TouchpadTest;
 
-TEST_F(ReportReaderTest, AsksForTheUsageCountOnceAndForWholeReports) {
+TEST_F(ReportReaderTest, QueriesTheUsageCountOnceAndReadsWholeReports) {
     Open();
     ASSERT_TRUE(device_->WaitForPendingReads());
     device_->SendInput(InputReport({kGesture}));
@@ -34,7 +34,7 @@ TEST_F(ReportReaderTest, LogsTheReportIdAndHandsTheReportOn) {
 
 TEST_F(ReportReaderTest, TakesReportsThatCompleteWithinTheCall) {
     OpenAndLight();
-    // Both are queued before the reader comes back for the second.
+    // Both reports are queued before the reader issues its second read.
     device_->SendInput(InputReport({kCameraButton}));
     device_->SendInput(InputReport({kMicrophoneButton}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
@@ -50,15 +50,15 @@ TEST_F(ReportReaderTest, KeepsReadingAfterAReadThatFailedLate) {
     EXPECT_TRUE(HostCallbacks::WaitForCalls(1));
 }
 
-TEST_F(ReportReaderTest, RestsAfterAReadThatFailedAtOnce) {
+TEST_F(ReportReaderTest, WaitsAfterAReadThatFailedAtOnce) {
     Plug();
     machine_.FailNext("ReadFile", Fault::Error(1167));
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
     ASSERT_TRUE(machine_.WaitForCalls("WaitForSingleObject", 1));
     Settle();
-    // The results that are asked for are those of the writes.
+    // Only the writes have their results queried.
     ASSERT_TRUE(machine_.WaitForCalls("GetOverlappedResult", machine_.CountCalls("WriteFile")));
-    // It waits for the event, which only Uninitialize signals, and asks the device no more.
+    // The reader waits for the event, which only Uninitialize signals, and issues no further read.
     EXPECT_EQ(machine_.CountCalls("ReadFile"), 1U);
     EXPECT_EQ(machine_.CountCalls("GetOverlappedResult"), machine_.CountCalls("WriteFile"));
     EXPECT_THAT(machine_.CallTexts({"WaitForSingleObject"})[0], testing::HasSubstr("infinite"));
@@ -66,11 +66,11 @@ TEST_F(ReportReaderTest, RestsAfterAReadThatFailedAtOnce) {
     EXPECT_EQ(machine_.CountCalls("ReadFile"), 1U);
 }
 
-TEST_F(ReportReaderTest, RestsOnATouchpadThatIsGoneAndSaysNothing) {
+TEST_F(ReportReaderTest, WaitsOnATouchpadThatIsGoneAndLogsNothing) {
     Open();
     ASSERT_TRUE(device_->WaitForPendingReads());
     device_->Unplug();
-    // The pending read failed; the next fails at once, and then it waits.
+    // The pending read failed; the next fails at once, and then the reader waits.
     ASSERT_TRUE(machine_.WaitForCalls("ReadFile", 2));
     ASSERT_TRUE(machine_.WaitForCalls("WaitForSingleObject", 2));
     EXPECT_TRUE(session_.Uninitialize());
@@ -92,7 +92,7 @@ TEST_F(ReportReaderTest, ZeroesItsBufferBetweenReports) {
     OpenAndLight();
     device_->SendInput(InputReport({kDisabled}, 0xFF));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
-    // One byte: the platform pads the report, and nothing of the earlier one shows through.
+    // The platform pads the one byte, and nothing of the earlier report remains.
     device_->SendInput({virtual_touchpad::kButtonReportId});
     ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 3", "status 0"));
@@ -101,7 +101,7 @@ TEST_F(ReportReaderTest, ZeroesItsBufferBetweenReports) {
 TEST_F(ReportReaderTest, LeavesItsPendingReadWhereItMayStillComplete) {
     Open();
     ASSERT_TRUE(device_->WaitForPendingReads());
-    // Closing completes the read, in a record and a buffer that the thread has left behind.
+    // Closing completes the read, whose record and buffer the thread no longer uses.
     EXPECT_TRUE(session_.Uninitialize());
     EXPECT_EQ(device_->PendingReads(), 0U);
     EXPECT_THAT(machine_.Misuse(), IsEmpty());

@@ -1,5 +1,4 @@
-// The writer thread and the way of a report to the device: what is written, what is not, and what a
-// failure says.
+// The writer thread: which reports reach the device, which are dropped, and the lines of a failure.
 #include <atomic>
 #include <thread>
 
@@ -22,9 +21,9 @@ class ReportWriterTest : public TouchpadTest {
 
 TEST_F(ReportWriterTest, WritesTheSameReportOnce) {
     OpenAndLight();
-    session_.SetButtonLight(3, true);  // one light: the report is the same
-    session_.SetButtonLight(3, false);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_SHARE_SCREEN, true);  // one light: same report
+    session_.SetButtonLight(vela::BUTTON_ID_SHARE_SCREEN, false);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     const Bytes camera = OutputNumber(1);
     EXPECT_EQ(camera[1], 3);  // 0x20
     Settle();
@@ -45,7 +44,7 @@ TEST_F(ReportWriterTest, DoesNotRememberAForcedReportAsTheLastOne) {
     ASSERT_TRUE(session_.UpdateVelaState());
     EXPECT_EQ(OutputNumber(1), RequestReport());
     device_->ForgetOutputs();
-    session_.SetButtonLight(3, true);
+    session_.SetButtonLight(vela::BUTTON_ID_SHARE_SCREEN, true);
     Settle();
     EXPECT_THAT(machine_.CallTexts({"WriteFile"}), SizeIs(2));
 }
@@ -62,7 +61,7 @@ TEST_F(ReportWriterTest, WritesInTheOrderOfQueueing) {
 
 TEST_F(ReportWriterTest, WaitsThirtySecondsAtMostForAPendingWrite) {
     OpenAndLight();
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     Settle();
     EXPECT_THAT(
         machine_.CallTexts({"WaitForSingleObject"}),
@@ -72,9 +71,9 @@ TEST_F(ReportWriterTest, WaitsThirtySecondsAtMostForAPendingWrite) {
 TEST_F(ReportWriterTest, TakesAWriteThatCompletesWithinTheCall) {
     OpenAndLight();
     device_->SetWriteBehaviour(WriteBehaviour::Immediate);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     Settle();
-    session_.SetButtonLight(3, true);
+    session_.SetButtonLight(vela::BUTTON_ID_SHARE_SCREEN, true);
     Settle();
     EXPECT_EQ(machine_.CountCalls("WriteFile"), 3U);
     session_.Uninitialize();
@@ -84,21 +83,21 @@ TEST_F(ReportWriterTest, TakesAWriteThatCompletesWithinTheCall) {
 TEST_F(ReportWriterTest, AReportWhoseWriteFailedIsNotSuppressedNextTime) {
     OpenAndLight();
     machine_.FailNext("WriteFile", Fault::Error(5));
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(machine_.WaitForCalls("WriteFile", 1));
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     EXPECT_EQ(OutputNumber(1)[1], 3);
     session_.Uninitialize();
     EXPECT_THAT(Failures(),
                 ElementsAre(std::string(kPrefix) + "Write File failed with last error (5)"));
 }
 
-TEST_F(ReportWriterTest, SaysWhenTheResultOfAWriteIsAFailure) {
+TEST_F(ReportWriterTest, LogsAFailedResultOfAWrite) {
     OpenAndLight();
     device_->FailNextWriteLate(31);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(machine_.WaitForCalls("GetOverlappedResult", 1));
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     EXPECT_EQ(OutputNumber(1)[1], 3);
     session_.Uninitialize();
     EXPECT_THAT(
@@ -107,13 +106,13 @@ TEST_F(ReportWriterTest, SaysWhenTheResultOfAWriteIsAFailure) {
                     std::string(kPrefix) + "Write File failed with last error (31)"));
 }
 
-TEST_F(ReportWriterTest, SaysWhenTheWaitItselfFails) {
+TEST_F(ReportWriterTest, LogsAFailedWait) {
     OpenAndLight();
-    // The reader waits in the same call: let it begin first.
+    // The reader waits with the same function, so it must be waiting already.
     ASSERT_TRUE(device_->WaitForPendingReads());
     ASSERT_TRUE(log_.WaitForLine("UpdateVelaState."));
     machine_.FailNext("WaitForSingleObject", Fault::Result(0xFFFFFFFF, 6));
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(log_.WaitForLine("Write File failed"));
     session_.Uninitialize();
     EXPECT_THAT(
@@ -126,14 +125,14 @@ TEST_F(ReportWriterTest, GivesUpAWriteThatStaysPendingAndNeitherCancelsNorSuppre
     OpenAndLight();
     machine_.ExpireTimedWaits(true);
     device_->SetWriteBehaviour(WriteBehaviour::Hold);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(log_.WaitForLine("Write File failed"));
     EXPECT_EQ(device_->HeldWrites(), 1U);
     machine_.ExpireTimedWaits(false);
     device_->SetWriteBehaviour(WriteBehaviour::Pend);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     EXPECT_EQ(OutputNumber(1)[1], 3);
-    // The late one arrives after all, in a record that still lives.
+    // The late write still arrives, as its record still exists.
     device_->CompleteHeldWrites();
     EXPECT_EQ(OutputNumber(2)[1], 3);
     session_.Uninitialize();
@@ -146,7 +145,7 @@ TEST_F(ReportWriterTest, AWriteGivenUpMayEndWhenTheSessionCloses) {
     OpenAndLight();
     machine_.ExpireTimedWaits(true);
     device_->SetWriteBehaviour(WriteBehaviour::Hold);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(log_.WaitForLine("Write File failed"));
     EXPECT_TRUE(session_.Uninitialize());
     EXPECT_EQ(device_->HeldWrites(), 0U);
@@ -156,14 +155,14 @@ TEST_F(ReportWriterTest, AWriteGivenUpMayEndWhenTheSessionCloses) {
 TEST_F(ReportWriterTest, ProducersWaitForTheWriteInFlight) {
     OpenAndLight();
     device_->SetWriteBehaviour(WriteBehaviour::Hold);
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(device_->WaitForHeldWrites());
     std::atomic<bool> returned{false};
     std::thread producer([&] {
-        session_.SetButtonLight(1, true);
+        session_.SetButtonLight(vela::BUTTON_ID_AUDIO, true);
         returned = true;
     });
-    // The second light has been set, and its report composed, before the producer has to wait.
+    // The second light is set and its report composed before the caller has to wait.
     ASSERT_TRUE(log_.WaitForLine("SetButtonLight for BUTTON_ID 1 (1)"));
     EXPECT_FALSE(returned);
     EXPECT_EQ(device_->HeldWrites(), 1U);
@@ -177,7 +176,7 @@ TEST_F(ReportWriterTest, ProducersWaitForTheWriteInFlight) {
 TEST_F(ReportWriterTest, WritesNothingToADetachableTouchpadThatIsNotThere) {
     OpenAndLight(DetachableLayout());
     machine_.FailAlways("HidD_GetPreparsedData", Fault::Error(1167));
-    // Update asks first, so only a request, which does not, comes as far as the writer.
+    // Light updates check the connection first; a state request does not, so it reaches the writer.
     ASSERT_TRUE(session_.UpdateVelaState());
     ASSERT_TRUE(machine_.WaitForCalls("HidD_GetPreparsedData", 1));
     session_.Uninitialize();
@@ -188,7 +187,7 @@ TEST_F(ReportWriterTest, WritesNothingToADetachableTouchpadThatIsNotThere) {
 TEST_F(ReportWriterTest, AnUnpluggedTouchpadCostsOneLineAReport) {
     OpenAndLight();
     device_->Unplug();
-    session_.SetButtonLight(0, true);
+    session_.SetButtonLight(vela::BUTTON_ID_CAMERA, true);
     ASSERT_TRUE(log_.WaitForLine("Write File failed"));
     EXPECT_EQ(machine_.CountCalls("WriteFile"), 1U);
 }

@@ -32,7 +32,7 @@ TEST_F(SessionStatusTest, BeginsDeactivatedAndOff) {
 }
 
 TEST_F(SessionStatusTest, OfAClosedSessionTakesNoChange) {
-    EXPECT_FALSE(Activate(0));
+    EXPECT_FALSE(Activate(vela::kActive));
     status_.EnableFeature(true);
     EXPECT_FALSE(status_.IsActivated());
     EXPECT_FALSE(status_.IsFeatureEnabled());
@@ -41,7 +41,7 @@ TEST_F(SessionStatusTest, OfAClosedSessionTakesNoChange) {
 
 TEST_F(SessionStatusTest, OfAnOpenOneStoresTheStateAndUpdates) {
     status_.Open();
-    EXPECT_TRUE(Activate(1));
+    EXPECT_TRUE(Activate(vela::kActiveHostSetsLights));
     status_.EnableFeature(true);
     EXPECT_TRUE(status_.IsActivated());
     EXPECT_TRUE(status_.IsFeatureEnabled());
@@ -50,12 +50,12 @@ TEST_F(SessionStatusTest, OfAnOpenOneStoresTheStateAndUpdates) {
 
 TEST_F(SessionStatusTest, TheNewStateIsInForceWhenItUpdates) {
     status_.Open();
-    status_.SetActivation(5, [this] { EXPECT_EQ(status_.Activation(), 5U); });
+    status_.SetActivation(vela::kSuspended, [this] { EXPECT_EQ(status_.Activation(), 5U); });
 }
 
 TEST_F(SessionStatusTest, ClosingSwitchesOffAndKeepsATemporaryDisable) {
     status_.Open();
-    Activate(0);
+    Activate(vela::kActive);
     status_.EnableFeature(true);
     status_.SetTemporaryDisable(true);
     status_.Close();
@@ -71,7 +71,7 @@ TEST_F(SessionStatusTest, OnlyDeactivatingEndsATemporaryDisable) {
         Activate(value);
         EXPECT_TRUE(status_.IsTemporarilyDisabled()) << value;
     }
-    Activate(4);
+    Activate(vela::kDeactivated);
     EXPECT_FALSE(status_.IsTemporarilyDisabled());
 }
 

@@ -1,5 +1,4 @@
-// Threads that the system refuses: opening is raised as the exception that says so, and leaves
-// nothing behind.
+// When the system refuses a thread, opening throws that exception and leaves nothing behind.
 #include <dlfcn.h>
 #include <pthread.h>
 
@@ -18,7 +17,7 @@ std::atomic<int> threadsLeft{kAll};
 
 }  // namespace
 
-// Stands before the C library's function, for a process that may start only so many threads more.
+// Replaces the C library's function, for a process that may start only so many more threads.
 extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
                               void* (*start)(void*), void* argument) noexcept {
     if (threadsLeft == 0) return EAGAIN;
@@ -38,7 +37,7 @@ using testing::StartsWith;
 
 class ThreadStart : public TouchpadTest {
  protected:
-    // Opens the plugged touchpad while the process may start `count` threads.
+    // Opens the plugged touchpad while the process may start only `count` threads.
     void OpenWithThreads(int count) {
         const auto information = vela::ScanHIDInformation(&session_);
         threadsLeft = count;
@@ -69,7 +68,7 @@ TEST_P(OpeningWithTooFewThreads, DoesNotKeepTheNextOneFromIt) {
     EXPECT_TRUE(session_.Uninitialize());
 }
 
-// Without the reader; with a reader but no writer.
+// With 0 no thread starts, with 1 only the reader.
 INSTANTIATE_TEST_SUITE_P(Threads, OpeningWithTooFewThreads, testing::Values(0, 1));
 
 TEST_F(ThreadStart, OfTheHeartbeatIsRaisedToWhoActivates) {

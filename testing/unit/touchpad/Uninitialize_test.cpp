@@ -1,4 +1,4 @@
-// Closing a session: the order of its steps, what stays open on purpose, and who may call it.
+// Closing a session: the order of its steps, the handles it keeps open, and its callers.
 #include <algorithm>
 #include <atomic>
 #include <optional>
@@ -19,7 +19,7 @@ using UninitializeTest = TouchpadTest;
 constexpr char kStarts[] =
     "INFO Uninitialize: ================= Uninitialize starts. =================";
 
-TEST_F(UninitializeTest, TellsItsStepsInTheLog) {
+TEST_F(UninitializeTest, LogsItsSteps) {
     OpenAndLight();
     EXPECT_TRUE(session_.Uninitialize());
     std::vector<std::string> story = log_.Texts();
@@ -40,8 +40,7 @@ TEST_F(UninitializeTest, TellsItsStepsInTheLog) {
 
 TEST_F(UninitializeTest, DarkensTheLightsOnTheCallersThreadBeforeItStopsTheThreads) {
     OpenAndLight();
-    // The reports that the writer is still at, of the feature's end, would make the last one
-    // superfluous.
+    // The writer's reports of disabling the feature fail, so that the last report is not dropped.
     machine_.SetFaultPolicy([host = std::this_thread::get_id()](const simulator::Call& call) {
         const bool fails = call.function == "WriteFile" && call.thread != host;
         return fails ? std::optional<Fault>(Fault::Error(31)) : std::nullopt;
@@ -49,7 +48,7 @@ TEST_F(UninitializeTest, DarkensTheLightsOnTheCallersThreadBeforeItStopsTheThrea
     EXPECT_TRUE(session_.Uninitialize());
     ASSERT_THAT(device_->Outputs(), testing::Not(IsEmpty()));
     EXPECT_EQ(device_->Outputs().back(), BlankReport());
-    // The last write, both events, the device and the mutex.
+    // The steps are the last write, both events, the device and the mutex.
     std::vector<std::string> ending;
     for (const simulator::Call& call : machine_.Calls()) {
         if (call.thread != std::this_thread::get_id()) continue;
@@ -76,7 +75,7 @@ TEST_F(UninitializeTest, ClosesEverythingButItsTwoEvents) {
     EXPECT_THAT(machine_.Misuse(), IsEmpty());
 }
 
-TEST_F(UninitializeTest, OfAClosedSessionOnlySaysThatItStarts) {
+TEST_F(UninitializeTest, OfAClosedSessionOnlyLogsThatItStarts) {
     EXPECT_FALSE(session_.Uninitialize());
     EXPECT_THAT(machine_.CallTexts(), IsEmpty());
     EXPECT_THAT(log_.Texts(), ElementsAre(kStarts));
@@ -93,7 +92,7 @@ TEST_F(UninitializeTest, ResetsTheSessionsState) {
     EXPECT_TRUE(session_.Uninitialize());
     EXPECT_FALSE(session_.IsActivated());
     EXPECT_FALSE(session_.IsEnabled());
-    EXPECT_FALSE(session_.IsButtonEnabled(0));
+    EXPECT_FALSE(session_.IsButtonEnabled(vela::BUTTON_ID_CAMERA));
     EXPECT_EQ(session_.Information(), nullptr);
 }
 
@@ -101,10 +100,10 @@ TEST_F(UninitializeTest, ForgetsTheCallbacks) {
     OpenAndLight();
     session_.Uninitialize();
     ASSERT_EQ(session_.Initialize(vela::ScanHIDInformation(&session_)), vela::kHidOpen);
-    session_.EnableButton(0, true);
+    session_.EnableButton(vela::BUTTON_ID_CAMERA, true);
     HostCallbacks::Reset();
     device_->SendInput(InputReport({kCameraButton}));
-    // The press toggled the light, so it has been handled.
+    // Settle waits until the press is handled, which toggles the light.
     Settle();
     ASSERT_TRUE(device_->WaitForPendingReads());
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
@@ -115,7 +114,7 @@ TEST_F(UninitializeTest, WritesTheBlankReportOnceOnly) {
     session_.Enable(false);
     Settle();
     session_.Uninitialize();
-    // The forced one of the breathing's end; the two unforced ones equal the last report.
+    // The forced report of stopping the breathing; the two unforced ones equal the last report.
     EXPECT_THAT(device_->Outputs(), SizeIs(testing::Le(1U)));
 }
 
@@ -175,11 +174,11 @@ TEST_F(UninitializeTest, EndsOnATouchpadThatIsGone) {
     EXPECT_TRUE(device_->WaitForOutputs(1));
 }
 
-TEST_F(UninitializeTest, TellsTheHeartbeatToStopWithoutWaitingForIt) {
+TEST_F(UninitializeTest, StopsTheHeartbeatWithoutWaitingForIt) {
     OpenAndLight(DetachableLayout());
     EXPECT_TRUE(session_.Uninitialize());
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
-    session_.Activate(0);  // joins the old heartbeat
+    session_.Activate(vela::kActive);  // joins the old heartbeat
     EXPECT_THAT(LogOf("HeartbeatThread"),
                 testing::IsSupersetOf({"INFO HeartbeatThread: HeartbeatThread created.",
                                        "INFO HeartbeatThread: HeartbeatThread leaved."}));

@@ -1,4 +1,4 @@
-// The numbers that the touchpad's reports and the host's calls are made of.
+// The numbers in the touchpad's reports and the host's calls.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -12,10 +12,10 @@ const std::string kRequested = "INFO UpdateVelaState: UpdateVelaState.";
 
 class VelaStateTest : public InputTest {
  protected:
-    // Reports are written in the order in which they were queued: a state request would come first.
+    // Writes a light report and returns the first report written: an earlier state request, if any.
     Bytes LastWrittenBeforeALightReport() {
         device_->ForgetOutputs();
-        session_.SetButtonBreathing(2, false);
+        session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, false);
         return OutputNumber(1);
     }
 };
@@ -58,7 +58,7 @@ TEST_F(VelaStateTest, DoesNotMakeTheLastLightReportNew) {
     EXPECT_TRUE(session_.UpdateVelaState());
     ASSERT_EQ(OutputNumber(1), RequestReport());
     device_->ForgetOutputs();
-    session_.SetButtonVisible(0, true);
+    session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, true);
     EXPECT_THAT(Written(), IsEmpty());
 }
 
@@ -124,7 +124,7 @@ TEST_F(VelaStateTest, ThatCannotBeSetIsRefusedWithAWarningAndNotQueued) {
     machine_.FailNext("HidP_SetUsages", Fault::Result(static_cast<std::int32_t>(0xC0110004), 87));
     EXPECT_FALSE(session_.UpdateVelaState());
     EXPECT_THAT(Written(), IsEmpty());
-    // The second line is the one that Written asked for.
+    // The second line is logged by Written, which requests the state too.
     EXPECT_THAT(
         LogOf("UpdateVelaState"),
         testing::IsSupersetOf({std::string("WARNING UpdateVelaState: HidP_SetUsages HidP_Output "
