@@ -72,7 +72,7 @@ std::filesystem::path SystemFile(const wchar_t* name) {
 INSTANTIATE_TEST_SUITE_P(
     , UnloadableTest,
     testing::Values(
-        // Found on the search path, were it searched.
+        // Windows would find this one on its search path.
         Unloadable{"ABareName", L"VelaAgent.dll", "", ERROR_BAD_PATHNAME},
         Unloadable{"ARelativePath", L".\\VelaAgent.dll", "", ERROR_BAD_PATHNAME},
         Unloadable{"AMissingFile", kit::ProgramFolder() / "Missing.dll", "", ERROR_MOD_NOT_FOUND},
@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
                    ERROR_PROC_NOT_FOUND}),
     [](const auto& test) { return test.param.name; });
 
-TEST_P(UnloadableTest, IsToldWithPathExportAndSystemError) {
+TEST_P(UnloadableTest, IsReportedWithPathExportAndSystemError) {
     try {
         Library{GetParam().file};
         FAIL() << "loaded";
@@ -129,7 +129,7 @@ TEST(LoggerTest, RefusesADirectoryThatDoesNotExist) {
 
 // --- Session -------------------------------------------------------------------------------------
 
-// What the handlers were called with, from any thread.
+// The handlers' calls, noted from any thread.
 class Calls {
  public:
     void Note(const std::string& call) {
@@ -165,7 +165,7 @@ class SessionTest : public testing::Test {
     Calls calls_;
 };
 
-TEST_F(SessionTest, WithoutATouchpadSaysSo) {
+TEST_F(SessionTest, WithoutATouchpadThrows) {
     try {
         Session{library_};
         FAIL() << "opened";
@@ -175,7 +175,7 @@ TEST_F(SessionTest, WithoutATouchpadSaysSo) {
     }
 }
 
-TEST_F(SessionTest, LightsTheButtonsAndHearsTheirPresses) {
+TEST_F(SessionTest, LightsTheButtonsAndReportsTheirPresses) {
     virtual_touchpad::Plug(TouchpadLayout{});
     TouchpadControl touchpad;
     const auto brightness = [&](std::uint16_t usage, std::uint8_t wanted) {

@@ -1,4 +1,4 @@
-// A host whose min and max are its own: neither the header nor what it includes may change them.
+// A host with min and max macros of its own: neither the header nor its includes may change them.
 #define min(a, b) hosts_min
 #define max hosts_max
 #ifdef NOMINMAX
@@ -15,6 +15,6 @@ static_assert(min(7, 8) == 1 && max == 2);
 #undef min
 #undef max
 
-// A host without such macros.
+// A host without such macros can use std::min.
 #include <algorithm>
 static_assert(std::min(1, 2) == 1 && std::max(1, 2) == 2);

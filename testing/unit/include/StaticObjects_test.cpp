@@ -1,5 +1,5 @@
-// Static objects of VelaAgent.hpp, in a program and in a plug-in DLL that its host frees, or leaves
-// to the end of the process. The hosts are child processes.
+// Static objects of VelaAgent.hpp, in a program and in a plug-in DLL that its host frees or keeps
+// until the process ends. The hosts are child processes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,9 +18,9 @@ using kit::ChildProcess;
 using kit::LogFolder;
 using testing::Contains;
 
-// No other way out gives this.
-constexpr int kLeftInPeace = 42;
-// What the C++ runtime's terminate makes of a process.
+// The exit code of a host that ends normally.
+constexpr int kExitedNormally = 42;
+// The exit code that std::terminate leads to.
 constexpr DWORD kEndedByTerminate = 3;
 
 std::filesystem::path InProgramFolder(const wchar_t* file) {
@@ -49,7 +49,7 @@ class PlugIn {
 };
 #define FUNCTION(plugIn, name) plugIn.Find<decltype(name)>(#name)
 
-// --- what the hosts do ---------------------------------------------------------------------------
+// --- the hosts -----------------------------------------------------------------------------------
 
 int FreesOneThatLogs(const std::filesystem::path& folder) {
     const PlugIn plugIn;
@@ -57,7 +57,7 @@ int FreesOneThatLogs(const std::filesystem::path& folder) {
     plugIn.Free();
     if (!plugIn.IsLoaded()) return 1;
     FUNCTION(plugIn, CloseAll)();
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int FreesOneWithASession(const std::filesystem::path& folder) {
@@ -67,33 +67,33 @@ int FreesOneWithASession(const std::filesystem::path& folder) {
     plugIn.Free();
     if (!plugIn.IsLoaded()) return 1;
     FUNCTION(plugIn, CloseAll)();
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int FreesOneWithAHapticSession(const std::filesystem::path&) {
     const PlugIn plugIn;
     FUNCTION(plugIn, OpenHaptics)(Dll().c_str());
     plugIn.Free();
-    return plugIn.IsLoaded() ? kLeftInPeace : 1;
+    return plugIn.IsLoaded() ? kExitedNormally : 1;
 }
 
 int FreesOneThatUsedNothing(const std::filesystem::path&) {
     const PlugIn plugIn;
     plugIn.Free();
-    return plugIn.IsLoaded() ? 1 : kLeftInPeace;
+    return plugIn.IsLoaded() ? 1 : kExitedNormally;
 }
 
 int LeavesWithOneThatLogs(const std::filesystem::path& folder) {
     const PlugIn plugIn;
     FUNCTION(plugIn, StartLog)(Dll().c_str(), folder.c_str());
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int LeavesWithOneThatHasASession(const std::filesystem::path& folder) {
     const PlugIn plugIn;
     FUNCTION(plugIn, StartLog)(Dll().c_str(), folder.c_str());
     FUNCTION(plugIn, OpenTouchpad)(Dll().c_str());
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int LeavesWithItsOwn(const std::filesystem::path& folder) {
@@ -103,7 +103,7 @@ int LeavesWithItsOwn(const std::filesystem::path& folder) {
     logger.emplace(library, folder);
     session.emplace(library);
     session->Activate(VELA_ACTIVE);
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 const kit::RegisteredRole kRoles[] = {
@@ -121,7 +121,7 @@ const kit::RegisteredRole kRoles[] = {
 struct Host {
     const char* role;
     DWORD exitCode;
-    bool isClosed;  // what was open was closed, line by line in the log
+    bool isClosed;  // the log has the closing lines of everything opened
 };
 
 class StaticObjectsTest : public testing::TestWithParam<Host> {
@@ -137,17 +137,17 @@ class StaticObjectsTest : public testing::TestWithParam<Host> {
     const LogFolder log_;
 };
 
-// A session that nobody closed in time ends the process through the C++ runtime (convention 7 of
-// VelaAgent.h), but it ends.
+// A session that was not closed in time ends the process through std::terminate (convention 7 of
+// VelaAgent.h), but never hangs it.
 INSTANTIATE_TEST_SUITE_P(, StaticObjectsTest,
-                         testing::Values(Host{"FreesOneThatLogs", kLeftInPeace, true},
-                                         Host{"FreesOneWithASession", kLeftInPeace, true},
-                                         Host{"FreesOneWithAHapticSession", kLeftInPeace, false},
-                                         Host{"FreesOneThatUsedNothing", kLeftInPeace, false},
-                                         Host{"LeavesWithOneThatLogs", kLeftInPeace, false},
+                         testing::Values(Host{"FreesOneThatLogs", kExitedNormally, true},
+                                         Host{"FreesOneWithASession", kExitedNormally, true},
+                                         Host{"FreesOneWithAHapticSession", kExitedNormally, false},
+                                         Host{"FreesOneThatUsedNothing", kExitedNormally, false},
+                                         Host{"LeavesWithOneThatLogs", kExitedNormally, false},
                                          Host{"LeavesWithOneThatHasASession", kEndedByTerminate,
                                               false},
-                                         Host{"LeavesWithItsOwn", kLeftInPeace, true}),
+                                         Host{"LeavesWithItsOwn", kExitedNormally, true}),
                          [](const auto& test) { return test.param.role; });
 
 TEST_P(StaticObjectsTest, NeverHangTheirHost) {

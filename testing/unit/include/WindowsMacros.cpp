@@ -1,6 +1,6 @@
-// A host that uses <windows.h>'s min and max keeps them when it includes that first.
+// A host that includes <windows.h> first keeps its min and max macros.
 #include <windows.h>
-#ifndef min  // where <windows.h> gives none to C++
+#ifndef min  // some <windows.h> define none for C++
 #define min(a, b) (((a) < (b)) ? (a) : (b))
 #define max(a, b) (((a) > (b)) ? (a) : (b))
 #endif

@@ -1,4 +1,4 @@
-// What velactl makes of its command line, and of a machine without a touchpad.
+// The command line of velactl, and its output on a machine without a touchpad.
 #include "testing/unit/velactl/VelactlTest.h"
 
 #include "VelaAgentVersion.h"
@@ -17,7 +17,7 @@ MATCHER(IsOneLineFromVelactl, "") {
     return arg.rfind("velactl: ", 0) == 0 && arg.find('\n') == arg.size() - 1;
 }
 
-TEST(CommandLineTest, TellsTheVersion) {
+TEST(CommandLineTest, PrintsTheVersion) {
     const Finished run(L"--version");
     EXPECT_EQ(run.exitCode, 0U);
     EXPECT_EQ(run.output, "velactl " VELA_AGENT_VERSION "\n");
@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(, WrongUsageTest,
                                          L"clickmode on", L"clickmode on 65536", L"haptic -1",
                                          L"watch --seconds 0", L"log"));
 
-TEST_P(WrongUsageTest, IsToldInOneLine) {
+TEST_P(WrongUsageTest, IsReportedInOneLine) {
     const Finished run(GetParam());
     EXPECT_EQ(run.exitCode, 2U);
     EXPECT_EQ(run.output, "");
@@ -69,14 +69,14 @@ TEST(CommandLineTest, NamesWhatIsWrong) {
 
 // --- without the library -------------------------------------------------------------------------
 
-TEST(NoLibraryTest, AMissingFileIsToldWithItsPathAndTheSystemsError) {
+TEST(NoLibraryTest, AMissingFileIsReportedWithItsPathAndTheSystemsError) {
     const Finished run(L"status --dll C:\\nowhere\\VelaAgent.dll");
     EXPECT_EQ(run.exitCode, 5U);
     EXPECT_THAT(run.errors, AllOf(IsOneLineFromVelactl(), HasSubstr("C:\\nowhere\\VelaAgent.dll"),
                                   HasSubstr("(error 126)")));
 }
 
-TEST(NoLibraryTest, AnotherLibraryIsToldWithTheMissingExport) {
+TEST(NoLibraryTest, AnotherLibraryIsReportedWithTheMissingExport) {
     const Finished run(L"status --dll C:\\windows\\system32\\hid.dll");
     EXPECT_EQ(run.exitCode, 5U);
     EXPECT_THAT(run.errors, AllOf(IsOneLineFromVelactl(), HasSubstr("no Activate in ")));
@@ -84,14 +84,14 @@ TEST(NoLibraryTest, AnotherLibraryIsToldWithTheMissingExport) {
 
 // --- without the log's folder --------------------------------------------------------------------
 
-TEST(NoLogFolderTest, IsToldWithTheFoldersName) {
+TEST(NoLogFolderTest, IsReportedWithTheFoldersName) {
     const Finished run(L"status --log C:\\nowhere");
     EXPECT_EQ(run.exitCode, 1U);
     EXPECT_THAT(run.errors,
                 AllOf(IsOneLineFromVelactl(), HasSubstr("no log directory C:\\nowhere")));
 }
 
-// --- without a touchpad, and with one that is held -----------------------------------------------
+// --- without a touchpad, and with one that another process has open ------------------------------
 
 constexpr const wchar_t* kSessionCommands[] = {
     L"watch",      L"light camera on", L"visible chat off", L"enable microphone on",
@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(Sessions, NoTouchpadTest, testing::ValuesIn(kSessionCom
 INSTANTIATE_TEST_SUITE_P(Others, NoTouchpadTest,
                          testing::Values(L"caps", L"caps --haptic", L"haptic", L"haptic 9"));
 
-TEST_P(NoTouchpadTest, IsToldInOneLine) {
+TEST_P(NoTouchpadTest, IsReportedInOneLine) {
     const Finished run(GetParam());
     EXPECT_EQ(run.exitCode, 3U);
     EXPECT_EQ(run.output, "");
@@ -123,7 +123,7 @@ class HeldTouchpadTest : public testing::TestWithParam<const wchar_t*> {
 
 INSTANTIATE_TEST_SUITE_P(, HeldTouchpadTest, testing::ValuesIn(kSessionCommands));
 
-TEST_P(HeldTouchpadTest, IsToldInOneLine) {
+TEST_P(HeldTouchpadTest, IsReportedInOneLine) {
     const Finished run = Run(GetParam());
     EXPECT_EQ(run.exitCode, 4U);
     EXPECT_EQ(run.output, "");
@@ -134,7 +134,7 @@ using HeldStatusTest = HeldTouchpadTest;
 
 INSTANTIATE_TEST_SUITE_P(, HeldStatusTest, testing::Values(L"status --json"));
 
-TEST_P(HeldStatusTest, SaysSo) {
+TEST_P(HeldStatusTest, IsPrinted) {
     const Finished run = Run(GetParam());
     EXPECT_EQ(run.exitCode, 0U);
     ASSERT_EQ(run.results.size(), 1U);

@@ -1,4 +1,4 @@
-// velactl devices and caps.
+// The commands devices and caps of velactl.
 #include <fstream>
 
 #include "testing/kit/LogFolder.h"
@@ -12,7 +12,7 @@ using testing::HasSubstr;
 
 class DevicesTest : public VelactlTest {
  protected:
-    // The row of a path.
+    // Returns the row of a path.
     Json Row(const std::string& path, const std::wstring& arguments = {}) {
         const Finished run(L"devices --json " + arguments);
         EXPECT_EQ(run.exitCode, 0U);
@@ -40,7 +40,7 @@ TEST_F(DevicesTest, DescribesTheChosenTouchpad) {
                                  {"path", Path()}}));
 }
 
-TEST_F(DevicesTest, TellsForPeopleWhatTheOthersAre) {
+TEST_F(DevicesTest, DescribesTheOtherDevicesAsText) {
     Plug();
     const Finished run(L"devices");
     EXPECT_EQ(run.exitCode, 0U);
@@ -69,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
                              "another usage page or usage"}),
     [](const auto& test) { return test.param.name; });
 
-TEST_P(RejectedTest, IsToldWhy) {
+TEST_P(RejectedTest, IsListedWithTheReason) {
     TouchpadLayout layout;
     GetParam().spoil(layout);
     Plug(layout);
@@ -78,7 +78,7 @@ TEST_P(RejectedTest, IsToldWhy) {
     EXPECT_EQ(row["verdict"], GetParam().verdict);
 }
 
-TEST_F(DevicesTest, TellsTheLaterOfTwoAndTheHapticOne) {
+TEST_F(DevicesTest, ListsTheLaterOfTwoAndTheHapticOne) {
     const std::wstring first = virtual_touchpad::Plug(TouchpadLayout{}, L"first");
     const std::wstring second = virtual_touchpad::Plug(TouchpadLayout{}, L"second");
     const std::wstring haptic =
@@ -104,7 +104,7 @@ TEST_F(DevicesTest, ReadsTheVendorFileBesideTheLibrary) {
 
 class CapsTest : public VelactlTest {
  protected:
-    // "output value 0x0020" and so on.
+    // Returns names such as "output value 0x0020".
     static std::vector<std::string> Names(const Json& rows) {
         std::vector<std::string> names;
         for (const Json& row : rows) {

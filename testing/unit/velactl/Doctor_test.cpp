@@ -1,4 +1,4 @@
-// velactl doctor and log.
+// The commands doctor and log of velactl.
 #include <fstream>
 
 #include "testing/kit/LogFolder.h"
@@ -13,7 +13,7 @@ using testing::HasSubstr;
 
 class DoctorTest : public VelactlTest {
  protected:
-    // "library ok", in the order of the checks.
+    // Returns texts such as "library ok", in the order of the checks.
     static std::vector<std::string> Outcomes(const std::vector<Json>& results) {
         std::vector<std::string> outcomes;
         for (const Json& result : results) {
@@ -22,7 +22,7 @@ class DoctorTest : public VelactlTest {
         }
         return outcomes;
     }
-    // A copy of the library with this "Vela.ini" beside it.
+    // Returns a copy of the library with this "Vela.ini" beside it.
     std::wstring DllBeside(const std::string& vendorFile) {
         const auto dll = folder_.Path() / "VelaAgent.dll";
         std::filesystem::copy_file(ProgramFolder() / "VelaAgent.dll", dll);
@@ -53,14 +53,14 @@ TEST_F(DoctorTest, WithoutATouchpadNamesTheNextStep) {
     EXPECT_THAT(run.output, HasSubstr("\nskipped  opening: no touchpad to open\n"));
 }
 
-TEST_F(DoctorTest, TellsASilentFirmware) {
+TEST_F(DoctorTest, ReportsASilentFirmware) {
     Plug();
     const Finished run(L"doctor --json");
     EXPECT_EQ(run.exitCode, 1U);
     EXPECT_THAT(Outcomes(run.results), Contains("firmware failed"));
 }
 
-TEST_F(DoctorTest, TellsAnotherSession) {
+TEST_F(DoctorTest, ReportsAnotherSession) {
     const HANDLE mark = CreateMutexW(nullptr, FALSE, L"Global\\VelaDeviceMutex");
     const Finished run(L"doctor --json");
     CloseHandle(mark);
@@ -68,8 +68,8 @@ TEST_F(DoctorTest, TellsAnotherSession) {
     EXPECT_THAT(Outcomes(run.results), Contains("other sessions failed"));
 }
 
-// With a library that finds it so, and is not of velactl's version.
-TEST_F(DoctorTest, TellsATouchpadThatIsHeld) {
+// A stand-in library reports the touchpad as held, and its version is not velactl's.
+TEST_F(DoctorTest, ReportsATouchpadThatIsHeld) {
     Plug();
     SetEnvironmentVariableW(L"VELA_STAND_IN_INIT", L"3");
     const auto standIn = ProgramFolder() / "velactl_stand_in.dll";
@@ -83,7 +83,7 @@ TEST_F(DoctorTest, TellsATouchpadThatIsHeld) {
     EXPECT_EQ(run.results[5]["finding"], "the touchpad is held by another process");
 }
 
-TEST_F(DoctorTest, TellsALibraryThatIsNotThere) {
+TEST_F(DoctorTest, ReportsAMissingLibrary) {
     const Finished run(L"doctor --json --dll C:\\nowhere\\VelaAgent.dll");
     EXPECT_EQ(run.exitCode, 1U);
     EXPECT_THAT(Outcomes(run.results),
@@ -92,7 +92,7 @@ TEST_F(DoctorTest, TellsALibraryThatIsNotThere) {
                             "firmware skipped", "log folder skipped"));
 }
 
-TEST_F(DoctorTest, TellsALogFolderThatIsNotThere) {
+TEST_F(DoctorTest, ReportsAMissingLogFolder) {
     const Finished run(L"doctor --json --log C:\\nowhere");
     EXPECT_EQ(run.exitCode, 1U);
     EXPECT_THAT(Outcomes(run.results), testing::IsSupersetOf({"library ok", "log folder failed"}));
@@ -191,7 +191,7 @@ TEST_F(LogTest, WithoutAFileFails) {
     EXPECT_THAT(run.errors, HasSubstr("velactl: no VelaAgent.log in "));
 }
 
-// Across the renaming of a file that has grown too large, and before there is one.
+// The log is followed before its file exists, and when a file that is too large is renamed.
 TEST_F(LogTest, FollowsTheFile) {
     const Velactl program(L"log --follow" + Folder());
     Append("one\r\ntw");

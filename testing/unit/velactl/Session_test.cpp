@@ -16,8 +16,8 @@ constexpr std::uint8_t kTabletMode = 0x80;
 
 class StatusTest : public VelactlTest {
  protected:
-    // Runs a command that asks the firmware for its state, which is this.
-    Finished RunAnswered(const std::wstring& command, std::uint8_t state) {
+    // Runs a command that requests the firmware's state, and sends this one.
+    Finished RunWithFirmwareState(const std::wstring& command, std::uint8_t state) {
         const Velactl program(command);
         const auto request =
             Touchpad().Device().WaitForOutput(virtual_touchpad::IsStateRequest, kPatience);
@@ -35,7 +35,7 @@ TEST_F(StatusTest, WithoutDevices) {
 
 TEST_F(StatusTest, OfATouchpadWhoseFirmwareAnswers) {
     Plug();
-    const Finished run = RunAnswered(L"status --json", kTabletMode);
+    const Finished run = RunWithFirmwareState(L"status --json", kTabletMode);
     EXPECT_EQ(run.exitCode, 0U);
     ASSERT_EQ(run.results.size(), 1U);
     EXPECT_EQ(run.results[0], Json({{"touchpad", "free"},
@@ -49,8 +49,8 @@ TEST_F(StatusTest, OfATouchpadWhoseFirmwareAnswers) {
         [](const VirtualHidState& state) { return state.readWriteOpens == 0; }, kPatience));
 }
 
-// It leaves a thread in the library, and the exit code is its own all the same.
-TEST_F(StatusTest, OfADetachableTouchpadThatCannotBeAsked) {
+// The heartbeat's thread stays in the library, yet velactl exits with its own code.
+TEST_F(StatusTest, OfADetachableTouchpadWithoutAStateRequest) {
     TouchpadLayout layout;
     layout.productString = L"Vela Detachable Touchpad";
     layout.hasRequest = false;

@@ -56,8 +56,8 @@ bool Velactl::WaitForOutput(const std::string& part) const {
     return kit::WaitUntil([&] { return Output().find(part) != std::string::npos; });
 }
 
-// There is no console here through which to send it: it is made as a console makes it, by a thread
-// that runs the system's routine. System libraries are at the same place in every process.
+// There is no console to send Ctrl+C: like a console, this starts a thread that runs the system's
+// routine. System libraries have the same address in every process.
 void Velactl::Interrupt() const {
     const FARPROC routine = GetProcAddress(GetModuleHandleW(L"kernelbase.dll"), "CtrlRoutine");
     const HANDLE thread = CreateRemoteThread(

@@ -1,4 +1,4 @@
-// velactl.exe as a process of its own, with what it prints.
+// A velactl.exe process and its output.
 #pragma once
 
 #include <windows.h>
@@ -16,24 +16,24 @@ using Json = nlohmann::json;
 
 class Velactl {
  public:
-    // Starts it. Throws std::runtime_error when that fails.
+    // Starts the process. Throws std::runtime_error when that fails.
     explicit Velactl(const std::wstring& arguments);
-    // Ends it if need be.
+    // Ends the process if it is still running.
     ~Velactl();
     Velactl(const Velactl&) = delete;
     Velactl& operator=(const Velactl&) = delete;
 
-    // True once it has printed this.
+    // Returns true once velactl has printed this.
     bool WaitForOutput(const std::string& part) const;
-    // As Ctrl+C in its console.
+    // Sends what Ctrl+C in the console sends.
     void Interrupt() const;
-    // Its exit code; STILL_ACTIVE when it does not end within half a minute.
+    // Returns the exit code; STILL_ACTIVE when velactl does not end within half a minute.
     DWORD Wait() const;
 
-    // What it has printed so far, with plain line feeds.
+    // Returns the output so far, with plain line feeds.
     std::string Output() const;
     std::string Errors() const;
-    // Each line of the output, for --json.
+    // Returns the lines of the output, for --json.
     std::vector<Json> Results() const;
 
  private:
@@ -43,7 +43,7 @@ class Velactl {
     PROCESS_INFORMATION process_{};
 };
 
-// Runs it to its end.
+// Runs velactl to its end.
 struct Finished {
     explicit Finished(const std::wstring& arguments) : Finished(Velactl(arguments)) {}
     explicit Finished(const Velactl& program);

@@ -1,4 +1,4 @@
-// The stage of velactl's tests with devices. Nothing is plugged in at first.
+// The fixture of velactl's tests with devices. No device is plugged in at first.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -35,7 +35,7 @@ class VelactlTest : public testing::Test {
         touchpad_ = std::make_unique<TouchpadControl>(virtual_touchpad::kDefaultName, layout);
     }
     TouchpadControl& Touchpad() { return *touchpad_; }
-    // As UTF-8; HID paths are plain letters and digits.
+    // Returns the path in UTF-8; HID paths are plain letters and digits.
     std::string Path() const { return {path_.begin(), path_.end()}; }
 
     template <typename Wanted>

@@ -1,4 +1,4 @@
-// The panel in front of a plugged touchpad that a host drives with plain writes.
+// The panel with a plugged touchpad to which a host writes reports.
 #include <gmock/gmock.h>
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// Everything has its place at every size of the window.
+// Every part of the panel is whole and overlaps no other, whatever the window's size.
 #include <gmock/gmock.h>
 
 #include "tools/velapanel/Painter.h"
@@ -41,7 +41,7 @@ TEST(PanelLayout, CutsNothingOffAndPutsNothingOnTopOfAnother) {
             EXPECT_TRUE(IsInside(boxes[i], window)) << i;
             for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(Overlap(boxes[i], boxes[j])) << i << j;
         }
-        // The heading and at least five reports.
+        // The list has room for its heading and at least five reports.
         EXPECT_GE(layout.reports.height, 6 * 20 * layout.scale);
         for (const Action button : {Action::Camera, Action::ShareScreen}) {
             EXPECT_TRUE(IsInside(LampOf(layout, button), layout.BoxOf(button)));

@@ -1,4 +1,4 @@
-// What a light report says can be seen in the picture.
+// The picture shows the content of a light report.
 #include <gmock/gmock.h>
 
 #include "tools/velapanel/Breathing.h"
@@ -66,8 +66,8 @@ TEST(Picture, ShowsEachLightAtItsButtonAndNoOther) {
     }
 }
 
-// The dimmest is well apart from none, and more is brighter.
-TEST(Picture, TellsBrightnessesApart) {
+// The lowest brightness differs clearly from dark, and a higher one is brighter.
+TEST(Picture, DistinguishesBrightnesses) {
     for (const Light& light : kLights) {
         int before = Draw({}).Sum(light.button) + 20;
         for (const int brightness : {1, 3, 20, 80, 160, 255}) {
@@ -79,7 +79,7 @@ TEST(Picture, TellsBrightnessesApart) {
     }
 }
 
-TEST(Picture, TellsOnFromOffByColour) {
+TEST(Picture, DistinguishesOnFromOffByColour) {
     for (const auto& [button, on, off] :
          {std::tuple(Action::Camera, 0x20, 0x21), std::tuple(Action::Microphone, 0x26, 0x27)}) {
         const auto colour = [&, which = button](int usage) {

@@ -1,4 +1,4 @@
-// Reports in words.
+// The texts that describe reports.
 #include <gmock/gmock.h>
 
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
@@ -15,7 +15,7 @@ struct Case {
     std::string fields;
 };
 
-TEST(ReportFields, NameWhatAReportSays) {
+TEST(ReportFields, NameTheFieldsOfAReport) {
     const Case cases[] = {
         {DescribeOutput,
          {2, 200, 0, 200, 200, 0, 200, 8, 0x0F, 0, 0, 0, 0},
