@@ -3,7 +3,7 @@
 #include "testing/acceptance/HidPaths.h"
 #include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 
 namespace acceptance {
@@ -188,7 +188,7 @@ INSTANTIATE_TEST_SUITE_P(, RefusingDeviceTest, testing::Bool(), [](const auto& t
 });
 
 TEST_P(RefusingDeviceTest, IsSkippedWithoutALine) {
-    if (GetParam()) virtual_touchpad::AwaitCreateAnswers(GetModuleHandleW(L"VelaAgent.dll"));
+    if (GetParam()) virtual_touchpad::MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll"));
     FurtherDevice refusing(L"refusing");
     refusing.Device().LimitOpens(0);
     EXPECT_EQ(agent_.Init(), VELA_INIT_NOT_FOUND);

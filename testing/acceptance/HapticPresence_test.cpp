@@ -1,6 +1,6 @@
 // Finding, opening and closing a haptic touchpad.
 #include "testing/acceptance/HapticTest.h"
-#include "testing/virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 
 namespace acceptance {
 namespace {
@@ -99,7 +99,7 @@ TEST_F(HapticPresenceTest, OpenedAndClosedTwentyTimes) {
 // The system itself holds precision touchpads so. Neither read nor write access is asked for, and
 // an open without them conflicts with nobody.
 TEST_F(HapticPresenceTest, SomebodysExclusiveOpenOfItsInputIsNoHindrance) {
-    virtual_touchpad::AwaitCreateAnswers(GetModuleHandleW(L"VelaAgent.dll"));
+    virtual_touchpad::MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll"));
     Plug();
     const HANDLE holder = CreateFileW(Path().c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                                       OPEN_EXISTING, 0, nullptr);
@@ -110,7 +110,7 @@ TEST_F(HapticPresenceTest, SomebodysExclusiveOpenOfItsInputIsNoHindrance) {
 }
 
 TEST_F(HapticPresenceTest, OneThatIsRefusedToEverybodyIsNotOpened) {
-    virtual_touchpad::AwaitCreateAnswers(GetModuleHandleW(L"VelaAgent.dll"));
+    virtual_touchpad::MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll"));
     Plug();
     Device().LimitOpens(1);  // the scan's
     EXPECT_EQ(agent_.InitHapticTP(), 0);

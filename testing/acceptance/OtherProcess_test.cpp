@@ -3,7 +3,7 @@
 #include "testing/acceptance/FurtherDevice.h"
 #include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 
 namespace acceptance {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 using testing::Contains;
 using testing::Not;
 using testing::StartsWith;
-using virtual_touchpad::AwaitCreateAnswers;
+using virtual_touchpad::MakeCreateFileWait;
 
 constexpr wchar_t kMutex[] = L"Global\\VelaDeviceMutex";
 constexpr wchar_t kReleaseSignal[] = L"VelaAcceptanceTestsRelease";
@@ -53,7 +53,7 @@ int HoldsASession(const std::filesystem::path& folder) {
 // Another host that comes too late.
 int FindsItHeld(const std::filesystem::path& folder) {
     AgentDll agent;
-    AwaitCreateAnswers(GetModuleHandleW(L"VelaAgent.dll"));
+    MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll"));
     agent.InitLogger(folder.c_str());
     const bool isHeld = agent.IsVelaPresent() == 1 && agent.Init() == VELA_INIT_HELD_BY_OTHER &&
                         agent.UnInit() == 0;
@@ -91,7 +91,7 @@ const RegisteredRole kRoles[] = {
 
 class OtherProcessTest : public TouchpadAcceptanceTest {
  protected:
-    OtherProcessTest() { AwaitCreateAnswers(GetModuleHandleW(L"VelaAgent.dll")); }
+    OtherProcessTest() { MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll")); }
     ~OtherProcessTest() override { CloseHandle(release_); }
 
     // ERROR_SUCCESS while somebody has the mutex open, and lets others.

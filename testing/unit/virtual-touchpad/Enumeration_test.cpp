@@ -37,7 +37,7 @@ TEST(Enumeration, ListsPluggedDevicesWithTheirPaths) {
     EXPECT_TRUE(found);
 }
 
-TEST(Enumeration, DeviceSaysItsIdsAndProductString) {
+TEST(Enumeration, DeviceReportsItsIdsAndProductString) {
     TouchpadLayout layout;
     layout.vendorId = 0xABCD;
     layout.productId = 0x4321;

@@ -54,7 +54,7 @@ class Transfer {
         return WaitForSingleObject(event_, static_cast<DWORD>(timeout.count())) == WAIT_OBJECT_0;
     }
 
-    // After the end: the error and the size. A transfer that could not start ends with that error.
+    // Returns the error and the size after the end. A transfer that could not start has its error.
     DWORD Result(DWORD* size) {
         *size = 0;
         if (!pending_) return error_;
@@ -104,13 +104,13 @@ class HostFile {
         transfer->StartWrite();
         return transfer;
     }
-    // Waits for the end; the error.
+    // Waits for the end and returns the error.
     DWORD WriteAndWait(const Report& report) {
         DWORD size = 0;
         return Write(report)->Result(&size);
     }
 
-    // The error of a call that every open allows.
+    // Returns the error of a call that works with any access and share mode.
     DWORD AttributesError() const {
         HIDD_ATTRIBUTES attributes = {};
         attributes.Size = sizeof(attributes);

@@ -30,7 +30,7 @@ class PluggedTouchpad {
     VirtualDevice& Device() { return control_.Device(); }
 
  private:
-    // A run that ended early may have left its device behind.
+    // Unplugs the device first that an aborted run may have left.
     static std::wstring PlugAnew(const TouchpadLayout& layout, const std::wstring& name) {
         try {
             Unplug(name);

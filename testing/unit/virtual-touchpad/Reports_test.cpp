@@ -13,7 +13,7 @@ using testing::ElementsAre;
 
 constexpr std::int32_t kStatusDeviceNotReady = static_cast<std::int32_t>(0xC00000A3);
 
-// A whole output report that starts with these bytes.
+// Returns an output report of full length that starts with these bytes.
 Report Output(std::initializer_list<std::uint8_t> bytes) {
     Report report(bytes);
     report.resize(kOutputReportLength);
@@ -57,7 +57,7 @@ TEST(Reports, EveryHandleGetsTheInput) {
     EXPECT_TRUE(second->WaitFor(kSoon));
 }
 
-// The class driver passes on as many bytes as the report has that byte 0 names.
+// The class driver passes on as many bytes as the report named by byte 0 has.
 TEST(Reports, AWriteArrivesInTheLengthOfItsReport) {
     PluggedTouchpad touchpad;
     HostFile host(touchpad.Path());
@@ -145,7 +145,7 @@ TEST(Reports, OneWriteFailsOnOrder) {
     EXPECT_EQ(touchpad.Device().LastSequence(), 1u);
 }
 
-TEST(Reports, WaitingForAnOutputTellsWhichOne) {
+TEST(Reports, WaitingForAnOutputReturnsIt) {
     PluggedTouchpad touchpad;
     HostFile host(touchpad.Path());
     ASSERT_EQ(host.WriteAndWait(Output({kLightReportId, 1})), ERROR_SUCCESS);

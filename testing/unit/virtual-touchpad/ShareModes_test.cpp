@@ -1,5 +1,5 @@
-// Wine's CreateFile succeeds whatever the driver answers, so a refused open shows at the first use
-// of the handle here. On Windows it shows at CreateFile.
+// Wine's CreateFile succeeds whatever the driver returns, so a refused open only fails at the first
+// use of its handle. On Windows CreateFile fails.
 #include <gtest/gtest.h>
 
 #include "testing/unit/virtual-touchpad/HostFile.h"
@@ -33,7 +33,7 @@ TEST(ShareModes, ARefusedHandleNeitherReadsNorWrites) {
     const DWORD openError = GetLastError();
     DWORD size = 0;
     if (!refused.IsOpen()) {
-        // No handle at all, where CreateFile awaits the answer, as after the test of that.
+        // CreateFile fails on Windows, and in a process in which WaitingCreateFile_test has run.
         EXPECT_EQ(openError, ERROR_SHARING_VIOLATION);
     } else {
         EXPECT_EQ(refused.Read(3)->Result(&size), ERROR_SHARING_VIOLATION);
@@ -72,7 +72,7 @@ TEST(ShareModes, ClosingFreesIt) {
     EXPECT_EQ(OpenError(touchpad.Path(), kReadWrite, kExclusive), ERROR_SUCCESS);
 }
 
-// Wine's raw input opens every device then.
+// Wine's raw input opens every device at its first input report.
 TEST(ShareModes, AnInputReportBlocksNobody) {
     PluggedTouchpad touchpad;
     {

@@ -12,7 +12,7 @@ namespace {
 
 using namespace virtual_touchpad::events;
 
-// Input reports, one after the other, while the object lives and the device is there.
+// Sends input reports continuously while the object lives and the device exists.
 class PouringReports {
  public:
     explicit PouringReports(TouchpadControl& touchpad)
@@ -29,7 +29,7 @@ class PouringReports {
         try {
             while (!ended_) touchpad.SendEvent(kSync);
         } catch (const std::runtime_error&) {
-            // The device is gone.
+            // The device was unplugged.
         }
     }
 
@@ -67,7 +67,7 @@ TEST(Unplug, ThePathCannotBeOpenedAnyMore) {
     EXPECT_FALSE(host.IsOpen());
 }
 
-TEST(Unplug, TheControlLinkTellsThatTheDeviceIsGone) {
+TEST(Unplug, TheControlLinkReportsThatTheDeviceIsGone) {
     PluggedTouchpad touchpad;
     touchpad.PullOut();
     EXPECT_THROW(touchpad.Device().State(), std::runtime_error);
@@ -95,7 +95,7 @@ TEST(Unplug, PluggingInAndOutManyTimes) {
     }
 }
 
-// The system shows a device's interface before it has noted whose it is; Plug waits for that.
+// The system shows a device's interface before it has noted its owner; Plug waits for that.
 TEST(Unplug, RightAfterPluggingInLeavesNothingBehind) {
     for (int i = 0; i < 20; ++i) {
         PluggedTouchpad touchpad;
@@ -107,8 +107,8 @@ TEST(Unplug, RightAfterPluggingInLeavesNothingBehind) {
     }
 }
 
-// The class driver fetches every report with a read of its own, so at any moment one may be on its
-// way to the driver that is told of the removal.
+// The class driver fetches every report with a read of its own, so a read may be on its way to the
+// driver when the device is removed.
 TEST(Unplug, WorksWhileReportsPour) {
     for (int i = 0; i < 5; ++i) {
         PluggedTouchpad touchpad;

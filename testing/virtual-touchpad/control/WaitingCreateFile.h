@@ -9,6 +9,6 @@ namespace virtual_touchpad {
 // Makes every CreateFileW of this module (a loaded program or library) on a HID interface fail, as
 // on Windows, when the driver refuses the open. Throws std::runtime_error when the module does not
 // import CreateFileW.
-void AwaitCreateAnswers(HMODULE module);
+void MakeCreateFileWait(HMODULE module);
 
 }  // namespace virtual_touchpad

@@ -1,4 +1,4 @@
-#include "testing/virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 
 extern "C" {
 #include <hidsdi.h>
@@ -30,9 +30,9 @@ bool WasRefused(HANDLE file) {
     return !HidD_GetNumInputBuffers(file, &buffers) && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
-HANDLE WINAPI AwaitedCreateFile(LPCWSTR path, DWORD access, DWORD share,
-                                LPSECURITY_ATTRIBUTES security, DWORD disposition, DWORD flags,
-                                HANDLE templateFile) {
+HANDLE WINAPI WaitingCreateFileW(LPCWSTR path, DWORD access, DWORD share,
+                                 LPSECURITY_ATTRIBUTES security, DWORD disposition, DWORD flags,
+                                 HANDLE templateFile) {
     const HANDLE file =
         OriginalCreateFile()(path, access, share, security, disposition, flags, templateFile);
     if (file == INVALID_HANDLE_VALUE || !IsHidPath(path)) return file;
@@ -75,12 +75,12 @@ ULONGLONG* FindImport(HMODULE module) {
 
 }  // namespace
 
-void AwaitCreateAnswers(HMODULE module) {
+void MakeCreateFileWait(HMODULE module) {
     ULONGLONG* import = FindImport(module);
     if (import == nullptr) throw std::runtime_error("the module does not import CreateFileW");
     DWORD protection = 0;
     VirtualProtect(import, sizeof(*import), PAGE_READWRITE, &protection);
-    *import = reinterpret_cast<ULONGLONG>(&AwaitedCreateFile);
+    *import = reinterpret_cast<ULONGLONG>(&WaitingCreateFileW);
     VirtualProtect(import, sizeof(*import), protection, &protection);
 }
 

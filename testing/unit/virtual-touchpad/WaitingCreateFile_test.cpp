@@ -1,4 +1,4 @@
-#include "testing/virtual-touchpad/control/AwaitedCreate.h"
+#include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,9 @@
 namespace virtual_touchpad {
 namespace {
 
-// Stays in force for the tests that follow in this process; they see a refused open one step
-// earlier.
-TEST(AwaitedCreate, ARefusedOpenFailsAtCreateFile) {
-    AwaitCreateAnswers(GetModuleHandleW(nullptr));
+// The replacement stays for later tests in this process; they see a refused open at CreateFile.
+TEST(WaitingCreateFile, ARefusedOpenFailsAtCreateFile) {
+    MakeCreateFileWait(GetModuleHandleW(nullptr));
     PluggedTouchpad touchpad;
     HostFile holder(touchpad.Path(), kReadWrite, kExclusive);
     ASSERT_TRUE(holder.IsOpen());
@@ -22,8 +21,8 @@ TEST(AwaitedCreate, ARefusedOpenFailsAtCreateFile) {
     EXPECT_TRUE(HostFile(touchpad.Path(), 0).IsOpen());
 }
 
-TEST(AwaitedCreate, AModuleWithoutCreateFileIsRefused) {
-    EXPECT_THROW(AwaitCreateAnswers(GetModuleHandleW(L"ntdll.dll")), std::runtime_error);
+TEST(WaitingCreateFile, AModuleWithoutCreateFileIsRefused) {
+    EXPECT_THROW(MakeCreateFileWait(GetModuleHandleW(L"ntdll.dll")), std::runtime_error);
 }
 
 }  // namespace
