@@ -1,4 +1,4 @@
-// Every export that sets a button or a light, by what the touchpad then shows.
+// The exports that set a button or a light, checked by the touchpad's lights.
 #include "testing/kit/windows/LightsText.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 class ButtonsTest : public TouchpadAcceptanceTest {
  protected:
-    // A new session with all four lit.
+    // Opens a new session with all four buttons lit.
     void OpenAnew() {
         ASSERT_NO_FATAL_FAILURE(Open());
         agent_.SetVelaBrightness(3);
@@ -17,7 +17,7 @@ class ButtonsTest : public TouchpadAcceptanceTest {
         ASSERT_EQ(LightsNow(), kAllLit);
     }
 
-    // Once every report queued before is written: requests and lights are written in order.
+    // Returns the lights once every report queued before is written: a state request is the last.
     std::string LightsNow() {
         const std::uint64_t before = Touchpad().Device().LastSequence();
         EXPECT_EQ(agent_.UpdateVelaState(), 1);
@@ -190,7 +190,7 @@ const Group kGroups[] = {
               a.SetButtonBreathing(VELA_BUTTON_CHAT, 0);
           },
           kAllLit},
-         // Written would be what the last report said that was not forced.
+         // The new report equals the last unforced one, so the writer drops it.
          {"breathing is forbidden again, unheard",
           [](AgentDll& a) {
               a.EnableChatBreathing(1);
@@ -233,7 +233,7 @@ TEST_P(LightCallsTest, ShowInTheLights) {
     }
 }
 
-// A button shows once the feature is on, the touchpad active, and it is enabled and visible.
+// A button shows when the feature is on, the touchpad active, and it is enabled and visible.
 TEST_F(ButtonsTest, AnyOneOfTheFourConditionsKeepsItDark) {
     void (*const conditions[])(AgentDll&) = {
         [](AgentDll& a) { a.EnableFeature(1); }, [](AgentDll& a) { a.Activate(VELA_ACTIVE); },
@@ -253,7 +253,7 @@ TEST_F(ButtonsTest, AnyOneOfTheFourConditionsKeepsItDark) {
     }
 }
 
-TEST_F(ButtonsTest, TheGettersSayWhatWasSet) {
+TEST_F(ButtonsTest, TheGettersReturnWhatWasSet) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(Open());
     EXPECT_EQ(agent_.GetVelaBrightness(), 3U);
@@ -278,12 +278,13 @@ TEST_F(ButtonsTest, TheGettersSayWhatWasSet) {
     }
 }
 
-// The two lights of a press are exchanged by the library, by the host, or not at all.
-TEST_F(ButtonsTest, PressesTellTheHostAndTurnTheLightsThatAreTheLibrarys) {
+// A press switches the button's two lights, leaves them to the host, or changes none.
+TEST_F(ButtonsTest, PressesNotifyTheHostAndSwitchTheLightsThatTheLibrarySets) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(OpenAnew());
     const auto pressAll = [this](std::size_t calls) {
-        for (const std::uint16_t usage : {kCameraButton, kMicrophoneButton, kChatButton, kShareScreenButton}) {
+        for (const std::uint16_t usage :
+             {kCameraButton, kMicrophoneButton, kChatButton, kShareScreenButton}) {
             Touchpad().Press(static_cast<std::uint16_t>(usage));
         }
         EXPECT_TRUE(HostCallbacks::WaitForCalls(calls));

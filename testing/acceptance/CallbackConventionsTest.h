@@ -1,4 +1,4 @@
-// The stage of tests with callbacks that call the library, also those that come inside UnInit.
+// The fixture of tests with callbacks that call the library, also during UnInit.
 #pragma once
 
 #include <atomic>
@@ -12,10 +12,10 @@ class CallbackConventionsTest : public TouchpadAcceptanceTest {
  protected:
     CallbackConventionsTest() { theAgent = &agent_; }
 
-    // The callbacks get no argument of the host's own.
+    // The callbacks get no argument of the host's own, so they use this.
     static inline AgentDll* theAgent = nullptr;
 
-    // Temporarily disabled by the gesture: EnableFeature(0) and UnInit then report status 0.
+    // Disables the touchpad by the gesture: EnableFeature(0) and UnInit then report status 0.
     void OpenDisabled(VelaStatusChangeCallback callback) {
         static std::atomic<bool> isDisabled{false};
         isDisabled = false;

@@ -1,4 +1,4 @@
-// What VelaAgent.h says of callbacks: the thread that each comes on, and that what they set holds.
+// The conventions of VelaAgent.h about callbacks: their threads, and the effect of setters in them.
 #include <set>
 
 #include "testing/acceptance/CallbackConventionsTest.h"
@@ -20,7 +20,8 @@ TEST_F(CallbackConventionsTest, WhatTheTouchpadReportsComesOnTheReaderThread) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     agent_.SetVelaButtonPressCallback([](std::uint32_t, std::uint32_t) { NoteThread(); });
     agent_.SetVelaStatusChangeCallback([](std::uint32_t) { NoteThread(); });
-    for (const std::uint16_t usage : {kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton, kGesture, kSync, kDisabled, kEnabled}) {
+    for (const std::uint16_t usage : {kCameraButton, kShareScreenButton, kChatButton,
+                                      kMicrophoneButton, kGesture, kSync, kDisabled, kEnabled}) {
         Touchpad().SendEvent(static_cast<std::uint16_t>(usage));
     }
     Touchpad().SendFirmwareState(0x80);
@@ -40,7 +41,7 @@ TEST_F(CallbackConventionsTest, InsideEnableFeatureAndUnInitTheyComeOnTheCalling
     EXPECT_THAT(threads, ElementsAre(GetCurrentThreadId(), GetCurrentThreadId()));
 }
 
-// Setters in a callback: what they set holds from then on.
+// A setter in a callback takes effect at once and for good.
 TEST_F(CallbackConventionsTest, WhatACallbackSetsHolds) {
     Plug();
     ASSERT_EQ(agent_.Init(), VELA_INIT_OPEN);

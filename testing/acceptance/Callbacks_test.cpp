@@ -1,4 +1,4 @@
-// What the host may do inside its callbacks, and how they come.
+// Calls that a host may make inside its callbacks, and the callbacks' threads and order.
 #include <atomic>
 #include <thread>
 
@@ -12,7 +12,7 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-// What the callbacks of these tests do. They get no argument of the host's, so it stands here.
+// The actions of the callbacks, which get no argument of the host's own.
 AgentDll* theAgent = nullptr;
 bool onAnotherThread = false;
 std::atomic<const ExportCall*> nextCall{nullptr};
@@ -21,9 +21,9 @@ std::atomic<int> gestures{0};
 
 void CallNext() {
     const ExportCall* const call = nextCall.exchange(nullptr);
-    if (call == nullptr) return;  // the call in here made the library call back once more
+    if (call == nullptr) return;  // the call below made the library call back again
     if (onAnotherThread) {
-        // Would wait for ever for a lock that the library held.
+        // This would block for ever if the library held a lock.
         std::thread([call] { call->call(*theAgent); }).join();
     } else {
         call->call(*theAgent);
@@ -35,7 +35,7 @@ bool WaitForMore(const std::atomic<int>& counter, int before) {
     return WaitUntil([&] { return counter != before; }) && counter == before + 1;
 }
 
-// What makes the library call back, and on whose thread.
+// A call or event that makes the library call back, on a known thread.
 struct Occasion {
     const char* name;
     bool afterAGesture;  // the touchpad is temporarily disabled
@@ -116,7 +116,7 @@ TEST_F(CallbackTest, APressComesOnTheReaderThreadBeforeItsLight) {
     EXPECT_NE(pressThread, GetCurrentThreadId());
 }
 
-TEST_F(CallbackTest, AnActivationIsToldOnTheCallersThread) {
+TEST_F(CallbackTest, AnActivationIsReportedOnTheCallersThread) {
     static std::vector<DWORD> threads;
     Plug();
     ASSERT_EQ(agent_.Init(), VELA_INIT_OPEN);
@@ -142,10 +142,11 @@ TEST_F(CallbackTest, PressesDuringASlowCallbackComeAfterItInTheirOrder) {
     });
     Touchpad().Press(kCameraButton);
     ASSERT_EQ(WaitForSingleObject(entered, 10000), WAIT_OBJECT_0);
-    for (const std::uint16_t usage : {kMicrophoneButton, kChatButton, kShareScreenButton, kMicrophoneButton}) {
+    for (const std::uint16_t usage :
+         {kMicrophoneButton, kChatButton, kShareScreenButton, kMicrophoneButton}) {
         Touchpad().Press(static_cast<std::uint16_t>(usage));
     }
-    // The end of the queue; the host is told on the same thread.
+    // This event is the end of the queue; its callback is on the same thread.
     Touchpad().SendEvent(kSync);
     SetEvent(mayLeave);
     ASSERT_TRUE(HostCallbacks::WaitForCalls(2));

@@ -1,4 +1,4 @@
-// Opening and closing: twice, many times, at once, and in the middle of things.
+// Opening and closing: twice, many times, at once, and while other calls run.
 #include <atomic>
 #include <thread>
 
@@ -136,7 +136,7 @@ TEST_F(ClosingTest, OfTwoUnInitsAtOnceOneClosesTheSession) {
     }
 }
 
-// Every export at once from two threads, against a touchpad whose heartbeat comes and goes.
+// Two threads call every export at once while the touchpad's heartbeat starts and stops.
 TEST_F(ClosingTest, TwoThreadsMayCallEveryExportAtOnce) {
     Plug(DetachableTouchpad());
     ASSERT_NO_FATAL_FAILURE(Open());
@@ -150,7 +150,7 @@ TEST_F(ClosingTest, TwoThreadsMayCallEveryExportAtOnce) {
     callAll();
     host.join();
 
-    // Nothing is stuck or lost: a definite state is what the touchpad shows.
+    // The session still works: the touchpad shows a definite state.
     LightAll();
     agent_.SetVelaBrightness(3);
     EXPECT_EQ(agent_.EnableChatBreathing(0), 1);

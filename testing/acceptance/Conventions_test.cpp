@@ -1,6 +1,5 @@
-// The conventions of VelaAgent.h, each in a host's own steps: results and arguments, threads, the
-// calling order. CallbackConventions_test.cpp has those about callbacks, LightConventions_test.cpp
-// those about lights.
+// The conventions of VelaAgent.h about results, arguments, threads and the calling order.
+// CallbackConventions_test.cpp and LightConventions_test.cpp test those about callbacks and lights.
 #include <limits>
 #include <thread>
 
@@ -24,7 +23,7 @@ class ConventionsTest : public TouchpadAcceptanceTest {
             EXPECT_EQ(Describe(Touchpad().CurrentLights()), wanted);
         }
     }
-    // Every function with a result of type VELA_BOOL but UnInit.
+    // Calls every function with a result of type VELA_BOOL except UnInit.
     std::vector<VELA_BOOL> BoolResults(VELA_BOOL argument) {
         AgentDll& a = agent_;
         return {a.IsVelaPresent(),
@@ -73,11 +72,14 @@ TEST_F(ConventionsTest, AnArgumentIsFalseWhen0AndTrueOtherwise) {
     const Switch switches[] = {
         {"EnableFeature", [](AgentDll& a, VELA_BOOL on) { a.EnableFeature(on); }, kAllDark,
          kAllLit},
-        {"EnableSingleButton", [](AgentDll& a, VELA_BOOL on) { a.EnableSingleButton(2, on); },
+        {"EnableSingleButton",
+         [](AgentDll& a, VELA_BOOL on) { a.EnableSingleButton(VELA_BUTTON_CHAT, on); },
          "camera 3/0 microphone 3/0 chat 0 share screen 3, active 124, breathing 0", kAllLit},
-        {"SetButtonVisible", [](AgentDll& a, VELA_BOOL on) { a.SetButtonVisible(2, on); },
+        {"SetButtonVisible",
+         [](AgentDll& a, VELA_BOOL on) { a.SetButtonVisible(VELA_BUTTON_CHAT, on); },
          "camera 3/0 microphone 3/0 chat 0 share screen 3, active 124, breathing 0", kAllLit},
-        {"SetButtonLight", [](AgentDll& a, VELA_BOOL on) { a.SetButtonLight(0, on); }, kAllLit,
+        {"SetButtonLight",
+         [](AgentDll& a, VELA_BOOL on) { a.SetButtonLight(VELA_BUTTON_CAMERA, on); }, kAllLit,
          "camera 0/3 microphone 3/0 chat 3 share screen 3, active 1234, breathing 0"},
     };
     ASSERT_NO_FATAL_FAILURE(OpenLit());
@@ -111,7 +113,7 @@ TEST_F(ConventionsTest, OneThreadMayOpenTheNextUseItAndAThirdClose) {
     EXPECT_TRUE(AllDark(Touchpad().CurrentLights()));
 }
 
-// Convention 4. The second round leaves out what is optional.
+// Convention 4. The second round omits the optional calls.
 TEST_F(ConventionsTest, TheCallingOrderMayBeRepeated) {
     agent_.UnInitLogger();  // the fixture's, which leaves a first line
     Plug();
@@ -141,7 +143,7 @@ TEST_F(ConventionsTest, TheCallingOrderMayBeRepeated) {
     EXPECT_EQ(log_.CountLines("{INFO @ UnInitialize} Logger::UnInitialize"), 3U);
 }
 
-// Convention 6: of most calls without a session the false result is the whole report.
+// Convention 6: most calls without a session report it only by their false result.
 TEST_F(ConventionsTest, CallsWithoutASessionLeaveNoLine) {
     EXPECT_EQ(agent_.EnableFeature(1), 0);
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE), 0);

@@ -1,4 +1,4 @@
-// A touchpad that tells by its name that it can be taken off the machine.
+// A touchpad whose product string marks it as detachable.
 #pragma once
 
 #include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"

@@ -1,4 +1,4 @@
-// Which of several HID devices is taken for the touchpad. Wine has two of its own at all times.
+// The choice of the touchpad among several HID devices. Wine always has two devices of its own.
 #include "testing/acceptance/FurtherDevice.h"
 #include "testing/acceptance/HidPaths.h"
 #include "testing/kit/windows/LitLights.h"
@@ -35,7 +35,7 @@ TouchpadLayout TouchpadOf(std::uint16_t vendorId, std::uint16_t usagePage, std::
     return layout;
 }
 
-// The touchpad's collection and vendor id, but other content.
+// Returns the touchpad's vendor id and collection with other content.
 DeviceSettings TouchpadWith(
     const std::function<void(ReportDescriptorBuilder& builder)>& addContent) {
     DeviceSettings settings = SettingsOf(TouchpadLayout{});
@@ -65,7 +65,7 @@ DeviceSettings WithoutButtonsOfItsPage() {
 struct Stranger {
     const char* name;
     DeviceSettings settings;
-    std::vector<std::string> log;  // what each scan says of it
+    std::vector<std::string> log;  // the lines that each scan logs about it
 };
 
 void PrintTo(const Stranger& stranger, std::ostream* stream) { *stream << stranger.name; }
@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "have matched report type"}}),
     [](const auto& test) { return test.param.name; });
 
-// Under names that the system enumerates before and behind the touchpad's.
+// The other devices' names are enumerated before and after the touchpad's.
 TEST_P(StrangerTest, IsNotFoundAloneAndHidesNoTouchpad) {
     FurtherDevice before(L"before", GetParam().settings);
     EXPECT_EQ(agent_.Init(), VELA_INIT_NOT_FOUND);
@@ -141,7 +141,7 @@ TEST_F(DiscoveryTest, TheProductIdIsNoConditionAndIsLoggedWithTheFirmwaresVersio
                     kRecord, kLastLine));
 }
 
-// The one that was plugged in last is the one that the system names first.
+// The system enumerates the touchpad that was plugged in last first.
 TEST_F(DiscoveryTest, OfTwoTheFirstInTheSystemsOrderIsOpenedAndTheOtherLeftAlone) {
     FurtherDevice second(L"zweites");
     Plug();
@@ -154,7 +154,7 @@ TEST_F(DiscoveryTest, OfTwoTheFirstInTheSystemsOrderIsOpenedAndTheOtherLeftAlone
     EXPECT_EQ(Touchpad().Device().Opens(), 1U);
     EXPECT_TRUE(second.IsUntouched());
 
-    // An open session stays with its touchpad when an earlier one comes.
+    // An open session keeps its touchpad when an earlier one is plugged in.
     FurtherDevice earlier(L"another");
     EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
@@ -171,7 +171,7 @@ TEST_F(DiscoveryTest, WhenTheFirstIsPulledOutTheSecondIsNextToBeOpened) {
     FurtherDevice second(L"zweites");
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     Unplug();
-    EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);  // found the second, kept the first's session
+    EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);  // finds the second, keeps the first's session
     EXPECT_TRUE(second.IsUntouched());
     EXPECT_EQ(agent_.UnInit(), 1);
     EXPECT_EQ(agent_.Init(), VELA_INIT_OPEN);
@@ -179,7 +179,7 @@ TEST_F(DiscoveryTest, WhenTheFirstIsPulledOutTheSecondIsNextToBeOpened) {
     EXPECT_EQ(agent_.UnInit(), 1);
 }
 
-// Each way in which a device whose driver admits nobody may show.
+// The driver refuses every open, which shows at CreateFile on Windows and at the first use in Wine.
 class RefusingDeviceTest : public TouchpadAcceptanceTest,
                            public testing::WithParamInterface<bool> {};
 

@@ -1,4 +1,4 @@
-// One harmless call of every export but UnInit, for tests that want them all.
+// One harmless call of every export except UnInit.
 #pragma once
 
 #include <string>
@@ -15,10 +15,10 @@ struct ExportCall {
     std::string (*call)(AgentDll&);  // returns the result in decimal, "-" for none
 };
 
-// In the alphabet's order. The agent's logger has to be initialised, as one of them nests it.
+// The calls are in alphabetical order. The agent's logger must run, as one of them nests it.
 const std::vector<ExportCall>& EveryExportButUnInit();
 
-// All of them in turn, as "IsVelaPresent 1".
+// Makes all calls in order; returns texts such as "IsVelaPresent 1".
 std::vector<std::string> CallEveryExportButUnInit(AgentDll& agent);
 
 }  // namespace acceptance

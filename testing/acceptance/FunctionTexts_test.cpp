@@ -1,4 +1,4 @@
-// What VelaAgent.h says beside single functions, in a host's own steps.
+// The descriptions of single functions in VelaAgent.h, tested in a host's own steps.
 #include <atomic>
 #include <thread>
 
@@ -22,7 +22,7 @@ class FunctionTextsTest : public TouchpadAcceptanceTest {
 };
 
 TEST_F(FunctionTextsTest, InitBesideAnotherThreadsUnInitFindsTheSessionOpenOrOpensTheNext) {
-    // Every UnInit without a session is a line; they would come faster than they can be written.
+    // Every UnInit without a session logs a line; they would come faster than they are written.
     agent_.UnInitLogger();
     Plug();
     std::atomic<bool> isDone{false};
@@ -91,7 +91,7 @@ TEST_F(FunctionTextsTest, SwitchingTheFeatureOffEndsATemporaryDisable) {
     ExpectLights(kAllLit);
 }
 
-// The disable ends only together with its report to the host.
+// A temporary disable only ends together with its report to the host.
 TEST_F(FunctionTextsTest, WithoutAStatusCallbackATemporaryDisableOutlastsTheFeature) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     Touchpad().SendEvent(kGesture);
@@ -115,10 +115,10 @@ TEST_F(FunctionTextsTest, ActivateReportsEveryValueButTheCurrentOneAndDeactivate
         EXPECT_EQ(agent_.Activate(activation), 1) << activation;
     }
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "status 1", "status 7", "status 5",
-                                             "status 4294967295", "status 4", "status 4"));
+                                                    "status 4294967295", "status 4", "status 4"));
 }
 
-// A press of a button that is neither visible nor active is reported all the same.
+// A press of a button that is neither visible nor active is still reported.
 TEST_F(FunctionTextsTest, ChangesThatTheTouchpadMakesAreReportedWhileActiveOnly) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(Open());
@@ -164,7 +164,7 @@ TEST_F(FunctionTextsTest, TheDeviceKeepsTheClickModeAfterUnInit) {
     EXPECT_EQ(agent_.GetClickMode(), 1U);
 }
 
-// The other way round is in Presence_test.cpp.
+// Presence_test.cpp tests the opposite order.
 TEST_F(FunctionTextsTest, ADetachableTouchpadsNameDecidesForLaterOnesThatStay) {
     Plug(DetachableTouchpad());
     ASSERT_NO_FATAL_FAILURE(Open());

@@ -1,4 +1,4 @@
-// A device beside the fixture's touchpad, plugged in for as long as this lives.
+// A device besides the fixture's touchpad, plugged in while the object lives.
 #pragma once
 
 #include <memory>
@@ -27,7 +27,7 @@ class FurtherDevice {
 
     const std::wstring& Path() const { return path_; }
     virtual_touchpad::VirtualDevice& Device() { return *device_; }
-    // No host has it open, and none ever wrote to it.
+    // Returns true when no host has it open and none ever wrote to it.
     bool IsUntouched() const {
         const VirtualHidState state = device_->State();
         return state.readWriteOpens == 0 && state.outputCount == 0 && state.featureGetCount == 0;

@@ -22,7 +22,7 @@ class HapticIntensityTest : public HapticTest {
         Plug(fields);
         ASSERT_EQ(agent_.InitHapticTP(), 1);
     }
-    // Without the one about the opening.
+    // Returns the lines without the first one, about opening.
     std::vector<std::string> LinesSinceTheOpening() {
         std::vector<std::string> lines = SessionLines();
         lines.erase(lines.begin());
@@ -95,7 +95,7 @@ TEST_F(HapticIntensityTest, ALevelTheDeviceChangedIsSeen) {
     EXPECT_EQ(agent_.GetHapticTPIntensityLevel(), 77U);
 }
 
-// 101 fits the field's seven bits; of 300 they hold 44. Only the device knows what it makes of it.
+// 101 fits the field's seven bits; 300 is truncated to 44. The device's range is not checked.
 TEST_F(HapticIntensityTest, ALevelBeyondTheDevicesRangeIsPassedOn) {
     ASSERT_NO_FATAL_FAILURE(Open());
     EXPECT_EQ(agent_.SetHapticTPIntensityLevel(101), 1);
@@ -105,7 +105,7 @@ TEST_F(HapticIntensityTest, ALevelBeyondTheDevicesRangeIsPassedOn) {
     EXPECT_THAT(LinesSinceTheOpening(), ElementsAre(SetLine(101), SetLine(300)));
 }
 
-// 1117 is ERROR_IO_DEVICE: what STATUS_IO_DEVICE_ERROR becomes.
+// 1117 is ERROR_IO_DEVICE, the system's translation of STATUS_IO_DEVICE_ERROR.
 TEST_F(HapticIntensityTest, ADevicesRefusalIsLoggedAndTheSessionStaysOpen) {
     constexpr auto kIoError = static_cast<std::int32_t>(0xC0000185);
     ASSERT_NO_FATAL_FAILURE(Open());

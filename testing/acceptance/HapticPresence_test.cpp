@@ -55,7 +55,7 @@ TEST_F(HapticPresenceTest, AnyVendorsIsTaken) {
     EXPECT_EQ(agent_.InitHapticTP(), 1);
 }
 
-TEST_F(HapticPresenceTest, EveryCallWithoutASessionFailsAndOnlyTheOpeningSaysWhy) {
+TEST_F(HapticPresenceTest, EveryCallWithoutASessionFailsAndOnlyTheOpeningLogsIt) {
     EXPECT_EQ(agent_.GetHapticTPIntensityLevel(), 0U);
     EXPECT_EQ(agent_.SetHapticTPIntensityLevel(50), 0);
     EXPECT_EQ(agent_.UnInitHapticTP(), 0);
@@ -96,8 +96,8 @@ TEST_F(HapticPresenceTest, OpenedAndClosedTwentyTimes) {
     EXPECT_TRUE(WaitForOpens(0));
 }
 
-// The system itself holds precision touchpads so. Neither read nor write access is asked for, and
-// an open without them conflicts with nobody.
+// The system opens precision touchpads in this way. The agent requests neither read nor write
+// access, and such an open conflicts with nobody.
 TEST_F(HapticPresenceTest, SomebodysExclusiveOpenOfItsInputIsNoHindrance) {
     virtual_touchpad::MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll"));
     Plug();
@@ -112,7 +112,7 @@ TEST_F(HapticPresenceTest, SomebodysExclusiveOpenOfItsInputIsNoHindrance) {
 TEST_F(HapticPresenceTest, OneThatIsRefusedToEverybodyIsNotOpened) {
     virtual_touchpad::MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll"));
     Plug();
-    Device().LimitOpens(1);  // the scan's
+    Device().LimitOpens(1);  // for the scan
     EXPECT_EQ(agent_.InitHapticTP(), 0);
     EXPECT_EQ(agent_.GetHapticTPIntensityLevel(), 0U);
     Device().LimitOpens(0);

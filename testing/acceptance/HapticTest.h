@@ -1,4 +1,4 @@
-// The stage of the haptic tests: the built DLL and a virtual haptic touchpad.
+// The fixture of the haptic tests: the built DLL and a virtual haptic touchpad.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -20,7 +20,7 @@ using virtual_touchpad::HapticLayout;
 
 class HapticTest : public testing::Test {
  protected:
-    // Nothing is plugged in at first.
+    // No device is plugged in at first.
     HapticTest() {
         virtual_touchpad::UnplugAll();
         agent_.InitLogger(log_.Path().c_str());
@@ -32,7 +32,7 @@ class HapticTest : public testing::Test {
         virtual_touchpad::UnplugAll();
     }
 
-    // With these fields in its haptics report.
+    // Plugs a touchpad with these fields in its haptics report.
     void Plug(const HapticFields& fields = {9, 42, 17, 200}, const HapticLayout& layout = {}) {
         path_ = virtual_touchpad::Plug(virtual_touchpad::SettingsOf(layout), kName);
         device_ = std::make_unique<virtual_touchpad::VirtualDevice>(kName);
@@ -44,12 +44,12 @@ class HapticTest : public testing::Test {
     }
     virtual_touchpad::VirtualDevice& Device() { return *device_; }
     const std::wstring& Path() const { return path_; }
-    // As the device holds it now.
+    // Returns the haptics report that the device stores now.
     virtual_touchpad::Report StoredHaptics() const {
         return device_->Feature(virtual_touchpad::kHapticsReportId).value();
     }
 
-    // What was logged, without the scan's lines. Ends the log.
+    // Ends the log and returns its lines without the scan's and the logger's own.
     std::vector<std::string> SessionLines() {
         agent_.UnInitLogger();
         std::vector<std::string> lines;

@@ -1,4 +1,4 @@
-// The heartbeat of a detachable touchpad, which may have lost its state while it was off.
+// The heartbeat of a detachable touchpad, which may have lost its state while it was detached.
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
@@ -44,7 +44,7 @@ TEST_F(HeartbeatTest, EveryActivationBeginsItAnew) {
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE_HOST_SETS_LIGHTS), 1);
     EXPECT_TRUE(log_.WaitForLine(kCreated, 2));
     EXPECT_EQ(log_.CountLines(kLeaved), 1U);
-    // The same again does nothing.
+    // Activating with the current value does nothing.
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE_HOST_SETS_LIGHTS), 1);
     EXPECT_EQ(agent_.UnInit(), 1);
     EXPECT_TRUE(log_.WaitForLine(kLeaved, 2));
@@ -86,7 +86,7 @@ TEST_F(HeartbeatTest, OtherActivationsLeaveItRunning) {
 
 class SlowHeartbeatTest : public TouchpadAcceptanceTest {
  protected:
-    // The next report that nobody asked for.
+    // Returns the next report that no call requested.
     std::vector<virtual_touchpad::OutputReport> NextBeat() {
         const std::uint64_t before = Touchpad().Device().LastSequence();
         return Touchpad().Device().WaitForOutputs(1, std::chrono::seconds(25), before);
@@ -105,7 +105,7 @@ TEST_F(SlowHeartbeatTest, SendsADetachableTouchpadsLightsAgainAfterTwentySeconds
     EXPECT_TRUE(AllFourLit(LightsOf(beat[0])));
 }
 
-TEST_F(SlowHeartbeatTest, TellsABreathingLightToGoOnAndAStoppedOneNothing) {
+TEST_F(SlowHeartbeatTest, ContinuesABreathingLightAndLeavesAStoppedOneAlone) {
     ASSERT_NO_FATAL_FAILURE(OpenLit(DetachableTouchpad()));
     EXPECT_EQ(agent_.EnableChatBreathing(1), 1);
     EXPECT_EQ(agent_.SetButtonBreathing(VELA_BUTTON_CHAT, 1), 1);
@@ -121,8 +121,8 @@ TEST_F(SlowHeartbeatTest, TellsABreathingLightToGoOnAndAStoppedOneNothing) {
     EXPECT_TRUE(AllFourLit(LightsOf(stopped[0])));
 }
 
-// The touchpad's firmware drives the lights then; its state is what may have been lost.
-TEST_F(SlowHeartbeatTest, AsksForTheStateWhileTemporarilyDisabled) {
+// The firmware drives the lights then, so the heartbeat requests its state, which may be lost.
+TEST_F(SlowHeartbeatTest, RequestsTheStateWhileTemporarilyDisabled) {
     ASSERT_NO_FATAL_FAILURE(OpenLit(DetachableTouchpad()));
     Touchpad().SendEvent(kGesture);
     ASSERT_TRUE(HostCallbacks::WaitForCalls(2));

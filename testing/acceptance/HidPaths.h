@@ -1,4 +1,4 @@
-// What the system tells every program that looks for HID devices.
+// The system's list of HID devices.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace acceptance {
 
-// The paths of all HID interfaces, in the order in which the system enumerates them.
+// Returns the paths of all HID interfaces, in the order in which the system enumerates them.
 std::vector<std::wstring> HidPaths();
 
 }  // namespace acceptance

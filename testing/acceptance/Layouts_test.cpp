@@ -1,4 +1,4 @@
-// The touchpads of the field, each opened, lit, pressed and closed.
+// The known kinds of touchpads, each opened, lit, pressed and closed.
 #include "testing/kit/windows/LightsText.h"
 #include "testing/acceptance/VendorFileTest.h"
 
@@ -10,7 +10,7 @@ using virtual_touchpad::kClickModeReportId;
 using virtual_touchpad::kSecondLayoutReportId;
 using virtual_touchpad::Report;
 
-// What a host may expect of a touchpad, besides lights and presses.
+// A touchpad and the features that a host finds on it, besides lights and presses.
 struct Touchpad {
     const char* name;
     TouchpadLayout layout;
@@ -77,7 +77,7 @@ const Touchpad kTouchpads[] = {
     {"ActiveUsagesAsArray", WithActiveUsagesAsArray()},
     {"SecondLayout", Versioned(99, {kSecondLayoutReportId}), false},
     {"SecondLayoutWithOldFirmware", Versioned(98, {kSecondLayoutReportId}), false, false},
-    // Of a usage in two reports the later one counts.
+    // A usage in two reports is catalogued with its later capability.
     {"BothLayouts", Versioned(98, {kButtonReportId, kSecondLayoutReportId}), true, false},
     {"BothLayoutsTheSecondFirst", Versioned(98, {kSecondLayoutReportId, kButtonReportId}), false},
     {"OfAnotherVendor", OfAnotherVendor(), false},
@@ -90,7 +90,7 @@ class LayoutsTest : public VendorFileTest {
         WaitForLights([&](const Lights& lights) { return Describe(lights) == expected; });
         EXPECT_EQ(Describe(Touchpad().CurrentLights()), expected);
     }
-    // Ends the log, which is written behind the calls.
+    // Ends the log, whose thread writes after the calls return, and returns its error lines.
     std::vector<std::string> ErrorLines() {
         agent_.UnInitLogger();
         std::vector<std::string> errors;
@@ -118,7 +118,8 @@ INSTANTIATE_TEST_SUITE_P(, TouchpadsTest, testing::ValuesIn(kTouchpads),
                          [](const auto& test) { return test.param.name; });
 
 TEST_P(TouchpadsTest, ShowLightsAndReportPresses) {
-    for (const std::uint16_t usage : {kCameraButton, kMicrophoneButton, kChatButton, kShareScreenButton}) {
+    for (const std::uint16_t usage :
+         {kCameraButton, kMicrophoneButton, kChatButton, kShareScreenButton}) {
         Touchpad().Press(static_cast<std::uint16_t>(usage));
     }
     std::vector<std::string> calls = {"status 0", "press 0 1", "press 1 1", "press 2 1",
@@ -141,7 +142,7 @@ TEST_P(TouchpadsTest, ShowLightsAndReportPresses) {
     EXPECT_EQ(HostCallbacks::Calls(), calls);
 }
 
-TEST_P(TouchpadsTest, TellTheirStatus) {
+TEST_P(TouchpadsTest, ReportTheirStatus) {
     std::vector<std::string> calls = {"status 0", "status 2"};
     Touchpad().SendEvent(kGesture);
     EXPECT_TRUE(HostCallbacks::WaitForCalls(calls.size()));
@@ -169,16 +170,16 @@ TEST_P(TouchpadsTest, TellTheirStatus) {
     EXPECT_EQ(HostCallbacks::Calls(), calls);
     ExpectLights("camera 0/3 microphone 3/0 chat 3 share screen 3, active 1234, breathing 0");
 
-    // The last event's own report is queued behind its callback; one still on its way would be
-    // written after the session's last words. The press is told when it is queued, and other lights
-    // show when it is written.
+    // The last event's own report is queued after its callback; one queued too late would follow
+    // the session's last words. The press is reported once it is queued, and the new brightness
+    // shows once it is written.
     Touchpad().Press(kShareScreenButton);
     EXPECT_TRUE(HostCallbacks::WaitForCalls(calls.size() + 1));
     agent_.SetVelaBrightness(4);
     ExpectLights("camera 0/4 microphone 4/0 chat 4 share screen 4, active 1234, breathing 0");
 }
 
-TEST_P(TouchpadsTest, AnswerQueriesAsTheyCan) {
+TEST_P(TouchpadsTest, ReturnTheirProperties) {
     EXPECT_EQ(agent_.IsVelaPresent(), 1);
     EXPECT_EQ(agent_.IsDetachable(), 0);
     EXPECT_EQ(agent_.IsSupportBiDirectionSwipe(), GetParam().supportsSwipe ? 1 : 0);
@@ -206,7 +207,7 @@ TEST_P(TouchpadsTest, AnswerQueriesAsTheyCan) {
 
 // --- touchpads without one of the lights ---------------------------------------------------------
 
-// HIDP_STATUS_USAGE_NOT_FOUND; of a dark report another number is told, always the same.
+// The first is HIDP_STATUS_USAGE_NOT_FOUND; a dark report always logs the second.
 constexpr char kNotFound[] =
     "{ERROR @ UpdateLedCtrl} HidP_SetUsageValue failed, status : -1072627708";
 constexpr char kBlankFailed[] =
@@ -268,12 +269,13 @@ TEST_P(MissingLightTest, LeavesTheOthersAndThePressesAlone) {
     EXPECT_EQ(agent_.EnableChatBreathing(1), 1);
     EXPECT_EQ(agent_.SetButtonBreathing(VELA_BUTTON_CHAT, 1), 1);
     ExpectLights(GetParam().off);
-    for (const std::uint16_t usage : {kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton}) {
+    for (const std::uint16_t usage :
+         {kCameraButton, kShareScreenButton, kChatButton, kMicrophoneButton}) {
         Touchpad().Press(static_cast<std::uint16_t>(usage));
     }
     EXPECT_TRUE(HostCallbacks::WaitForCalls(5));
     EXPECT_THAT(HostCallbacks::Calls(), testing::ElementsAre("status 0", "press 0 1", "press 3 1",
-                                                      "press 2 1", "press 1 1"));
+                                                             "press 2 1", "press 1 1"));
     ExpectLights(GetParam().on);
     EXPECT_EQ(agent_.UnInit(), 1);
     ExpectLights(kAllDark);

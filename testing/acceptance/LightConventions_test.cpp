@@ -1,4 +1,4 @@
-// What the conventions of VelaAgent.h say of lights: the order of their reports, the dark end, and
+// The conventions of VelaAgent.h about lights: the order of their reports, the dark end, and
 // changes while the touchpad is disabled.
 #include <atomic>
 #include <thread>
@@ -108,7 +108,7 @@ TEST_P(DisabledTouchpadTest, ChangesReturn1AndAreShownByTheFirstLightReportAfter
               "camera 0/9 microphone 9/0 chat 0 share screen 0, active 14, breathing 0");
 }
 
-// The one change that does not outlast every disable.
+// Breathing is the one change that an event ending the disable may discard.
 TEST_P(DisabledTouchpadTest, BreathingThatIsStartedMeanwhileIsStoppedByAnEventThatEndsIt) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     GetParam().begin(Touchpad());
@@ -118,7 +118,7 @@ TEST_P(DisabledTouchpadTest, BreathingThatIsStartedMeanwhileIsStoppedByAnEventTh
     GetParam().end(Touchpad());
     ASSERT_TRUE(HostCallbacks::WaitForCalls(3));
     agent_.SetVelaBrightness(9);
-    // The event may still be handled: its callback comes before its own light report.
+    // The event may still be in progress: its callback comes before its light report.
     EXPECT_TRUE(WaitForLights([](const Lights& lights) {
         return lights.Brightness(0x24) == 9 &&
                (lights.breathing == 0) == GetParam().endQueuesAReport;

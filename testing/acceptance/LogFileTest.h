@@ -1,4 +1,4 @@
-// The stage of the log file's tests: the DLL and a folder to log into, without a touchpad.
+// The fixture of the log file's tests: the DLL and a folder to log into, without a touchpad.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -15,7 +15,7 @@ namespace acceptance {
 using namespace kit;
 
 constexpr std::uintmax_t kLogSizeLimit = 5 * 1024 * 1024;
-// What UnInit logs without a session: the shortest way to one line.
+// UnInit logs this without a session, so it is the simplest way to log one line.
 constexpr char kLine[] =
     "{INFO @ Uninitialize} ================= Uninitialize starts. =================";
 constexpr char kNullLine[] = "{WARNING @ InitLogger} InitLogger failed, directory is null pointer.";
@@ -23,7 +23,7 @@ constexpr char kLastLine[] = "{INFO @ UnInitialize} Logger::UnInitialize";
 
 class LogFileTest : public testing::Test {
  protected:
-    // Logs one line and ends the log, which adds its last line.
+    // Logs one line and stops the logger, which adds its last line.
     void LogOneLine(const std::filesystem::path& directory) {
         agent_.InitLogger(directory.c_str());
         agent_.UnInit();

@@ -97,11 +97,11 @@ TEST_F(LogFileTest, TheFirstOfTwoDirectoriesStaysUntilBothAreEnded) {
     EXPECT_EQ(folder_.Lines().size(), 3U);
 }
 
-TEST_F(LogFileTest, ANullDirectoryDoesNothingButSaySo) {
+TEST_F(LogFileTest, ANullDirectoryOnlyLogsAWarning) {
     agent_.InitLogger(nullptr);
     agent_.InitLogger(folder_.Path().c_str());
     agent_.InitLogger(nullptr);
-    agent_.UnInitLogger();  // the only one that is open
+    agent_.UnInitLogger();  // ends the one start that counts
     agent_.UnInit();
     EXPECT_THAT(folder_.Lines(), ElementsAre(kNullLine, kLastLine));
 }
@@ -121,7 +121,7 @@ TEST_F(LogFileTest, AFileInItsDirectorysPlaceStaysAsItIs) {
     EXPECT_THAT(folder_.Lines(), ElementsAre(kLine, kLastLine));
 }
 
-// Its size cannot be asked for; what the logger says of that is for debuggers, and not written.
+// The logger cannot read its size and reports that to debuggers only.
 TEST_F(LogFileTest, ADirectoryInTheFilesPlaceLosesLinesUntilItIsGone) {
     std::filesystem::create_directory(folder_.File());
     LogOneLine();

@@ -17,7 +17,7 @@ class LogRotationTest : public LogFileTest {};
 TEST_F(LogRotationTest, AFileOfExactlyFiveMebibytesIsStillContinued) {
     Write(folder_.File(), std::string(kLogSizeLimit, 'x'));
     LogOneLine();
-    // The line made it too big for the next one.
+    // The line exceeds the limit, so the next one rotates the file.
     const std::string backup = Read(Backup());
     EXPECT_GT(backup.size(), kLogSizeLimit);
     EXPECT_THAT(backup.substr(kLogSizeLimit), EndsWith(std::string(kLine) + "\r\n"));
@@ -46,7 +46,7 @@ int WaitsToBeEnded(const std::filesystem::path&) {
 
 const RegisteredRole kWaitsToBeEnded{"WaitsToBeEnded", WaitsToBeEnded};
 
-// Logs on a thread of its own, without pause but no faster than lines are written.
+// Logs on a thread of its own continuously, but no faster than lines are written.
 class SteadyLogging {
  public:
     explicit SteadyLogging(AgentDll& agent)
@@ -68,8 +68,7 @@ class SteadyLogging {
     std::thread thread_;
 };
 
-// A child that came by the log's handle would keep the file from being renamed for as long as it
-// lives.
+// A child that inherited the log's handle would prevent its renaming while it lives.
 TEST_F(LogRotationTest, IsNotHeldUpByChildrenThatInheritHandles) {
     std::vector<std::unique_ptr<ChildProcess>> children;
     agent_.InitLogger(folder_.Path().c_str());

@@ -24,7 +24,7 @@ class Reader {
         if (IsOpen()) CloseHandle(file_);
         file_ = INVALID_HANDLE_VALUE;
     }
-    // What was added since it read last.
+    // Returns the text added since the last read.
     std::string Rest() {
         std::string text;
         char buffer[4096];
@@ -54,7 +54,7 @@ TEST_F(LogSharingTest, AReaderMayHoldItOpenAndSeesTheLinesCome) {
     EXPECT_THAT(reader.Rest(), EndsWith(std::string(kLastLine) + "\r\n"));
 }
 
-// It cannot be renamed then. No line is lost for that.
+// The file cannot be renamed then, but no line is lost.
 TEST_F(LogSharingTest, AReaderThatForbidsRenamingLetsItGrow) {
     Write(folder_.File(), std::string(kLogSizeLimit + 1, 'x'));
     Reader reader(folder_.File(), FILE_SHARE_READ | FILE_SHARE_WRITE);
@@ -115,8 +115,8 @@ TEST_F(TwoProcessesLog, ToOneDirectoryWithEveryLineOfBoth) {
     EXPECT_EQ(folder_.Lines(), expected);
 }
 
-// Wine appends by a query for the size and a write there, so lines of the same instant may cover
-// each other; neither process waits for the other or fails.
+// Wine appends by querying the size and writing there, so simultaneous lines may overwrite each
+// other; neither process waits for the other or fails.
 TEST_F(TwoProcessesLog, AtOnceWithoutHoldingEachOtherUp) {
     ChildProcess one("LogsManyLines", folder_.Path());
     ChildProcess other("LogsManyLines", folder_.Path());

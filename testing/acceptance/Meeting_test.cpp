@@ -1,4 +1,4 @@
-// A whole meeting on the real HID stack: everything that a host and a person do with one touchpad.
+// A whole meeting on the real HID stack: a host and a user with one touchpad.
 #include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
@@ -58,7 +58,7 @@ TEST_F(MeetingTest, LightsPressesBreathingGestureClickModeAndLeaving) {
     EXPECT_EQ(agent_.UnInit(), 0);
 }
 
-// The same in small, with the log line by line.
+// A short meeting, with the log line by line.
 TEST_F(MeetingTest, LeavesItsStoryInTheLog) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(Open());

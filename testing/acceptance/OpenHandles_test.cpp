@@ -1,4 +1,4 @@
-// What a host process has open after many sessions, and after the library was unloaded.
+// The handles of a host process after many sessions, and after the library was unloaded.
 #include "testing/kit/windows/OpenHandles.h"
 
 #include "testing/acceptance/DetachableTouchpad.h"
@@ -7,7 +7,7 @@
 namespace acceptance {
 namespace {
 
-// Handles after a warm-up, in which the process opens what it keeps for good, and some rounds on.
+// The open handles after a warm-up, which opens those that stay, and after some more rounds.
 struct Growth {
     std::map<std::wstring, int> before;
     std::map<std::wstring, int> after;
@@ -27,14 +27,13 @@ struct Growth {
 
 class OpenHandlesTest : public TouchpadAcceptanceTest {};
 
-// Two events of a closed session stay open on purpose: what was given up may still signal them.
-// MinGW's mutexes have an event too, from the first time that two threads meet at one.
+// A closed session keeps its two events open, as a write that was given up may still signal them. A
+// MinGW mutex opens an event when two threads first compete for it.
 TEST_F(OpenHandlesTest, ManySessionsLeaveNothingOpenButTheirEvents) {
     constexpr int kSessions = 30;
     constexpr int kMutexes = 20;
     Plug(DetachableTouchpad());
-    // With the fixture's start the rounds' would be inner ones, and the log still be written to
-    // while the handles are counted.
+    // The fixture's start would keep the logger running, and writing, during the count.
     agent_.UnInitLogger();
     Growth growth = Growth::Of(kSessions, [this] {
         agent_.InitLogger(log_.Path().c_str());
@@ -74,10 +73,10 @@ TEST_F(OpenHandlesTest, LoadedAndUnloadedTenTimesItKeepsNoFileAndNoMutex) {
     });
     EXPECT_EQ(growth.In(L"File"), 0);
     EXPECT_EQ(growth.In(L"Mutant"), 0);
-    // MinGW's threads library, which is inside the DLL, notes each thread that calls it, this one
-    // for one, and does not forget it when it is unloaded.
+    // MinGW's threads library inside the DLL opens a handle for each thread that calls it, this one
+    // included, and does not close it when it is unloaded.
     EXPECT_LE(growth.In(L"Thread"), kRounds);
-    // The logger is never destroyed, and its condition variable has two.
+    // The logger is never destroyed, and its condition variable has two semaphores.
     EXPECT_LE(growth.In(L"Semaphore"), 2 * kRounds);
 }
 

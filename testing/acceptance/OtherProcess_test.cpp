@@ -1,4 +1,4 @@
-// The touchpad and its mutex while other processes have them. The others are child processes.
+// The touchpad and its mutex while other processes use them. The others are child processes.
 #include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/FurtherDevice.h"
 #include "testing/kit/windows/LitLights.h"
@@ -18,7 +18,7 @@ constexpr wchar_t kReleaseSignal[] = L"VelaAcceptanceTestsRelease";
 constexpr char kRefusedLine[] =
     "{ERROR @ Initialize} Initialize failed, CreateFile failed GetLastError(32).";
 
-// --- what the others do --------------------------------------------------------------------------
+// --- the other processes -------------------------------------------------------------------------
 
 void WaitForRelease() {
     WaitForSingleObject(OpenEventW(SYNCHRONIZE, FALSE, kReleaseSignal), INFINITE);
@@ -50,7 +50,7 @@ int HoldsASession(const std::filesystem::path& folder) {
     return 0;
 }
 
-// Another host that comes too late.
+// Another host finds the touchpad held by this process.
 int FindsItHeld(const std::filesystem::path& folder) {
     AgentDll agent;
     MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll"));
@@ -61,7 +61,7 @@ int FindsItHeld(const std::filesystem::path& folder) {
     return isHeld ? 0 : 1;
 }
 
-// Another user's host, as far as the mutex tells: an empty access list admits nobody.
+// Stands for another user's host: an empty access list denies everybody the mutex.
 int KeepsTheMutexToItself(const std::filesystem::path&) {
     ACL nobody{};
     SECURITY_DESCRIPTOR descriptor{};
@@ -94,7 +94,7 @@ class OtherProcessTest : public TouchpadAcceptanceTest {
     OtherProcessTest() { MakeCreateFileWait(GetModuleHandleW(L"VelaAgent.dll")); }
     ~OtherProcessTest() override { CloseHandle(release_); }
 
-    // ERROR_SUCCESS while somebody has the mutex open, and lets others.
+    // Returns ERROR_SUCCESS while a process has the mutex open and others may open it too.
     static DWORD MutexError() {
         const HANDLE mutex = OpenMutexW(MUTEX_ALL_ACCESS, FALSE, kMutex);
         if (mutex == nullptr) return GetLastError();
@@ -125,7 +125,7 @@ INSTANTIATE_TEST_SUITE_P(, HeldTouchpadTest,
                                          "WritesItShared", "HoldsASession"),
                          [](const auto& test) { return test.param; });
 
-// The agent wants it for itself, so that sharing does not help.
+// The agent opens the touchpad exclusively, so another program's share mode does not matter.
 TEST_P(HeldTouchpadTest, IsPresentButNotOpenedUntilItIsReleased) {
     Plug();
     ChildProcess other(GetParam(), othersLog_.Path());
@@ -135,7 +135,7 @@ TEST_P(HeldTouchpadTest, IsPresentButNotOpenedUntilItIsReleased) {
     EXPECT_EQ(agent_.IsVelaPresent(), 1);
     EXPECT_EQ(agent_.UnInit(), 0);
 
-    // Another touchpad is no way out.
+    // Init does not try another touchpad.
     FurtherDevice unused(L"unused");
     EXPECT_EQ(agent_.Init(), VELA_INIT_HELD_BY_OTHER);
     EXPECT_TRUE(unused.IsUntouched());
@@ -181,7 +181,7 @@ TEST_F(OtherProcessTest, AnotherHostFindsThisOnesTouchpadHeld) {
     EXPECT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x20) == 3; }));
 }
 
-// One that was plugged in later, under a name that comes first.
+// The second touchpad is plugged in later, under a name that is enumerated first.
 TEST_F(OtherProcessTest, TwoHostsMayHaveATouchpadEach) {
     Plug();
     ChildProcess other("HoldsASession", othersLog_.Path());
@@ -257,7 +257,7 @@ TEST_F(OtherProcessTest, AKilledHostKeepsNeitherTheMutexNorTheTouchpad) {
     EXPECT_TRUE(WaitForLights(AllFourLit));
 }
 
-// A mutex that others may open says nothing about the touchpad, and one who looked keeps it open.
+// A mutex that can be opened means nothing for presence, and IsVelaPresent keeps it open.
 TEST_F(OtherProcessTest, WhoeverFoundTheMutexKeepsItForThisProcess) {
     Plug();
     ChildProcess other("HoldsASession", othersLog_.Path());
@@ -269,7 +269,7 @@ TEST_F(OtherProcessTest, WhoeverFoundTheMutexKeepsItForThisProcess) {
     Unplug();
     EXPECT_EQ(agent_.IsVelaPresent(), 0);
 
-    // A session that finds it there makes none of its own to close.
+    // A session that finds the mutex creates none.
     Plug();
     ASSERT_NO_FATAL_FAILURE(Open());
     EXPECT_EQ(agent_.UnInit(), 1);
@@ -281,7 +281,7 @@ TEST_F(OtherProcessTest, ADeniedMutexIsATouchpadInUse) {
     ChildProcess other("KeepsTheMutexToItself", othersLog_.Path());
     ASSERT_TRUE(WaitForMutexError(ERROR_ACCESS_DENIED));
     EXPECT_EQ(agent_.IsVelaPresent(), 1);
-    // Only presence asks it; there is nothing to open all the same.
+    // Only IsVelaPresent depends on the mutex; Init finds no touchpad.
     EXPECT_EQ(agent_.Init(), VELA_INIT_NOT_FOUND);
 
     Plug();

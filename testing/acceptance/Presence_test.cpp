@@ -1,4 +1,4 @@
-// Whether a touchpad is there, and whether it is one that can be taken off the machine.
+// IsVelaPresent and IsDetachable.
 #include <optional>
 
 #include "testing/acceptance/DetachableTouchpad.h"
@@ -29,7 +29,7 @@ TEST_F(PresenceTest, WithoutASessionItFollowsPluggingAndUnplugging) {
     }
 }
 
-TEST_F(PresenceTest, AskingOpensNothingForDataAndLeavesNothingOpen) {
+TEST_F(PresenceTest, TheQueryOpensNothingForDataAndLeavesNothingOpen) {
     Plug();
     for (int i = 0; i < 10; ++i) EXPECT_EQ(agent_.IsVelaPresent(), 1);
     EXPECT_TRUE(WaitForOtherOpens(0));
@@ -37,7 +37,7 @@ TEST_F(PresenceTest, AskingOpensNothingForDataAndLeavesNothingOpen) {
     EXPECT_EQ(Touchpad().Device().LastSequence(), 0U);
 }
 
-// Not another touchpad: the session's own is asked.
+// Only the session's own touchpad counts.
 TEST_F(PresenceTest, AnotherTouchpadIsNoneWhileASessionIsOpen) {
     FurtherDevice other(L"zweites");
     Plug(DetachableTouchpad());
@@ -79,7 +79,7 @@ class ProductTest : public PresenceTest, public testing::WithParamInterface<Prod
         layout.productString = GetParam().text;
         return layout;
     }
-    // What the log says of the name.
+    // Returns the product string as the log has it.
     std::optional<std::string> ProductLine() const {
         const std::string start = "{INFO @ IsDetachable} Product string: ";
         for (const std::string& line : log_.Lines()) {
@@ -101,13 +101,13 @@ INSTANTIATE_TEST_SUITE_P(
                             std::string(80, 'x') + " detachable"},
                     Product{"Parted", L"Detach-able Mor lo", false, "detach-able mor lo"},
                     Product{"CutShort", L"Detachabl Morl", false, "detachabl morl"},
-                    // Only A to Z have small letters here.
+                    // Only A to Z are converted to lower case.
                     Product{"ForeignLetters", L"M\u00D6RLO Gr\u00F6\u00DFe", false,
                             "m\xC3\x96rlo gr\xC3\xB6\xC3\x9F"
                             "e"},
                     Product{"ForeignLettersBesideIt", L"\u00C4\u89C6 Morlo", true,
                             "\xC3\x84\xE8\xA7\x86 morlo"},
-                    // Read, but nothing in it: as one that does not tell.
+                    // An empty string counts like one that cannot be read.
                     Product{"Empty", L"", true, ""}),
     [](const auto& test) { return test.param.name; });
 
@@ -127,7 +127,7 @@ TEST_P(ProductTest, DecidesWhetherAnOpenSessionNoticesTheUnplugging) {
 
 class DetachableTest : public TouchpadAcceptanceTest {};
 
-TEST_F(DetachableTest, WithoutASessionNothingCanBeAsked) {
+TEST_F(DetachableTest, WithoutASessionNothingCanBeQueried) {
     Plug();
     EXPECT_EQ(agent_.IsDetachable(), 1);
     EXPECT_EQ(agent_.IsDetachable(), 1);

@@ -1,4 +1,4 @@
-// How a host process leaves, and what it leaves behind. The hosts are child processes.
+// The exit of host processes, and what they leave open. The hosts are child processes.
 #include <atomic>
 #include <thread>
 
@@ -13,10 +13,10 @@ namespace {
 
 using testing::IsSupersetOf;
 
-// What the C++ runtime's terminate makes of a process.
+// The exit code that std::terminate leads to.
 constexpr DWORD kEndedByTerminate = 3;
-// No other way out gives this.
-constexpr int kLeftInPeace = 42;
+// The exit code of a host that ends normally.
+constexpr int kExitedNormally = 42;
 
 void LightCamera(AgentDll& agent) {
     agent.EnableFeature(1);
@@ -30,7 +30,7 @@ int AsksForPresenceOnly(const std::filesystem::path& folder) {
     agent.InitLogger(folder.c_str());
     agent.IsVelaPresent();
     agent.UnInitLogger();
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int ClosesProperly(const std::filesystem::path& folder) {
@@ -40,7 +40,7 @@ int ClosesProperly(const std::filesystem::path& folder) {
     LightCamera(agent);
     agent.UnInit();
     agent.UnInitLogger();
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int ClosesWithoutActivating(const std::filesystem::path& folder) {
@@ -50,7 +50,7 @@ int ClosesWithoutActivating(const std::filesystem::path& folder) {
     agent.EnableFeature(1);
     agent.UnInit();
     agent.UnInitLogger();
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int ForgetsUnInit(const std::filesystem::path& folder) {
@@ -58,7 +58,7 @@ int ForgetsUnInit(const std::filesystem::path& folder) {
     agent.InitLogger(folder.c_str());
     if (agent.Init() != VELA_INIT_OPEN) return 1;
     LightCamera(agent);
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int ForgetsUnInitLogger(const std::filesystem::path& folder) {
@@ -67,7 +67,7 @@ int ForgetsUnInitLogger(const std::filesystem::path& folder) {
     if (agent.Init() != VELA_INIT_OPEN) return 1;
     LightCamera(agent);
     agent.UnInit();
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 int TerminatesItself(const std::filesystem::path& folder) {
@@ -75,7 +75,7 @@ int TerminatesItself(const std::filesystem::path& folder) {
     agent.InitLogger(folder.c_str());
     if (agent.Init() != VELA_INIT_OPEN) return 1;
     LightCamera(agent);
-    TerminateProcess(GetCurrentProcess(), kLeftInPeace);
+    TerminateProcess(GetCurrentProcess(), kExitedNormally);
     return 1;
 }
 
@@ -108,7 +108,7 @@ int LeavesWhileThreadsLog(const std::filesystem::path& folder) {
         }).detach();
     }
     while (lines < kLinesBefore) Sleep(0);
-    return kLeftInPeace;
+    return kExitedNormally;
 }
 
 const RegisteredRole kRoles[] = {
@@ -138,18 +138,18 @@ class ProcessExitTest : public TouchpadAcceptanceTest, public testing::WithParam
 
 INSTANTIATE_TEST_SUITE_P(
     , ProcessExitTest,
-    testing::Values(Exit{"AsksForPresenceOnly", false, kLeftInPeace},
-                    Exit{"AsksForPresenceOnly", true, kLeftInPeace},
-                    Exit{"ClosesProperly", false, kLeftInPeace},
-                    // The heartbeat's thread was told to stop, but nobody waited for it.
+    testing::Values(Exit{"AsksForPresenceOnly", false, kExitedNormally},
+                    Exit{"AsksForPresenceOnly", true, kExitedNormally},
+                    Exit{"ClosesProperly", false, kExitedNormally},
+                    // UnInit requests the heartbeat's thread to stop but does not wait for it.
                     Exit{"ClosesProperly", true, kEndedByTerminate},
-                    Exit{"ClosesWithoutActivating", true, kLeftInPeace},
+                    Exit{"ClosesWithoutActivating", true, kExitedNormally},
                     Exit{"ForgetsUnInit", false, kEndedByTerminate},
                     Exit{"ForgetsUnInit", true, kEndedByTerminate},
-                    Exit{"ForgetsUnInitLogger", false, kLeftInPeace},
-                    Exit{"TerminatesItself", false, kLeftInPeace},
-                    Exit{"TerminatesItself", true, kLeftInPeace},
-                    Exit{"FreesTheLibrary", false, kLeftInPeace},
+                    Exit{"ForgetsUnInitLogger", false, kExitedNormally},
+                    Exit{"TerminatesItself", false, kExitedNormally},
+                    Exit{"TerminatesItself", true, kExitedNormally},
+                    Exit{"FreesTheLibrary", false, kExitedNormally},
                     Exit{"FreesTheLibrary", true, kEndedByTerminate}),
     [](const auto& test) {
         return std::string(test.param.role) + (test.param.isDetachable ? "Detachable" : "");
@@ -185,13 +185,13 @@ TEST_F(HostProcessTest, KilledFromOutsideItLeavesLinesAndLightsAsTheyWere) {
 
 class LoggingProcessExitTest : public HapticTest {};
 
-// Whichever thread the end of the process meets with the log's lock in its hands.
+// The process may end any thread while it holds the log's lock.
 TEST_F(LoggingProcessExitTest, HangsInNoneOfManyEnds) {
     Plug();
     for (int i = 0; i < 10; ++i) {
         const LogFolder hostsLog;
         ChildProcess host("LeavesWhileThreadsLog", hostsLog.Path());
-        ASSERT_EQ(host.Wait(), static_cast<DWORD>(kLeftInPeace)) << "end " << i;
+        ASSERT_EQ(host.Wait(), static_cast<DWORD>(kExitedNormally)) << "end " << i;
     }
 }
 

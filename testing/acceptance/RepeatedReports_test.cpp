@@ -1,4 +1,4 @@
-// Which reports are written again though they say nothing new.
+// The reports that are written again although they are unchanged.
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
 namespace acceptance {
@@ -22,7 +22,7 @@ bool CameraOn(const Lights& lights) { return lights.Brightness(0x20) == 3; }
 TEST_F(RepeatedReportsTest, AReportLikeTheOneBeforeIsWrittenOnce) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     const std::uint64_t before = Touchpad().Device().LastSequence();
-    // The share screen's one light does not depend on its state.
+    // The share screen has one light, which does not depend on its state.
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_SHARE_SCREEN, 1), 1);
     EXPECT_EQ(agent_.SetButtonVisible(VELA_BUTTON_SHARE_SCREEN, 1), 1);
     agent_.SetVelaBrightness(3);
@@ -56,7 +56,7 @@ TEST_F(RepeatedReportsTest, AStateRequestIsWrittenAlways) {
     EXPECT_TRUE(virtual_touchpad::IsStateRequest(outputs[1]));
 }
 
-// What the touchpad shows may come from a forced report; compared is with the last other one.
+// A report is compared with the last unforced one, even when a forced one was written later.
 TEST_F(RepeatedReportsTest, AForcedReportDoesNotCountAsTheOneBefore) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     const std::uint64_t before = Touchpad().Device().LastSequence();

@@ -1,4 +1,4 @@
-// A touchpad that was pulled out while the host had it open, and is back.
+// A touchpad that was unplugged while the host had it open, and is plugged in again.
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"

@@ -12,7 +12,7 @@ using virtual_touchpad::Report;
 
 class SettingsTest : public TouchpadAcceptanceTest {
  protected:
-    // The session open on a touchpad with this click mode between its neighbours.
+    // Opens a session on a touchpad with this click mode between its neighbours.
     void OpenWithClickMode(std::uint16_t value) {
         Plug();
         Touchpad().Device().SetFeature(Setting(value));
@@ -95,7 +95,7 @@ TEST_F(SettingsTest, AClickModeThatCannotBeReadIsNeitherOnNorWritten) {
                             "{INFO @ SetClickMode} SetClickMode (1, 500) completed."));
 }
 
-TEST_F(SettingsTest, TheStateRequestIsAReportOfItsOwnAndTheAnswerComesAsStatus) {
+TEST_F(SettingsTest, TheStateRequestIsAReportOfItsOwnAndTheStateComesAsStatus) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(Open());
     EXPECT_EQ(agent_.Activate(VELA_ACTIVE), 1);
@@ -112,7 +112,7 @@ TEST_F(SettingsTest, TheStateRequestIsAReportOfItsOwnAndTheAnswerComesAsStatus) 
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("status 0", "status 2"));
 }
 
-TEST_F(SettingsTest, WithoutASessionEveryExportAnswersAndReachesNoTouchpad) {
+TEST_F(SettingsTest, WithoutASessionEveryExportReturnsAndReachesNoTouchpad) {
     const char* const results[] = {
         "Activate 0",
         "EnableChatBreathing 0",

@@ -1,4 +1,4 @@
-// The stage of the acceptance tests: the built DLL as a host loads it, and a virtual touchpad.
+// The fixture of the acceptance tests: the built DLL as a host loads it, and a virtual touchpad.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ using virtual_touchpad::TouchpadLayout;
 
 class TouchpadAcceptanceTest : public testing::Test {
  protected:
-    // Nothing is plugged in at first.
+    // No device is plugged in at first.
     TouchpadAcceptanceTest();
     ~TouchpadAcceptanceTest() override;
 
@@ -33,15 +33,15 @@ class TouchpadAcceptanceTest : public testing::Test {
     void Unplug();
     TouchpadControl& Touchpad() { return *touchpad_; }
 
-    // Init with both callbacks registered.
+    // Calls Init and registers both callbacks.
     void Open();
-    // All four buttons enabled and visible, the feature on, activated with `activation`.
+    // Enables and shows all four buttons, switches the feature on, and activates with `activation`.
     void LightAll(std::uint32_t activation = VELA_ACTIVE);
 
-    // Plugged in, open, and all four buttons lit. To be called within ASSERT_NO_FATAL_FAILURE.
+    // Plugs in, opens and lights all four buttons. Call it within ASSERT_NO_FATAL_FAILURE.
     void OpenLit(const TouchpadLayout& layout = {});
 
-    // True once the touchpad's lights are as wanted.
+    // Returns true once the touchpad's lights are as wanted.
     bool WaitForLights(const std::function<bool(const Lights&)>& wanted);
 
     AgentDll agent_;

@@ -1,5 +1,5 @@
-// What VelaAgent.h says of UnInit and callbacks: those that it makes, those that it waits for, and
-// those that call it.
+// The conventions of VelaAgent.h about UnInit and callbacks: those that it makes, those that it
+// waits for, and those that call it.
 #include <thread>
 
 #include "testing/acceptance/CallbackConventionsTest.h"
@@ -16,7 +16,7 @@ class UnInitConventionsTest : public CallbackConventionsTest {};
 
 std::atomic<const ExportCall*> nextCall{nullptr};
 
-// The other occasions are in Callbacks_test.cpp.
+// Callbacks_test.cpp has the other occasions.
 TEST_F(UnInitConventionsTest, InsideUnInitTheyMayCallEveryFunctionButUnInit) {
     static bool onAnotherThread = false;
     Plug();
@@ -26,7 +26,7 @@ TEST_F(UnInitConventionsTest, InsideUnInitTheyMayCallEveryFunctionButUnInit) {
             SCOPED_TRACE(call.name);
             ASSERT_NO_FATAL_FAILURE(OpenDisabled([](std::uint32_t) {
                 const ExportCall* const next = nextCall.exchange(nullptr);
-                if (next == nullptr) return;  // the call in here made the library call back
+                if (next == nullptr) return;  // the call below made the library call back again
                 if (onAnotherThread) {
                     std::thread([next] { next->call(*theAgent); }).join();
                 } else {
@@ -102,7 +102,7 @@ TEST_F(UnInitConventionsTest, UnInitWaitsForTheCallback) {
     EXPECT_TRUE(hadLeft);
 }
 
-// What the C++ runtime's terminate makes of a process.
+// The exit code that std::terminate leads to.
 constexpr DWORD kEndedByTerminate = 3;
 
 int ClosesInAPress(const std::filesystem::path& folder) {

@@ -1,4 +1,4 @@
-// A touchpad that is pulled out while the host has it open, and comes back.
+// A touchpad that is unplugged while the host has it open, and plugged in again.
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/ExportCalls.h"
 #include "testing/kit/windows/LitLights.h"
@@ -12,8 +12,8 @@ using testing::ElementsAreArray;
 using testing::Not;
 using testing::StartsWith;
 
-// Nobody is told of the unplugging: a touchpad that cannot be taken off counts as there for as long
-// as its session is open, a detachable one is asked each time.
+// The agent is not notified of the unplugging: a fixed touchpad counts as present while its session
+// is open, a detachable one is probed each time.
 struct Leaving {
     const char* name;
     TouchpadLayout layout;
@@ -134,8 +134,8 @@ TEST_F(UnpluggedTest, NothingIsWrittenToADetachableOneThatIsGone) {
     EXPECT_THAT(log_.Lines(), Not(Contains(StartsWith("{ERROR"))));
 }
 
-// Its name is read when it is first needed, which is too late once it is gone.
-TEST_F(UnpluggedTest, OneThatNeverToldItsNameCountsAsDetachableAndGone) {
+// The product string is read when it is first needed, which is too late after unplugging.
+TEST_F(UnpluggedTest, OneWhoseNameWasNeverReadCountsAsDetachableAndGone) {
     Plug();
     ASSERT_NO_FATAL_FAILURE(Open());
     Unplug();
@@ -155,7 +155,7 @@ TEST_F(UnpluggedTest, AnotherInitFindsNothingAndLeavesTheSessionOpen) {
     EXPECT_EQ(agent_.UnInit(), 1);
 }
 
-// The reader thread is in the host's code when its device goes.
+// The reader thread is inside the host's callback when the touchpad is unplugged.
 TEST_F(UnpluggedTest, ACallbackMayBeRunningMeanwhile) {
     static HANDLE entered = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     static HANDLE mayLeave = CreateEventW(nullptr, TRUE, FALSE, nullptr);

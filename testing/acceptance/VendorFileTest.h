@@ -1,4 +1,4 @@
-// The stage of tests with a "Vela.ini": the DLL is a copy in a folder of the test's own, because
+// The fixture of tests with a "Vela.ini": the DLL is a copy in a folder of the test's own, because
 // the file lies beside the DLL.
 #pragma once
 
@@ -10,11 +10,11 @@ namespace acceptance {
 
 class VendorFileTest : public TouchpadAcceptanceTest {
  protected:
-    // Without a "Vela.ini" at first.
+    // There is no "Vela.ini" at first.
     VendorFileTest() { UseCopyIn(log_.Path() / "agent"); }
     ~VendorFileTest() override { LeaveCopy(); }
 
-    // From now on `agent_` is a copy of the DLL in this folder, under this name.
+    // Makes `agent_` a copy of the DLL in this folder, under this name.
     void UseCopyIn(const std::filesystem::path& folder,
                    const std::wstring& name = L"VelaAgent.dll") {
         LeaveCopy();
@@ -32,7 +32,7 @@ class VendorFileTest : public TouchpadAcceptanceTest {
     }
     std::filesystem::path VendorFile() const { return library_.parent_path() / "Vela.ini"; }
 
-    // Plugs a touchpad of this vendor in and out again: was it found?
+    // Plugs a touchpad of this vendor in and out again; returns whether it was found.
     bool Finds(std::uint16_t vendorId) {
         TouchpadLayout layout;
         layout.vendorId = vendorId;
@@ -44,7 +44,7 @@ class VendorFileTest : public TouchpadAcceptanceTest {
     }
 
  private:
-    // Unloaded, its folder can be removed.
+    // Unloads the copy, so that its folder can be removed.
     void LeaveCopy() {
         if (library_.empty()) return;
         agent_.UnInit();

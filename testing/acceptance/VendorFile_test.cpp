@@ -1,4 +1,4 @@
-// "Vela.ini" beside the DLL: whose touchpads are taken.
+// "Vela.ini" beside the DLL selects the vendors whose touchpads are opened.
 #include "testing/acceptance/VendorFileTest.h"
 
 #include "testing/acceptance/FurtherDevice.h"
@@ -35,8 +35,8 @@ void PrintTo(const FileCase& file, std::ostream* stream) { *stream << file.name;
 
 class VendorFileText : public VendorFileTest, public testing::WithParamInterface<FileCase> {};
 
-// The file is read for each device that the scan looks at, Wine's own first.
-TEST_P(VendorFileText, SaysWhoseTouchpadsAreTaken) {
+// The scan reads the file for each device, Wine's own first.
+TEST_P(VendorFileText, SelectsTheVendors) {
     WriteVendorFile(GetParam().text);
     EXPECT_EQ(agent_.Init(), VELA_INIT_NOT_FOUND);
     agent_.UnInitLogger();
@@ -77,11 +77,11 @@ INSTANTIATE_TEST_SUITE_P(
             "BeyondTheLargest", "[100000000]\r\n[2F00]\r\n", {0x2F00}, {0x0488}, {"100000000"}},
         FileCase{"Duplicates", "[2F00]\r\n[1A2B]\r\n[2F00]\r\n", {0x2F00, 0x1A2B}, {0x0488}, {}},
         FileCase{"MinusSign", "[-1]\r\n", {0xFFFF}, {0x0488}, {}},
-        // Low bits of zero mean any vendor.
+        // Vendor 0 in the low 16 bits means any vendor.
         FileCase{"Zero", "[0]\r\n", {0x0488, 0x1A2B}, {}, {}}),
     [](const auto& test) { return test.param.name; });
 
-// Not the file's order but the system's decides.
+// The system's order decides, not the file's.
 TEST_F(VendorFileTest, OfTwoListedVendorsTheFirstDeviceIsTaken) {
     WriteVendorFile("[2F00]\r\n[1A2B]\r\n");
     TouchpadLayout listedLast;
@@ -120,7 +120,7 @@ TEST_F(VendorFileTest, IsReadAnewByEachInit) {
     EXPECT_FALSE(Finds(0x2F00));
 }
 
-// An open session has its touchpad, whoever made it.
+// An open session keeps its touchpad, whatever vendor made it.
 TEST_F(VendorFileTest, AChangeLeavesAnOpenSessionAlone) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     WriteVendorFile("[1A2B]\r\n");
@@ -132,7 +132,7 @@ TEST_F(VendorFileTest, AChangeLeavesAnOpenSessionAlone) {
     EXPECT_EQ(agent_.IsVelaPresent(), 0);
 }
 
-// With the system's byte order mark.
+// The file is UTF-16 with a byte order mark.
 TEST_F(VendorFileTest, MayBeWrittenInSixteenBits) {
     std::string text = "\xFF\xFE";
     for (const char character : std::string("[1A2B]\r\n[2F00]\r\n")) text += {character, '\0'};
@@ -173,7 +173,7 @@ TEST_F(VendorFileTest, KeepsItsNameWhateverTheLibrarysIs) {
     EXPECT_TRUE(Finds(0x1A2B));
 }
 
-// Not the host's folder, and not the one that it happens to stand in.
+// Neither the host's folder nor its current directory is searched.
 TEST_F(VendorFileTest, IsLookedForBesideTheLibraryOnly) {
     const std::filesystem::path elsewhere = log_.Path() / "elsewhere";
     std::filesystem::create_directories(elsewhere);

@@ -1,4 +1,4 @@
-// How reports get to a touchpad that is slow, silent or refuses them.
+// Writing reports to a touchpad that is slow, does not react, or refuses them.
 #include <atomic>
 #include <thread>
 
@@ -18,7 +18,7 @@ class WritesTest : public TouchpadAcceptanceTest {
         return Touchpad().Device().WaitForState(
             [count](const VirtualHidState& state) { return state.heldWrites == count; }, kPatience);
     }
-    // The camera's light, whose report then stays with the touchpad.
+    // Sends the camera's light in a report that the touchpad then holds.
     void HoldAWrite() {
         Touchpad().Device().HoldWrites(true);
         EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
@@ -31,21 +31,21 @@ bool MicrophoneOn(const Lights& lights) { return lights.Brightness(0x26) == 3; }
 
 struct QueueingCall {
     std::function<void(AgentDll&)> call;
-    const char* lineBeforeItWaits;  // null: it says nothing before
+    const char* lineBeforeItWaits;  // null: nothing is logged before
 };
 
 TEST_F(WritesTest, CallsThatQueueAReportWaitForTheOneInFlight) {
     const QueueingCall calls[] = {
         {[](AgentDll& a) { a.EnableFeature(1); }, "{INFO @ Enable} Enable HID (1)"},
-        {[](AgentDll& a) { a.EnableSingleButton(1, 1); },
+        {[](AgentDll& a) { a.EnableSingleButton(VELA_BUTTON_MICROPHONE, 1); },
          "{INFO @ EnableButton} EnableButton button(1), enable(1)"},
         {[](AgentDll& a) { a.EnableChatBreathing(1); },
          "{INFO @ EnableButtonBreathing} EnableButtonBreathing button(2), enable(1)"},
-        {[](AgentDll& a) { a.SetButtonVisible(1, 1); },
+        {[](AgentDll& a) { a.SetButtonVisible(VELA_BUTTON_MICROPHONE, 1); },
          "{INFO @ SetButtonVisible} SetButtonVisible for BUTTON_ID 1 (1)"},
-        {[](AgentDll& a) { a.SetButtonLight(1, 1); },
+        {[](AgentDll& a) { a.SetButtonLight(VELA_BUTTON_MICROPHONE, 1); },
          "{INFO @ SetButtonLight} SetButtonLight for BUTTON_ID 1 (1)"},
-        {[](AgentDll& a) { a.SetButtonBreathing(2, 0); },
+        {[](AgentDll& a) { a.SetButtonBreathing(VELA_BUTTON_CHAT, 0); },
          "{INFO @ SetButtonBreathing} SetButtonBreathing for BUTTON_ID 2 (0)"},
         {[](AgentDll& a) { a.SetVelaBrightness(3); }, "{INFO @ SetBrightness} SetBrightness (3)"},
         {[](AgentDll& a) { a.UpdateVelaState(); }, "{INFO @ UpdateVelaState} UpdateVelaState."},
@@ -66,7 +66,7 @@ TEST_F(WritesTest, CallsThatQueueAReportWaitForTheOneInFlight) {
             EXPECT_TRUE(log_.WaitForLine(queueing.lineBeforeItWaits, before + 1));
         }
     }
-    // Calls that queue nothing go on.
+    // Calls that queue no report do not wait.
     EXPECT_EQ(agent_.SetClickMode(1, 300), 1);
     EXPECT_EQ(agent_.GetClickMode(), 1U);
     EXPECT_EQ(agent_.IsVelaPresent(), 1);
@@ -113,7 +113,7 @@ TEST_F(WritesTest, UnInitWaitsForAWriteInFlight) {
 }
 
 // 1117 is ERROR_IO_DEVICE, 1167 ERROR_DEVICE_NOT_CONNECTED, 1 ERROR_INVALID_FUNCTION.
-TEST_F(WritesTest, AFailedWriteIsLoggedAndTheSameReportIsWrittenWhenAskedForAgain) {
+TEST_F(WritesTest, AFailedWriteIsLoggedAndTheSameReportIsWrittenWhenRequestedAgain) {
     const struct {
         std::uint32_t status;
         int error;
@@ -140,11 +140,11 @@ TEST_F(WritesTest, AFailedWriteIsLoggedAndTheSameReportIsWrittenWhenAskedForAgai
 
 class SlowWritesTest : public WritesTest {};
 
-TEST_F(SlowWritesTest, AWriteIsGivenUpAfterThirtySecondsAndAskedForAgainItIsNotSuppressed) {
+TEST_F(SlowWritesTest, AWriteIsGivenUpAfterThirtySecondsAndItsRepetitionIsNotSuppressed) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     const std::uint64_t before = Touchpad().Device().LastSequence();
     ASSERT_NO_FATAL_FAILURE(HoldAWrite());
-    // Waits for the first one to be given up; its own report is like it.
+    // This call waits until the first write is given up; its own report has the same bytes.
     EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
     ASSERT_TRUE(WaitForHeldWrites(2));
     ASSERT_TRUE(log_.WaitForLine(kTimeoutLine));
@@ -168,8 +168,8 @@ TEST_F(SlowWritesTest, AWriteIsGivenUpAfterThirtySecondsAndAskedForAgainItIsNotS
                                        "with last error ("));
 }
 
-// Its own reports are given up one by one; the touchpad answers when nobody waits any more.
-TEST_F(SlowWritesTest, UnInitLeavesASilentTouchpadBehindAndLateAnswersDoNoHarm) {
+// UnInit's own reports time out one by one; the touchpad completes them when nobody waits any more.
+TEST_F(SlowWritesTest, UnInitLeavesASilentTouchpadBehindAndLateCompletionsDoNoHarm) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
     Touchpad().Device().HoldWrites(true);
     EXPECT_EQ(agent_.UnInit(), 1);

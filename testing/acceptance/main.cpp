@@ -5,9 +5,8 @@
 
 #include "testing/kit/windows/ChildProcess.h"
 
-// Leaves without unloading the DLL: after a detachable touchpad was active, unloading ends the
-// process abnormally by design, and would take the test's verdict with it. A child process leaves
-// as hosts do.
+// Ends without unloading the DLL: after a detachable touchpad was active, unloading ends the
+// process abnormally by design, and the test's result is lost. A child process ends as hosts do.
 int main(int argc, char** argv) {
     if (kit::IsChildProcess(argc, argv)) return kit::PlayChildRole(argv);
     testing::InitGoogleMock(&argc, argv);

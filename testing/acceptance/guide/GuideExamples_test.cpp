@@ -1,4 +1,4 @@
-// The guide's hosts, each in a process of its own, do what the guide says they do.
+// The guide's example hosts, each in a process of its own, behave as the guide describes.
 #include <gmock/gmock.h>
 
 #include <windows.h>
@@ -57,15 +57,15 @@ class Program {
         DWORD written = 0;
         WriteFile(input_, "\n", 1, &written, nullptr);
     }
-    // What it said up to a text that it is to say, or up to its end.
+    // Returns the program's output up to and including `last`, or up to its end.
     std::string Output(const std::string& last = "\1") {
         char character = 0;
         DWORD read = 0;
-        while (said_.find(last) == std::string::npos &&
+        while (text_.find(last) == std::string::npos &&
                ReadFile(output_, &character, 1, &read, nullptr) && read == 1) {
-            if (character != '\r') said_ += character;
+            if (character != '\r') text_ += character;
         }
-        return said_;
+        return text_;
     }
     DWORD ExitCode() const {
         WaitForSingleObject(process_, INFINITE);
@@ -78,7 +78,7 @@ class Program {
     HANDLE process_ = nullptr;
     HANDLE input_ = nullptr;
     HANDLE output_ = nullptr;
-    std::string said_;
+    std::string text_;
 };
 
 class GuideExamples : public testing::Test {
@@ -93,7 +93,7 @@ class GuideExamples : public testing::Test {
     }
 };
 
-TEST_F(GuideExamples, TheFirstHostLightsTheButtonsTellsAPressAndLeaves) {
+TEST_F(GuideExamples, TheFirstHostLightsTheButtonsPrintsAPressAndExits) {
     virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
     virtual_touchpad::TouchpadControl touchpad;
     Program host(L"guide_first_host.exe");

@@ -1,4 +1,4 @@
-# Every C example of the guides stands, letter by letter, in a file of examples/guide, which the build
+# Checks that every C example of the guides is verbatim in a file of examples/guide, which the build
 # compiles and the tests run.
 cmake_minimum_required(VERSION 3.25)
 file(GLOB guides ${ROOT}/docs/*.md)

@@ -1,4 +1,4 @@
-# The files below FOLDER are exactly those that CONTENTS lists.
+# Checks that the files below FOLDER are exactly those that CONTENTS lists.
 file(GLOB_RECURSE files RELATIVE ${FOLDER} ${FOLDER}/*)
 file(STRINGS ${CONTENTS} expected)
 # By build type, as the targets' file is named.
