@@ -20,7 +20,6 @@ using simulator::Fault;
 using simulator::Machine;
 using simulator::WriteBehaviour;
 
-
 std::int64_t sessionsOpened = 0;
 
 // Pulls the plug inside the next call of the platform's `function`, on the thread that calls it.
