@@ -11,7 +11,7 @@
 #include "testing/faults/ChildProcess.h"
 #include "testing/faults/Effort.h"
 #include "testing/faults/Outcome.h"
-#include "testing/faults/PlausibleFaults.h"
+#include "testing/kit/native/PlausibleFaults.h"
 #include "testing/kit/native/AgentLog.h"
 
 namespace faults {
@@ -44,7 +44,7 @@ void PrintTo(const Part& part, std::ostream* out) { *out << part.script->name <<
 
 // Returns at least one fault for every call that can fail.
 std::vector<Fault> FaultsToTry(const WatchedCall& call, std::size_t number) {
-    const std::vector<Fault> all = PlausibleFaults(call);
+    const std::vector<Fault> all = kit::PlausibleFaults(call.function, call.arguments);
     std::vector<Fault> chosen;
     if (all.empty()) return chosen;
     const std::size_t first = number % kEffort.oneFaultIn % all.size();
@@ -90,7 +90,7 @@ class FaultAtEveryCall : public testing::TestWithParam<Part> {
             return (HeartbeatWasStarted(fixture) ? "terminate\n" : "normal\n") + problems;
         });
         EXPECT_EQ(end.output, end.end + "\n")
-            << TheScript().name << ", " << chosen.Text() << ": " << ToText(fault);
+            << TheScript().name << ", " << chosen.Text() << ": " << kit::ToText(fault);
     }
 
     // Returns the indices of the calls to fail, in the order of their sites, which is the same in

@@ -11,7 +11,7 @@
 #include "testing/faults/ChildProcess.h"
 #include "testing/faults/Effort.h"
 #include "testing/faults/HostLog.h"
-#include "testing/faults/PlausibleFaults.h"
+#include "testing/kit/native/PlausibleFaults.h"
 #include "testing/faults/RandomScript.h"
 #include "testing/kit/native/AgentLog.h"
 
@@ -38,7 +38,7 @@ std::optional<Fault> FailSome(std::uint64_t seed, const WatchedCall& call) {
     for (const char letter : call.function) bits = Mix(bits + static_cast<unsigned char>(letter));
     bits = Mix(Mix(bits + call.thread) + call.number);
     if (bits % kOneIn != 0) return std::nullopt;
-    const std::vector<Fault> faults = PlausibleFaults(call);
+    const std::vector<Fault> faults = kit::PlausibleFaults(call.function, call.arguments);
     if (faults.empty()) return std::nullopt;
     return faults[bits / kOneIn % faults.size()];
 }

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "include/VelaAgent.h"
+#include "testing/fuzz/FailingCalls.h"
 #include "testing/fuzz/FuzzDevice.h"
 #include "testing/fuzz/FuzzSessions.h"
 #include "testing/fuzz/HostLog.h"
@@ -46,8 +47,10 @@ CallFixture::CallFixture(const TouchpadLayout& layout)
 
 CallFixture::~CallFixture() {
     UnInit();
-    // The temporary disable and the brightness outlive a session.
-    if (model.IsTemporarilyDisabled() || model.GetBrightness() != 3) {
+    if (callsFail_) {
+        Recover();
+    } else if (model.IsTemporarilyDisabled() || model.GetBrightness() != 3) {
+        // The temporary disable and the brightness outlive a session.
         PlugIn();
         HoldElsewhere(false);
         Init();
@@ -65,7 +68,28 @@ CallFixture::~CallFixture() {
     CheckSame(machine.Misuse(), {}, "misuse of the platform");
 }
 
+void CallFixture::FailACall(FuzzInput& input) {
+    callsFail_ = true;
+    fuzz::FailACall(machine, input);
+}
+
+void CallFixture::Recover() {
+    StopFailing(machine);
+    touchpad->PlugIn();
+    touchpad->ReleaseElsewhere();
+    machine.ReleaseMutexElsewhere(kDeviceMutex);
+    CheckSame(::Init(), 1, "Init after failures");
+    Check(touchpad->WaitForPendingReads(), "the session after failures reads no input reports");
+    CheckSame(::Activate(0), 1, "Activate after failures");
+    CheckSame(::Activate(4), 1, "Activate after failures");
+    ::SetVelaBrightness(3);
+    CheckSame(::UnInit(), 1, "UnInit after failures");
+    const std::optional<Bytes> lights = LastLights(*touchpad);
+    if (lights) CheckSame(*lights, model.BlankReport(), "the lights after failures");
+}
+
 void CallFixture::CompareAll(const char* step) {
+    if (callsFail_) return;
     for (const Bytes& report : model.TakeReports()) expectedReports_.push_back(report);
     const std::string at = std::string(" after ") + step;
     Check(touchpad->WaitForOutputs(expectedReports_.size()), "a report did not come" + at);
@@ -83,6 +107,10 @@ void CallFixture::CompareAll(const char* step) {
 }
 
 void CallFixture::Init() {
+    if (callsFail_) {
+        ::Init();
+        return;
+    }
     const bool wasOpen = model.IsOpen();
     Same(::Init(), model.Init(), "Init");
     if (wasOpen || !model.IsOpen()) return;
@@ -90,6 +118,10 @@ void CallFixture::Init() {
 }
 
 void CallFixture::UnInit() {
+    if (callsFail_) {
+        ::UnInit();
+        return;
+    }
     // Reports still queued might or might not be written beside those of the closing.
     const bool allWritten = WriteAllQueued();
     const bool canWrite = model.IsConnected();
@@ -133,7 +165,8 @@ void CallFixture::CompareClosing(const Bytes& lastReport, bool allWereWritten) {
 }
 
 void CallFixture::Send(std::uint8_t reportId, std::uint8_t buttons, std::uint8_t firmwareState) {
-    if (!model.IsOpen() || !model.IsConnected()) return;
+    if (callsFail_) touchpad->SendInput({reportId, buttons, firmwareState});
+    if (callsFail_ || !model.IsOpen() || !model.IsConnected()) return;
     Check(touchpad->WaitForPendingReads(), "the session reads no input reports");
     touchpad->SendInput({reportId, buttons, firmwareState});
     Check(touchpad->WaitForPendingReads(), "the session asks for no further input report");

@@ -33,6 +33,7 @@ class CallFixture {
     // Compares what an export returned with what the model returned.
     template <typename Got, typename Expected>
     void Same(Got got, Expected expected, const char* call) {
+        if (callsFail_) return;
         CheckSame(static_cast<std::int64_t>(got), static_cast<std::int64_t>(expected), call);
     }
     // Compares the reports at the touchpad, the callbacks and the flags that can be read any time.
@@ -50,6 +51,9 @@ class CallFixture {
     void PlugHaptic(bool plugged);
     void InitLogger();
     void UnInitLogger();
+    // Makes platform calls fail. The model cannot follow, so from then on nothing is compared but
+    // that the agent recovers: the destructor opens a session that works and leaves no light on.
+    void FailACall(FuzzInput& input);
 
     SessionModel model;
     HapticModel haptic;
@@ -59,10 +63,12 @@ class CallFixture {
 
  private:
     bool WriteAllQueued();
+    void Recover();
     void CompareClosing(const Bytes& lastReport, bool allWereWritten);
 
     std::vector<Bytes> expectedReports_;  // since the session was opened
     int loggers_ = 0;
+    bool callsFail_ = false;
 };
 
 // A call of an export, or an event at a device, with arguments from the input.

@@ -102,6 +102,7 @@ void PressOne(CallFixture& fixture, FuzzInput& input) {
     fixture.Send(reportId, static_cast<std::uint8_t>(1U << input.Byte() % 8U), 0);
 }
 
+// New steps come last: the corpus names them by their place.
 constexpr CallStep kSteps[] = {
     {"Init", [](CallFixture& fixture, FuzzInput&) { fixture.Init(); }},
     {"UnInit", [](CallFixture& fixture, FuzzInput&) { fixture.UnInit(); }},
@@ -168,6 +169,7 @@ constexpr CallStep kSteps[] = {
                       fixture.haptic.connected ? fixture.haptic.level : 0,
                       "GetHapticTPIntensityLevel");
      }},
+    {"a call that fails", [](CallFixture& fixture, FuzzInput& input) { fixture.FailACall(input); }},
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "testing/faults/PlausibleFaults.h"
+#include "testing/kit/native/PlausibleFaults.h"
 
 #include <windows.h>
 
@@ -6,7 +6,7 @@
 
 #include <map>
 
-namespace faults {
+namespace kit {
 namespace {
 
 using simulator::Fault;
@@ -94,10 +94,10 @@ const std::vector<Fault> kEndlessWaitFaults = Errors({6});
 
 }  // namespace
 
-std::vector<Fault> PlausibleFaults(const WatchedCall& call) {
-    const bool endless = call.arguments.find("infinite") != std::string::npos;
-    if (call.function == "WaitForSingleObject" && endless) return kEndlessWaitFaults;
-    return kFaults.at(call.function);
+std::vector<Fault> PlausibleFaults(const std::string& function, const std::string& arguments) {
+    const bool endless = arguments.find("infinite") != std::string::npos;
+    if (function == "WaitForSingleObject" && endless) return kEndlessWaitFaults;
+    return kFaults.at(function);
 }
 
 std::string ToText(const Fault& fault) {
@@ -106,4 +106,4 @@ std::string ToText(const Fault& fault) {
     return "result " + std::to_string(*fault.result) + " with " + error;
 }
 
-}  // namespace faults
+}  // namespace kit
