@@ -1,7 +1,7 @@
 # Checks that the files below FOLDER are exactly those that CONTENTS lists.
 file(GLOB_RECURSE files RELATIVE ${FOLDER} ${FOLDER}/*)
 file(STRINGS ${CONTENTS} expected)
-# By build type, as the targets' file is named.
+# The targets' file is named after the build type.
 list(TRANSFORM files REPLACE "VelaAgentTargets-[a-z]+" "VelaAgentTargets-release")
 list(SORT files)
 list(SORT expected)
