@@ -1,4 +1,4 @@
-// The agent's functions, of the linked-in agent or of the loaded library, under one roof.
+// The agent's functions: those of the linked-in agent, or those of the loaded library.
 #pragma once
 
 #include "include/VelaAgent.h"
@@ -6,8 +6,8 @@
 namespace soak {
 
 struct Agent {
-    // Natively there is nothing to load; on Windows VelaAgent.dll beside this program is, and
-    // stays.
+    // Loads VelaAgent.dll beside this program on Windows, where it stays loaded. Natively the agent
+    // is linked in.
     Agent();
 
 #define VELA_SOAK_DECLARE(name) decltype(&::name) name = nullptr;

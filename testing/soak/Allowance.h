@@ -1,5 +1,5 @@
-// How much the threads of a soak may still do. The agent's log takes lines faster than it writes
-// them, so threads without a bound would fill the memory with lines and not the file.
+// Limits what the threads of a soak do. The agent's log accepts lines faster than it writes them,
+// so unlimited threads would fill the memory with lines.
 #pragma once
 
 #include <atomic>
@@ -11,7 +11,7 @@ namespace soak {
 
 class Allowance {
  public:
-    // Waits for leave to do one thing; false once all is over.
+    // Waits until one more action is allowed; returns false after the end.
     bool Take() {
         while (left_.fetch_sub(1) <= 0) {
             ++left_;
@@ -20,7 +20,7 @@ class Allowance {
         }
         return !over_;
     }
-    void Grant(std::int64_t things) { left_ = things; }
+    void Grant(std::int64_t actions) { left_ = actions; }
     std::int64_t Left() const { return left_; }
     void End() { over_ = true; }
     bool IsOver() const { return over_; }

@@ -22,7 +22,7 @@ void LightInTheUsualOrder(const Agent& agent) {
     ShowButtons(agent);
 }
 
-// The lights come on with a report that is written in any case and not compared with the next.
+// The lights come on with a forced report, which is not compared with the next one.
 void ActivateLast(const Agent& agent) {
     agent.EnableFeature(1);
     ShowButtons(agent);
@@ -33,7 +33,7 @@ void ChangeLights(const Agent& agent, int count) {
     for (int i = 0; i < count; ++i) agent.SetButtonLight(VELA_BUTTON_CAMERA, i % 2 == 0);
 }
 
-// Each thread repeats `act`, before the session is closed, meanwhile and afterwards.
+// Closes the session while threads repeat `act`, from before the closing until after it.
 void CloseDuring(const Agent& agent, unsigned threadCount, const std::function<void()>& act) {
     std::atomic<bool> closed{false};
     std::atomic<unsigned> started{0};

@@ -1,4 +1,4 @@
-// Ways in which a host comes to close a session whose lights are on.
+// The ways in which a host may close a session whose lights are on.
 #pragma once
 
 #include <vector>
@@ -12,7 +12,7 @@ struct ClosingMode {
     const char* name;
     // Lights the buttons of a session that was just opened.
     void (*light)(const Agent& agent);
-    // The host's last calls, UnInit among them. No thread of the host's is left afterwards.
+    // Makes the host's last calls, UnInit among them, and joins all of the host's threads.
     void (*close)(const Agent& agent, SoakTouchpad& touchpad);
 };
 

@@ -11,18 +11,18 @@ class Figures {
  public:
     explicit Figures(std::string stage) : stage_(std::move(stage)) {}
 
-    // Only told.
+    // Adds a row without a verdict.
     void Note(const std::string& name, const std::string& value);
     void Note(const std::string& name, std::int64_t value) { Note(name, std::to_string(value)); }
-    // Told and judged.
+    // Adds a row with a verdict.
     void Judge(const std::string& name, const std::string& value, bool passed);
     void Judge(const std::string& name, std::int64_t value, bool passed) {
         Judge(name, std::to_string(value), passed);
     }
 
-    // The table, on the standard output.
+    // Prints the table on the standard output.
     void Print() const;
-    // 0 when nothing failed.
+    // Returns 0 when no row failed.
     int ExitCode() const;
 
  private:
@@ -36,7 +36,7 @@ class Figures {
     std::vector<Row> rows_;
 };
 
-// A line while a soak runs.
+// Prints a line on the standard error while a soak runs.
 void PrintLine(const std::string& line);
 
 }  // namespace soak

@@ -29,7 +29,7 @@ void HostThreads::Run(unsigned thread) {
         if (Below(random, 4) != 0) {
             MakeRandomCall(agent_, random);
         } else if (agent_.EnableSingleButton(Mark{thread, marks}.ButtonId(), 1) != 0) {
-            // Without a session nothing is logged, and the number is for the next time.
+            // Without a session the call fails and logs nothing: the number is used again.
             marks_[thread] = ++marks;
         }
     }

@@ -1,4 +1,4 @@
-// A host's threads: each makes random calls, and every few calls one whose log line is its mark.
+// Runs a host's threads: each makes random calls, and every few calls one that marks the log.
 #pragma once
 
 #include <array>
@@ -12,13 +12,13 @@
 
 namespace soak {
 
-// The calls of each thread that made a mark and have returned.
+// The number of marking calls of each thread that have returned.
 using MarkCounts = std::array<std::uint32_t, kMarkingThreads>;
 
 class HostThreads {
  public:
     HostThreads(const Agent& agent, Allowance& allowance);
-    // Once the allowance is over.
+    // Waits for the threads, which end once the allowance is over.
     void Join();
 
     MarkCounts Marks() const;

@@ -12,9 +12,7 @@ namespace {
 using namespace virtual_touchpad::events;
 using kit::SessionModel;
 
-// Usages of the touchpad's input reports.
-
-// What differs in the bytes behind those that a light report uses is padding.
+// Bytes after these are padding, which the comparison ignores.
 constexpr std::size_t kLightBytes = virtual_touchpad::kActiveBitsOffset + 1;
 
 std::string Hex(const Bytes& bytes) {
@@ -27,7 +25,7 @@ std::string Hex(const Bytes& bytes) {
     return text;
 }
 
-// A host and the model of what it has to see: every wish is made to both.
+// Makes every request to the agent and to the model, and compares the lights.
 class ComparedSession {
  public:
     ComparedSession(const Agent& agent, SoakTouchpad& touchpad, const TouchpadLayout& layout)
@@ -39,7 +37,8 @@ class ComparedSession {
         touchpad_.Send(static_cast<std::uint8_t>(1U << (usage - kSync)), 0);
         model_.Receive(virtual_touchpad::kButtonReportId, {usage}, 0);
     }
-    // Until it was handled, as a press behind it tells. False when that one is not told.
+    // Sends a usage and then a press, whose callback proves that the usage was handled. Returns
+    // false when the press is not reported.
     bool SendAndWait(std::uint16_t usage) {
         const std::int64_t reported = PressesReported(VELA_BUTTON_SHARE_SCREEN);
         Send(usage);
@@ -79,7 +78,7 @@ class ComparedSession {
         model_.Activate(activation);
     }
 
-    // The lights as they are wished now, which no report of the storm shows.
+    // Remembers the lights requested now, which differ from all reports of the storm.
     void NoteKnown() {
         known_ = model_.TakeReports().back();
         known_.resize(kLightBytes);
@@ -88,7 +87,7 @@ class ComparedSession {
         const std::vector<Bytes> reports = model_.TakeReports();
         Bytes expected = reports.empty() ? known_ : reports.back();
         if (agent_.UpdateVelaState() == 0) return "the state request was refused";
-        // Reports, and requests as well, of the storm may still come before the known lights.
+        // The storm's reports and state requests may still come before the known lights.
         std::optional<Bytes> lights = touchpad_.LightsBeforeRequest(known_);
         if (!lights) return "no lights " + Hex(known_) + "and no state request behind them";
         expected.resize(kLightBytes);
@@ -104,8 +103,8 @@ class ComparedSession {
     Bytes known_;
 };
 
-// A state that depends on nothing before. The report of the last step is written in any case, and
-// is the one that the session compares the next with.
+// Sets a state that does not depend on earlier calls. The last step forces its report, which equals
+// the one that the session compares the next with.
 void MakeKnown(ComparedSession& session, Random& random) {
     session.Activate(VELA_DEACTIVATED);
     for (std::uint32_t button = 0; button < 4; ++button) {
@@ -123,7 +122,7 @@ void MakeKnown(ComparedSession& session, Random& random) {
     session.NoteKnown();
 }
 
-// False when a press is not told.
+// Returns false when a press is not reported.
 bool MakeRandomRequest(ComparedSession& session, Random& random) {
     const std::uint32_t button = Below(random, 3);  // share screen stays, to wait for its presses
     const bool flag = Below(random, 2) != 0;

@@ -1,5 +1,5 @@
-// At rest, after a storm: the lights are what the host wished last, as the model of a session
-// knows.
+// Checks after a storm that the touchpad shows what the host requested last, according to the
+// model of a session.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@
 
 namespace soak {
 
-// Makes known and then random wishes in the session that the storm left, or in a new one where that
-// one cannot reach the touchpad, and compares. Empty, or what was different.
+// Sets a known state in the storm's session, or in a new one when the storm's cannot reach the
+// touchpad, then makes random requests and compares the lights. Returns the difference, or "".
 std::string CompareLights(const Agent& agent, SoakTouchpad& touchpad, const TouchpadLayout& layout,
                           SessionOwner& owner, Random& random);
 

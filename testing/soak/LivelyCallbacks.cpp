@@ -20,7 +20,7 @@ std::array<std::int64_t, 4> presses{};
 std::atomic<std::int64_t> statuses{0};
 std::atomic<const Agent*> calledBack{nullptr};
 
-// A call made inside a callback may bring the next callback on the same thread: that one is quiet.
+// A call made inside a callback may cause a nested callback on this thread, which makes no call.
 void CallBackNowAndThen() {
     static thread_local Random random(std::random_device{}());
     static thread_local bool inside = false;

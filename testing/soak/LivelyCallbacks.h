@@ -1,4 +1,4 @@
-// The host's two callbacks: they count, and now and then call back into the agent, as hosts do.
+// The host's two callbacks. They count, and now and then call into the agent, as hosts do.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,14 @@
 
 namespace soak {
 
-// Registers both. From now on they call `agent`'s exports when `lively`.
+// Registers both callbacks. They call `agent`'s exports only when `lively`.
 void SetCallbacks(const Agent& agent, bool lively);
 
 std::int64_t PressesReported();
 std::int64_t StatusesReported();
-// Of one of the four buttons.
+// Returns the presses of one of the four buttons.
 std::int64_t PressesReported(std::uint32_t buttonId);
-// Waits, ten seconds at most, until that many of its presses were told in all.
+// Waits until `count` presses of the button were reported in all; gives up after ten seconds.
 bool WaitForPresses(std::uint32_t buttonId, std::int64_t count);
 
 }  // namespace soak

@@ -32,7 +32,7 @@ bool HasLevel(std::string_view rest) {
 }  // namespace
 
 bool IsLogLine(const std::string& line) {
-    // A second time stamp in the line is the next one's, which ran into it.
+    // A second time stamp means that two lines ran into each other.
     return HasTime(line) && HasLevel(std::string_view(line).substr(kTimeForm.size())) &&
            line.find("] {", kTimeForm.size()) == std::string::npos &&
            line.find("} ") != std::string::npos && line.back() == '\r';

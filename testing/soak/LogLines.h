@@ -18,14 +18,15 @@ using MarkNumbers = std::array<std::vector<std::uint32_t>, kMarkingThreads>;
 struct LogLines {
     std::int64_t count = 0;
     MarkNumbers marks;  // of each thread, in the order of the file
-    // The first line that is none, if there was one.
+    // The first malformed line; empty when there is none.
     std::string torn;
 
-    // Reads on, in a further file, after its first `skipped` bytes.
+    // Reads another file from offset `skipped`, and adds its lines.
     void Read(const std::filesystem::path& file, std::uintmax_t skipped);
 };
 
-// "[2024-05-06 17:41:58] {INFO @ Initialize} text", with what the platform puts at a line's end.
+// Returns whether the line has the form "[2024-05-06 17:41:58] {INFO @ Initialize} text" and ends
+// in a carriage return.
 bool IsLogLine(const std::string& line);
 
 }  // namespace soak

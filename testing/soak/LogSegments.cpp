@@ -7,11 +7,11 @@
 namespace soak {
 namespace {
 
-// What the threads may do in a segment. Their lines stay well below the length at which a file is
-// moved away: a second move would, as it should, throw the first one's away.
-constexpr std::int64_t kThings = 4000;
+// The threads' actions in a segment. Their lines stay well below the length at which the file is
+// moved away: a second move would rightly delete the file that was moved first.
+constexpr std::int64_t kActions = 4000;
 
-// Not yet too long, but after some dozen lines more, which a busy machine gets to as well.
+// Just below the limit: some dozen lines exceed it, which a busy machine logs as well.
 constexpr std::uintmax_t kLongFile = 0x500000 - 0x1000;
 
 }  // namespace
@@ -22,12 +22,12 @@ LogSegments::LogSegments(const Agent& agent)
 void LogSegments::Run(const HostThreads& host, Allowance& allowance) {
     const std::uintmax_t filling = figures_.segments % 2 == 0 ? 0 : kLongFile;
     PrepareFile(filling);
-    allowance.Grant(kThings);
+    allowance.Grant(kActions);
     agent_.InitLogger(folder_.Path().wstring().c_str());
     const MarkCounts from = host.Marks();
-    while (allowance.Left() > kThings / 4 && !allowance.IsOver()) {
+    while (allowance.Left() > kActions / 4 && !allowance.IsOver()) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        // An inner pair changes nothing.
+        // A nested InitLogger and UnInitLogger change nothing.
         agent_.InitLogger(L"elsewhere");
         agent_.UnInitLogger();
     }
@@ -62,10 +62,9 @@ void LogSegments::ReadFiles(std::uintmax_t filling, const MarkCounts& from, cons
     }
 }
 
-// Every call that began after the start and had returned by the stop has to be there; one on its
-// way at either may be. A line that is on its way from one stop to the next start may even be the
-// first of all, with some behind it missing that met the logger not yet started. From the start on
-// the lines are without a gap, as calls are numbered.
+// Every call that began after the start and returned before the stop must be in the file; one that
+// was running at either may be. A line delayed from before the start may come first, with a gap
+// after it for calls made while the logger was stopped. From the start on there is no gap.
 void LogSegments::CompareMarks(unsigned thread, const std::vector<std::uint32_t>& numbers,
                                std::uint32_t from, std::uint32_t to) {
     const std::string who = "thread " + std::to_string(thread);

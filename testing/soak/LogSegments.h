@@ -1,5 +1,5 @@
-// Starts and stops the logger again and again while the host's threads log, and reads what is in
-// its file after each stop. Every other time the file is so long already that it is moved away.
+// Starts and stops the logger again and again while the host's threads log, and checks its file
+// after each stop. Every other time the file starts so long that the logger moves it away.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ struct LogFigures {
     std::int64_t rotations = 0;
     std::int64_t lines = 0;
     std::int64_t marks = 0;
-    // What was torn, missing or out of order first.
+    // Describes the first line that was torn, missing or out of order.
     std::string wrong;
 };
 
@@ -24,7 +24,7 @@ class LogSegments {
  public:
     explicit LogSegments(const Agent& agent);
 
-    // One start, one stop and the reading.
+    // Starts and stops the logger once, and checks its file.
     void Run(const HostThreads& host, Allowance& allowance);
     const LogFigures& Figures() const { return figures_; }
 

@@ -1,4 +1,4 @@
-// What this process holds, for seeing that it stays level.
+// Measures what this process holds, which must not grow.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,14 @@
 
 namespace soak {
 
-// Open handles by kind: "File", "Event", "Mutant" (a mutex), ...
+// Counts the open handles by kind: "File", "Event", "Mutant" (a mutex), ...
 std::map<std::string, std::int64_t> OpenHandles();
 std::int64_t ThreadCount();
-// In bytes that are allocated on the heap.
+// Returns the bytes that are allocated on the heap.
 std::int64_t HeapInUse();
 
-// For a process that had a detachable touchpad active: leaves without the end of the library, which
-// its joinable heartbeat would turn into an abnormal one.
+// Ends the process without running destructors. After a session with an active detachable touchpad
+// the heartbeat's joinable thread object would end it abnormally.
 [[noreturn]] void LeaveAtOnce(int exitCode);
 
 }  // namespace soak

@@ -9,8 +9,8 @@ namespace soak {
 namespace {
 
 // A host does not open or close the haptic session while another thread sets or gets its intensity.
-// MinGW makes such a lock at its first use, and fails when several threads use it first: this one
-// is used once before there are any.
+// MinGW initialises such a lock at its first use, and fails when several threads do so at once: the
+// constructor uses it before there are threads.
 struct HapticMutex : std::shared_mutex {
     HapticMutex() {
         lock();
@@ -23,7 +23,7 @@ std::atomic<std::int64_t> hapticScans{0};
 std::uint32_t AnyButton(Random& random) { return Below(random, 6); }
 VELA_BOOL AnyFlag(Random& random) { return static_cast<VELA_BOOL>(Below(random, 2)); }
 
-// The usual ones, and one that means nothing.
+// Returns one of the defined activations, or an undefined one.
 std::uint32_t AnyActivation(Random& random) {
     constexpr std::uint32_t kValues[] = {
         VELA_ACTIVE,      VELA_ACTIVE,    VELA_ACTIVE_HOST_SETS_LIGHTS,

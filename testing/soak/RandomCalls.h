@@ -1,6 +1,6 @@
-// A host's calls of the exports at random, within what the header allows to any thread at any time.
+// Makes random calls of the exports that the header allows on any thread at any time.
 //
-// Opening and closing are the work of one thread each (SessionOwner, LogSegments) and not in here.
+// Opening and closing are left to one thread each (SessionOwner, LogSegments).
 #pragma once
 
 #include <cstdint>
@@ -12,26 +12,26 @@ namespace soak {
 
 using Random = std::mt19937;
 
-// A random call's brightness is below it, so that a report with more was not made by one.
+// Random calls set a lower brightness, so a report with a higher one is not theirs.
 constexpr std::uint32_t kBrighterThanStorms = 128;
 
-// Below `count`.
+// Returns a number below `count`.
 inline std::uint32_t Below(Random& random, std::uint32_t count) {
     return static_cast<std::uint32_t>(random()) % count;
 }
 
-// One call of an export with random arguments. Any thread, inside a callback as well.
+// Calls a random export with random arguments. Any thread may call it, also inside a callback.
 void MakeRandomCall(const Agent& agent, Random& random);
 
-// How often those calls went through the machine's devices, for the haptic touchpad.
+// Returns how many of those calls scanned the devices for the haptic touchpad.
 std::int64_t HapticScans();
 
-// The call whose log line tells which thread of the host made it, and when in its order.
+// A call whose log line identifies the host's thread and the call's place in its order.
 struct Mark {
     unsigned thread = 0;
     std::uint32_t number = 0;
 
-    // As a button id, one that drives no light.
+    // Encodes the mark as a button id, which belongs to no button.
     std::uint32_t ButtonId() const { return kFirstId | thread << kNumberBits | number; }
     static Mark OfButtonId(std::uint32_t id) {
         return {(id ^ kFirstId) >> kNumberBits, id & ((1U << kNumberBits) - 1)};

@@ -8,7 +8,7 @@
 namespace soak {
 
 void SessionOwner::Open(bool livelyCallbacks) {
-    // Before the opening: a plug that is pulled meanwhile counts as pulled from this session.
+    // Read before the opening: a plug pulled during it counts as pulled from this session.
     const unsigned unplugged = touchpad_.Unplugged();
     ++scans_;
     if (agent_.Init() != VELA_INIT_OPEN) return;

@@ -1,4 +1,4 @@
-// The one thread of a host that opens and closes the session, and how long closing takes.
+// Opens and closes the session on one thread of a host, and measures how long closing takes.
 #pragma once
 
 #include <chrono>
@@ -9,7 +9,7 @@
 
 namespace soak {
 
-// What a write in flight is allowed, and so the closing that waits for it.
+// The time limit of a write in flight, and so of the closing that waits for it.
 constexpr std::chrono::milliseconds kLongestClosing{30000};
 
 class SessionOwner {
@@ -18,15 +18,15 @@ class SessionOwner {
 
     void Open(bool livelyCallbacks);
     void Close();
-    // With the touchpad plugged in and no write held: whether it is dark afterwards. One that got
-    // no light report since `ForgetWritten` counts as dark.
+    // Closes with the touchpad plugged in and no write held, and returns whether it is dark
+    // afterwards. One that got no light report since `ForgetWritten` counts as dark.
     bool CloseAtRest();
     void IsPresent();
     // Whether the session, if there is one, was opened on the touchpad that is plugged in now.
     bool Reaches() const { return open_ && unplugged_ == touchpad_.Unplugged(); }
 
     std::int64_t Sessions() const { return sessions_; }
-    // Of the machine's devices: each leaves the parsed descriptors of those that it turned down.
+    // Counts the scans of the devices: each leaves the preparsed data of those that it rejects.
     std::int64_t Scans() const { return scans_; }
     std::chrono::milliseconds LongestClosing() const { return longestClosing_; }
 

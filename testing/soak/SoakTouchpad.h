@@ -1,5 +1,5 @@
-// The touchpad of a soak, simulated or virtual. Any thread may call any operation; those that need
-// a plugged touchpad do nothing without one.
+// The touchpad of a soak, simulated or virtual. All operations are thread-safe; those that need a
+// plugged touchpad do nothing without one.
 #pragma once
 
 #include <algorithm>
@@ -20,7 +20,7 @@ inline bool BeginsWith(const Bytes& report, const Bytes& beginning) {
            std::equal(beginning.begin(), beginning.end(), report.begin());
 }
 
-// Whether a light report lights nothing and marks no button as active.
+// Returns whether a light report lights nothing and has no active button.
 inline bool IsDark(const Bytes& report) {
     return std::all_of(report.begin() + 1, report.end(),
                        [](std::uint8_t byte) { return byte == 0; });
@@ -28,29 +28,29 @@ inline bool IsDark(const Bytes& report) {
 
 class SoakTouchpad {
  public:
-    // Plugged in, and a haptic touchpad beside it.
+    // Plugs in a touchpad, and a haptic touchpad beside it.
     static std::unique_ptr<SoakTouchpad> Make(const TouchpadLayout& layout);
     virtual ~SoakTouchpad() = default;
 
     virtual void Unplug() = 0;
     virtual void PlugIn() = 0;
-    // How often it was pulled out so far: a session of an earlier number is a dead one.
+    // Returns how often it was unplugged so far: a session opened at a lower count is disconnected.
     virtual unsigned Unplugged() const = 0;
 
-    // One input report: bit n of `buttons` is usage 0x40 + n.
+    // Sends one input report. Bit n of `buttons` is usage 0x40 + n.
     virtual void Send(std::uint8_t buttons, std::uint8_t firmwareState) = 0;
     // Waits until a session has read all that was sent.
     virtual void WaitUntilRead() = 0;
 
     // While held, writes stay pending.
     virtual void HoldWrites(bool hold) = 0;
-    // Of the reports that the devices remember; those still to come count.
+    // Forgets the reports that the devices have recorded; later ones count.
     virtual void ForgetWritten() = 0;
-    // Waits for a light report that begins with `known` among those written since, and behind it
-    // for a state request; the last light report before that one.
+    // Waits for a light report that begins with `known` among those written since, and for a state
+    // request after it. Returns the last light report before that request.
     virtual std::optional<Bytes> LightsBeforeRequest(const Bytes& known) = 0;
-    // Waits until no session has the touchpad open and no write is pending; the last light report
-    // written since, which the touchpad goes on showing.
+    // Waits until no session has the touchpad open and no write is pending. Returns the last light
+    // report written since, which the touchpad goes on showing.
     virtual std::optional<Bytes> LightsAfterClosing() = 0;
 };
 

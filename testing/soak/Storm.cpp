@@ -27,7 +27,7 @@ void Storm::Run(milliseconds duration) {
     std::thread cable([&] { PullPlugs(plugs); });
     std::thread owner([&] { OpenAndClose(plugs); });
     while (steady_clock::now() < endOfPlugs) log_.Run(host, allowance);
-    // The last third is one session's, the one whose lights are looked at afterwards.
+    // The last third belongs to one session, whose lights are compared afterwards.
     plugs = false;
     cable.join();
     owner.join();
@@ -45,7 +45,7 @@ void Storm::Run(milliseconds duration) {
 void Storm::Press(Allowance& allowance) {
     Random random(std::random_device{}());
     for (std::uint32_t count = 1; allowance.Take(); ++count) {
-        // Mostly presses; else the firmware's states, or several events at once.
+        // Most reports are presses; the others are firmware states or several events at once.
         const bool usual = Below(random, 8) != 0;
         const std::uint32_t buttons = usual ? 1U << Below(random, 8) : Below(random, 256);
         const std::uint32_t state = usual ? 0 : Below(random, 256);

@@ -1,5 +1,5 @@
-// A meeting that goes wrong in every way at once: host threads call at random, the user presses as
-// fast as the touchpad takes it, plugs are pulled, writes stick, sessions and the log come and go.
+// Runs a meeting in which everything happens at once: host threads call at random, buttons are
+// pressed at full speed, plugs are pulled, writes stick, sessions and the log start and stop.
 #pragma once
 
 #include <atomic>
@@ -23,8 +23,8 @@ class Storm {
     Storm(const Agent& agent, SoakTouchpad& touchpad, SessionOwner& owner, LogSegments& log)
         : agent_(agent), touchpad_(touchpad), owner_(owner), log_(log) {}
 
-    // All of it for that long. Then no thread of the host's is left, the touchpad is plugged in,
-    // writes go through, and the session is open and has been for a while.
+    // Runs for that long. Afterwards no thread of the host is left, the touchpad is plugged in,
+    // writes go through, and the session has been open for a while.
     void Run(std::chrono::milliseconds duration);
 
     const StormFigures& Figures() const { return figures_; }

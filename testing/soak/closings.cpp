@@ -1,5 +1,5 @@
-// Sessions that are closed with their lights on, in each way in which a host may come to it: the
-// touchpad has to be dark afterwards.
+// Closes sessions with their lights on, in each way in which a host may do so: the touchpad must be
+// dark afterwards.
 //
 //   soak_closings [CLOSINGS_OF_EACH_MODE [detachable]]
 #include <chrono>
@@ -16,8 +16,8 @@ namespace {
 
 using namespace soak;
 
-// The writer thread sleeps by then, as it does most of the time in a host: it has to be woken for
-// the last reports, and what the session writes without it comes first if nothing prevents that.
+// After this time the writer thread sleeps, as it does most of the time in a host. The closing must
+// wake it for the queued reports and write its own after those.
 constexpr std::chrono::milliseconds kIdle{15};
 
 class Closings {

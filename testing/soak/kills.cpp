@@ -1,6 +1,5 @@
-// What the log lacks of a host that was killed: the lines that were queued and not yet in the file.
-// A host logs 1, 10 or 1,000 lines a second until it is terminated, at any moment or right behind a
-// line.
+// Counts the lines that a killed host loses: those that were queued and not yet in the file. A host
+// logs 1, 10 or 1,000 lines a second until it is terminated, at any moment or right after a line.
 //
 //   soak_kills [COUNT]   kills of each kind, 20 unless given
 #include <windows.h>
@@ -29,7 +28,7 @@ using std::chrono::milliseconds;
 constexpr int kRates[] = {1, 10, 1000};
 constexpr UINT kKilled = 9;
 
-// In memory that the host shares with this program, and that outlives it.
+// Lies in memory that the host shares with this program, so it outlives the host.
 struct Shared {
     std::atomic<std::int64_t> logged;  // calls that have returned
     std::atomic<bool> endBehindNextLine;
@@ -43,7 +42,7 @@ Shared& MapShared(const std::wstring& name) {
     return *static_cast<Shared*>(view);
 }
 
-// Never returns. Without a session UnInit logs one line and does nothing else.
+// Never returns. The host logs by calling UnInit, which without a session only logs one line.
 int BeHost(int rate, const std::filesystem::path& folder, const std::wstring& sharedName) {
     Shared& shared = MapShared(sharedName);
     const Agent agent;
@@ -123,7 +122,7 @@ class Kills {
         LogLines lines;
         lines.Read(folder.File(), 0);
         if (!lines.torn.empty()) ++torn_;
-        // A kill between a call and its count leaves a line more than were counted.
+        // A kill between a call and its count leaves one line more than the count.
         return std::max<std::int64_t>(shared.logged - static_cast<std::int64_t>(lines.count), 0);
     }
 

@@ -1,4 +1,4 @@
-// Storm after storm, and rest between them, where the lights are compared and the figures taken.
+// Runs storm after storm. At rest after each one it compares the lights and takes the figures.
 //
 //   soak_meeting [SECONDS [detachable]]
 #include <algorithm>
@@ -24,10 +24,9 @@ using std::chrono::steady_clock;
 
 constexpr milliseconds kStorm{3000};
 constexpr milliseconds kPatience{10000};
-// The two events of a session, and what the host's threads of a storm leave to the runtime.
+// Covers the two events of a session, and what a storm's host threads leave in the runtime.
 constexpr std::int64_t kHeapOfASession = 8192;
-// MinGW's locks get an event when they are first waited for, and keep it: so many at most of the
-// agent's and of the host's.
+// At most this many locks of the agent and the host keep an event, as MinGW's do from the first wait.
 constexpr std::int64_t kLocks = 24;
 
 struct Level {
@@ -46,7 +45,7 @@ class Meeting {
           layout_(layout),
           touchpad_(SoakTouchpad::Make(layout)),
           figures_(name) {
-        // The name that the touchpad tells holds for the life of the process; let it be the first.
+        // The process keeps the first product string that it reads: it must be this touchpad's.
         owner_.Open(false);
         agent_.IsDetachable();
         owner_.Close();
@@ -65,7 +64,7 @@ class Meeting {
             if (!difference.empty() && different_.empty()) different_ = difference;
             Rest();
             PrintProgress(steady_clock::now() - begin);
-            // What grows up to a size and then stays has had two storms for it.
+            // What grows to a fixed size does so within two storms.
             if (comparisons_ <= 2) first_ = now_;
         } while (steady_clock::now() - begin < duration_);
         JudgeAll();
@@ -74,7 +73,7 @@ class Meeting {
     }
 
  private:
-    // Of the heap that a scan of the devices leaves allocated, at rest.
+    // Returns the heap bytes that a scan of the devices leaves allocated.
     std::int64_t MeasureScan(const std::function<void()>& scan) {
         constexpr int kScans = 16;
         scan();
@@ -92,8 +91,8 @@ class Meeting {
                 owner_.Sessions(), owner_.Scans(), HapticScans()};
     }
 
-    // Closing tells the heartbeat of a touchpad that can be taken off to stop, and does not wait
-    // for it. More threads that stay for long are there to stay, and counted.
+    // Closing stops the heartbeat of a detachable touchpad without waiting for it. Threads that are
+    // still there after the time limit are counted.
     std::int64_t ThreadsAtRest() const {
         const auto giveUp = steady_clock::now() + kPatience;
         std::int64_t threads = ThreadCount();
@@ -141,8 +140,8 @@ class Meeting {
         if (!log.wrong.empty()) PrintLine("log: " + log.wrong);
     }
 
-    // A session leaves its two events open, and one handle of the name that tells of it; a question
-    // for a touchpad without a session leaves one as well.
+    // A session leaves its two events and one handle of the device's mutex open; IsVelaPresent
+    // without a session may leave another handle of the mutex.
     void JudgeLevels() {
         const std::int64_t sessions = now_.sessions - first_.sessions;
         const auto grown = [this](const char* kind) {

@@ -1,5 +1,5 @@
-// A thousand times: the library loaded, the log and the session started, the lights lit, all of it
-// stopped, and the library unloaded.
+// A thousand times, loads the library, starts the log and the session, lights the lights, stops all
+// of it and unloads the library.
 //
 //   soak_reload [CYCLES]
 #include <windows.h>
@@ -27,11 +27,11 @@ using std::chrono::milliseconds;
 constexpr wchar_t kLibrary[] = L"VelaAgent.dll";
 constexpr wchar_t kBareLibrary[] = L"soak_bare.dll";
 
-// The agent's logger, which is never destroyed, and the parsed descriptor of the haptic touchpad,
-// which the scan turns down.
+// Covers the agent's logger, which is never destroyed, and the preparsed data of the haptic
+// touchpad, which the scan rejects.
 constexpr std::int64_t kHeapOfACycle = 8192;
 
-// A library that uses the same runtime and does nothing else.
+// Loads a library that uses the same runtime and does nothing else.
 void LoadBareLibrary() {
     const HMODULE module = LoadLibraryW(kBareLibrary);
     if (module == nullptr) throw std::runtime_error("cannot load the bare library");
@@ -88,7 +88,7 @@ class Reloading {
         return lights && (*lights)[virtual_touchpad::kActiveBitsOffset] == 0x0F;
     }
 
-    // A file for each cycle: it begins with the first line and ends with the last.
+    // Each cycle has its own file, which must begin with the first line and end with the last.
     bool LogIsWhole() {
         const std::filesystem::path file = log_.File();
         LogLines lines;

@@ -1,5 +1,5 @@
-// Ten thousand times a plug pulled in the middle of things, on the simulated platform. Each time
-// the session has to close, and the touchpad, back again, has to be found.
+// Pulls the plug ten thousand times while calls run, on the simulated platform. Each time the
+// session must close, and the touchpad must be found once it is back.
 //
 //   soak_replug [CYCLES_OF_EACH_SITUATION]
 #include <algorithm>
@@ -23,7 +23,7 @@ using simulator::Machine;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-// The simulator's two events of a session, which stay open, and their entries in its tables.
+// Covers the two events that a session leaves open, with their entries in the simulator's tables.
 constexpr std::int64_t kHeapOfASession = 1024;
 
 class Replugging {
@@ -34,7 +34,7 @@ class Replugging {
           touchpad_(kit::EmptyMachine().Plug(kit::Describe(TouchpadLayout{}))) {}
 
     void Run() {
-        // Tables grow by leaps; those of the first cycles are not counted.
+        // The simulator's tables grow in steps, so the first cycles are not counted.
         const std::int64_t begin = cycles_ / 10;
         const std::size_t descriptors = Machine::Get().PreparsedDataInUse();
         std::int64_t sessions = 0;
@@ -102,14 +102,14 @@ void JudgeStuckWrites(Figures& figures, std::int64_t cycles) {
     figures.Judge("one write stuck: closings", one.cycles, one.wrong == 0);
     figures.Judge("one write stuck: closing, simulated ms", one.longestMs,
                   one.longestMs <= kLongestClosing.count());
-    // The closing's own writes then each wait for their time limit as well.
+    // Here each of the closing's own writes waits for its time limit too.
     const StuckClosings every = CloseWithStuckWrites(Stuck::EveryWrite, cycles);
     figures.Judge("every write stuck: closings", every.cycles, every.wrong == 0);
     figures.Note("every write stuck: closing, simulated ms", every.longestMs);
 }
 
-// The name that the touchpad tells holds for the life of the process; one that cannot be asked for
-// it just then would pass for a detachable one.
+// The process keeps the first product string that it reads. Without one the touchpad would count as
+// detachable, so it is read before any plug is pulled.
 void LearnProductString() {
     const auto touchpad = kit::EmptyMachine().Plug(kit::Describe(TouchpadLayout{}));
     Init();
@@ -123,7 +123,8 @@ int main(int argc, char** argv) {
     const std::int64_t cycles = argc > 1 ? std::atol(argv[1]) : 2000;
     Figures figures("replug");
     LearnProductString();
-    // First: the simulator goes through all handles to let a wait expire, and sessions leave some.
+    // This comes first: to expire a wait the simulator searches all handles, and sessions leave
+    // some.
     JudgeStuckWrites(figures, std::max<std::int64_t>(cycles / 4, 1));
     for (const Situation& situation : Situations()) {
         Replugging replugging(situation, cycles);

@@ -1,6 +1,6 @@
-// Sessions that are opened and closed on two threads while others call everything else. Every
-// hundred rounds all threads are joined: what they leave behind has to be a closed session, and the
-// next one has to begin as the first does and to work.
+// Opens and closes sessions on two threads while others make every other call. Every hundred rounds
+// all threads are joined: the session must be closed, and the next one must start in the initial
+// state and work.
 //
 //   soak_rounds [ROUNDS [detachable]]
 #include <algorithm>
@@ -35,7 +35,7 @@ class Judge {
 
     int Run() {
         for (std::int64_t done = 0; done < rounds_; done += kRoundsOfABatch) {
-            // First without, as such a query may leave the name of the session behind.
+            // The first half makes no such query, which may leave a handle of the device's mutex.
             const bool queriesPresence = done >= rounds_ / 2;
             host_->QueryPresence(queriesPresence);
             RunBatch((std::min)(kRoundsOfABatch, rounds_ - done), queriesPresence);
@@ -50,7 +50,7 @@ class Judge {
     void RunBatch(std::int64_t count, bool mayLeaveTheName) {
         touchpad_->ForgetWritten();
         host_->Run(count);
-        // The threads' calls may have left that session open, which has a file of its own.
+        // The threads may have left the haptic session open, whose file handle would be counted.
         agent_.UnInitHapticTP();
         CheckClosedSession(mayLeaveTheName);
         owner_->Open(false);
@@ -72,7 +72,7 @@ class Judge {
         filesOpen_ += OpenHandles()["File"];
     }
 
-    // Off in a session that was just opened, and without one.
+    // Returns false in a session that was just opened, and without a session.
     bool IsInUse() const {
         bool buttons = false;
         for (std::uint32_t button = 0; button < 4; ++button) {

@@ -12,7 +12,7 @@
 #include "testing/simulator/Machine.h"
 
 #if defined(__SANITIZE_ADDRESS__)
-// Not every compiler brings the header of its sanitizer's allocator.
+// Not every compiler has the header with these declarations.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 extern "C" int __lsan_do_recoverable_leak_check();
 #endif
@@ -20,7 +20,7 @@ extern "C" int __lsan_do_recoverable_leak_check();
 namespace soak {
 namespace {
 
-// The simulator's names of handles, "event#7", in the terms of the platform.
+// Converts the simulator's name of a handle, "event#7", to the platform's name of its kind.
 std::string KindOf(const std::string& handle) {
     const std::string kind = handle.substr(0, handle.find('#'));
     if (kind == "file") return "File";
@@ -28,8 +28,8 @@ std::string KindOf(const std::string& handle) {
     return kind == "mutex" ? "Mutant" : kind;
 }
 
-// Of one of this process's threads: "123 (name) S 1 ...", with its flags in the seventh column
-// behind the name. One that is gone by now reads as empty.
+// Reads a thread's "123 (name) S 1 ...", whose seventh column after the name has its flags. The
+// file of a thread that has ended reads as empty.
 bool IsEnding(const std::filesystem::path& thread) {
     constexpr unsigned kEnding = 0x4;  // the kernel's PF_EXITING
     std::ifstream stat(thread / "stat");
@@ -51,7 +51,7 @@ std::map<std::string, std::int64_t> OpenHandles() {
     return handles;
 }
 
-// A thread that was joined may still be listed for a while, on its last steps in the kernel.
+// The kernel may still list a joined thread for a while as it ends.
 std::int64_t ThreadCount() {
     std::int64_t count = 0;
     for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {

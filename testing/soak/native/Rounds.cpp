@@ -40,8 +40,7 @@ void Rounds::OpenAndClose() {
         if (agent_.Init() != VELA_INIT_OPEN) ++refused_;
         agent_.EnableFeature(1);
         agent_.Activate(VELA_ACTIVE);
-        // Half of the rounds close at once; the others leave the threads some time with the
-        // session.
+        // Half of the rounds close at once; the others give the threads some time with the session.
         if (Below(random, 2) != 0) {
             std::this_thread::sleep_for(std::chrono::microseconds(Below(random, 1000)));
         }
@@ -76,7 +75,7 @@ void Rounds::MakeCall(Random& random) {
     }
 }
 
-// Some calls, of this thread and the others, with the log started.
+// Makes some calls with the log started, while the other threads call too.
 void Rounds::Log(Random& random) {
     agent_.InitLogger(logFolder_.Path().wstring().c_str());
     for (int i = 0; i < 8; ++i) MakeRandomCall(agent_, random);

@@ -1,5 +1,5 @@
-// Rounds of opening and closing the session on two of a host's threads, while its other threads
-// make every other call and a person presses the touchpad's buttons.
+// Opens and closes the session in rounds on two of a host's threads, while its other threads make
+// every other call and buttons are pressed.
 #pragma once
 
 #include <atomic>
@@ -17,17 +17,17 @@ class Rounds {
  public:
     Rounds(const Agent& agent, SoakTouchpad& touchpad);
 
-    // A query for the touchpad between two sessions leaves a handle of the name that tells of a
-    // session, when it meets one.
+    // Enables calls of IsVelaPresent: one made between two sessions leaves a handle of the device's
+    // mutex when the mutex exists.
     void QueryPresence(bool query) { queriesPresence_ = query; }
-    // So many pairs of Init and UnInit. Then no thread of the host's is left, and as each pair ends
-    // with UnInit, no session.
+    // Makes `count` pairs of Init and UnInit. Afterwards no thread of the host is left, and no
+    // session is open.
     void Run(std::int64_t count);
 
     std::int64_t Calls() const { return calls_; }
-    // Calls of Init that did not find the touchpad, or not free.
+    // Counts the calls of Init that found no touchpad, or none that was free.
     std::int64_t Refused() const { return refused_; }
-    // Calls of UnInit that closed a session.
+    // Counts the calls of UnInit that closed a session.
     std::int64_t Closings() const { return closings_; }
 
  private:

@@ -16,7 +16,7 @@ class SimulatedTouchpad : public SoakTouchpad {
  public:
     explicit SimulatedTouchpad(const TouchpadLayout& layout) {
         simulator::Machine& machine = kit::EmptyMachine();
-        // First, as it stays: one that is plugged in again comes last.
+        // The haptic touchpad stays the first: a device plugged in again is enumerated last.
         hapticTouchpad_ = machine.Plug(kit::Describe(virtual_touchpad::HapticLayout{}));
         device_ = machine.Plug(kit::Describe(layout));
     }
@@ -31,7 +31,7 @@ class SimulatedTouchpad : public SoakTouchpad {
     void Send(std::uint8_t buttons, std::uint8_t firmwareState) override {
         device_->SendInput({virtual_touchpad::kButtonReportId, buttons, firmwareState});
     }
-    // A read is pending only when nothing is queued.
+    // A read stays pending only while no report is queued.
     void WaitUntilRead() override { device_->WaitForPendingReads(); }
 
     void HoldWrites(bool hold) override {
@@ -54,7 +54,7 @@ class SimulatedTouchpad : public SoakTouchpad {
         }
         return std::nullopt;
     }
-    // A write ends within its call, or else with its handle: behind the closing none is pending.
+    // A write ends within its call or with its handle, so none is pending after the closing.
     std::optional<Bytes> LightsAfterClosing() override { return fuzz::LastLights(*device_); }
 
  private:

@@ -49,7 +49,7 @@ bool WithAReadPending(Device& touchpad, Random&) {
 
 bool WithAWritePending(Device& touchpad, Random&) {
     touchpad.SetWriteBehaviour(WriteBehaviour::Hold);
-    // Forced, so that there is something to write; more would wait for it.
+    // Queues a forced report, which is written even when it equals the last one.
     const bool isHeld =
         SetButtonBreathing(VELA_BUTTON_CHAT, 0) != 0 && touchpad.WaitForHeldWrites();
     touchpad.Unplug();
@@ -60,11 +60,11 @@ bool WithAWritePending(Device& touchpad, Random&) {
 bool WithAFeatureCallInFlight(Device& touchpad, Random& random) {
     const bool atTheRead = Below(random, 2) != 0;
     PullInside pulling(touchpad, atTheRead ? "HidD_GetFeature" : "HidD_SetFeature");
-    // Sent to a device that is gone before it can answer.
+    // The call fails because the device is gone before it completes the request.
     return SetClickMode(1, 500) == 0 && pulling.WasPulled();
 }
 
-// Without a session: Init is on its way through the devices.
+// Closes the session, then pulls the plug while Init scans the devices.
 bool DuringEnumeration(Device& touchpad, Random& random) {
     if (UnInit() == 0) return false;
     constexpr const char* kSteps[] = {
@@ -75,7 +75,7 @@ bool DuringEnumeration(Device& touchpad, Random& random) {
     PullInside pulling(touchpad, step);
     const std::int32_t result = OpenSession();
     const bool isOpen = result == VELA_INIT_OPEN;
-    // Gone before it was opened; or behind that, as by the reader's first read.
+    // The plug was pulled before the opening, or after it, as by the reader's first read.
     if (!isOpen) return result == VELA_INIT_NOT_FOUND && pulling.WasPulled();
     touchpad.Unplug();
     return true;
@@ -91,7 +91,7 @@ void PullInCallback() {
     calledBack = true;
 }
 
-// In the press callback, on the reader thread, or in the status callback, inside Activate.
+// Pulls in the press callback, on the reader thread, or in the status callback, inside Activate.
 bool InsideACallback(Device& touchpad, Random& random) {
     SetVelaButtonPressCallback([](std::uint32_t, std::uint32_t) { PullInCallback(); });
     SetVelaStatusChangeCallback([](std::uint32_t) { PullInCallback(); });

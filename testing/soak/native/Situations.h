@@ -1,4 +1,4 @@
-// Plugs pulled in the middle of things, on the simulated platform.
+// The situations in which a plug is pulled, on the simulated platform.
 #pragma once
 
 #include <vector>
@@ -10,19 +10,19 @@ namespace soak {
 
 struct Situation {
     const char* name;
-    // With the session open: brings it there and pulls the plug. False when something on the way
-    // was not as it has to be.
+    // Brings the open session into the situation and pulls the plug. Returns false when a step
+    // before that fails.
     bool (*pull)(simulator::Device& touchpad, Random& random);
-    // The scan may turn the touchpad down half read; its parsed descriptor stays allocated then.
+    // The scan may reject the touchpad halfway; its preparsed data then stays allocated.
     bool mayTurnDown;
 };
 
 const std::vector<Situation>& Situations();
 
-// Init, counted: every session leaves two events behind.
+// Calls Init and counts the sessions, each of which leaves two events behind.
 std::int32_t OpenSession();
 std::int64_t SessionsOpened();
-// All four buttons lit, the host's switches on.
+// Enables the feature, activates, and lights all four buttons.
 bool Light();
 
 }  // namespace soak

@@ -21,7 +21,7 @@ using simulator::WriteBehaviour;
 
 constexpr std::int64_t kWriteLimitMs = 30000;
 
-// Counts the waits for a write; any other wait of the agent is one without limit.
+// Counts the waits for a write, the only waits of the agent with this time limit.
 class WaitCount {
  public:
     WaitCount() {
@@ -44,7 +44,7 @@ class WaitCount {
     std::atomic<std::int64_t> count_{0};
 };
 
-// Reports are written in the order of their queue: the state request is the last of all.
+// Reports are written in the order of their queue, so the state request comes last.
 bool WaitUntilAllIsWritten(const Device& touchpad) {
     if (UpdateVelaState() == 0) return false;
     std::size_t count = 1;
@@ -55,7 +55,7 @@ bool WaitUntilAllIsWritten(const Device& touchpad) {
     return true;
 }
 
-// Closes in a thread of its own, and lets the time of the writes run out somewhere on its way.
+// Closes on a thread of its own, and lets the writes expire at a random moment meanwhile.
 bool CloseAndExpire(Random& random) {
     std::atomic<bool> closed{false};
     std::thread closing([&] { closed = UnInit() == 1; });
@@ -84,7 +84,7 @@ StuckClosings CloseWithStuckWrites(Stuck stuck, std::int64_t cycles) {
         if (stuck == Stuck::OneWrite) touchpad->SetWriteBehaviour(WriteBehaviour::Pend);
         if (!CloseAndExpire(random)) ++closings.wrong;
 
-        // Each write was waited for once; those that did not arrive ran into their time limit.
+        // Each write is waited for once; those that did not arrive have expired.
         const auto arrived = static_cast<std::int64_t>(touchpad->Outputs().size());
         const std::int64_t expired = waits.Count() - arrived;
         closings.longestMs = (std::max)(closings.longestMs, expired * kWriteLimitMs);

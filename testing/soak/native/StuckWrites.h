@@ -1,4 +1,4 @@
-// Closing while the touchpad does not end a write, on the simulated platform.
+// Closes sessions while the touchpad does not complete a write, on the simulated platform.
 #pragma once
 
 #include <cstdint>
@@ -6,15 +6,15 @@
 namespace soak {
 
 enum class Stuck {
-    OneWrite,    // the one in flight; those that the closing makes go through
-    EveryWrite,  // the touchpad takes nothing any more
+    OneWrite,    // the write in flight; those of the closing complete
+    EveryWrite,  // all later writes too
 };
 
 struct StuckClosings {
     std::int64_t cycles = 0;
     std::int64_t wrong = 0;
-    // The time limits of all writes that ran into theirs, the one in flight included, added up: the
-    // closing took that long at most. Simulated; nothing really waits.
+    // The sum of the time limits of all expired writes, including the one in flight: the longest
+    // that the closing may take. The time is simulated; nothing really waits.
     std::int64_t longestMs = 0;
 };
 

@@ -1,6 +1,6 @@
 // A library that only uses the C++ runtime as the agent does: an exception, a thread, and a lock
-// and a condition that are never destroyed, like the agent's logger. What it leaves behind when it
-// is unloaded is the runtime's doing, which is linked into each library.
+// and a condition that are never destroyed, like the agent's logger. What it leaves behind after
+// unloading is left by the runtime, which is linked into each library.
 #include <condition_variable>
 #include <mutex>
 #include <stdexcept>

@@ -1,4 +1,4 @@
-// What a process holds more after each of many equal cycles.
+// Measures how much more a process holds after each of many equal cycles.
 #pragma once
 
 #include <cstdint>
@@ -9,13 +9,13 @@
 namespace soak {
 
 struct Growth {
-    // A cycle, rounded up.
+    // Per cycle, rounded up.
     std::map<std::string, std::int64_t> handles;
     std::int64_t threads = 0;
     std::int64_t heap = 0;
 };
 
-// Runs that many cycles. The first tenth is not counted: it loads what stays loaded.
+// Runs that many cycles. The first tenth is not counted, because it loads what stays loaded.
 Growth MeasureGrowth(std::int64_t cycles, const std::function<void(std::int64_t cycle)>& run);
 
 }  // namespace soak

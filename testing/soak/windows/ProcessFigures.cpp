@@ -9,8 +9,8 @@
 
 namespace soak {
 
-// By trying value after value: Wine's GetProcessHandleCount answers 0, and would not tell the
-// kinds. The values lie close together, so a long row of unused ones is the end.
+// Tries value after value: Wine's GetProcessHandleCount returns 0, and gives no kinds. Handle
+// values lie close together, so a long row of unused ones is the end.
 std::map<std::string, std::int64_t> OpenHandles() {
     constexpr int kLongRow = 4096;
     constexpr std::uintptr_t kStep = 4;

@@ -55,8 +55,8 @@ class VirtualTouchpad : public SoakTouchpad {
         if (device_ == nullptr) return;
         device_->WaitForState([](const VirtualHidState& state) { return state.queuedInputs == 0; },
                               kPatience);
-        // What the class driver has fetched lies in its own queue, which nobody can ask for: some
-        // dozens of reports, which a busy machine, too, has read by then.
+        // Reports that the class driver has fetched are in its own queue, which cannot be queried:
+        // some dozens, which the session reads in this time even on a busy machine.
         Sleep(1000);
     }
 
