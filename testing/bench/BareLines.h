@@ -1,4 +1,4 @@
-// A log file written as the agent's has to be, by nothing but the system calls for it.
+// Writes a log file as the agent does, with nothing but the system calls for it.
 #pragma once
 
 #include <filesystem>
@@ -7,7 +7,7 @@
 
 namespace bench {
 
-// Each line: the size is asked, the file opened for appending, the line written, the file closed.
+// For each line, queries the file's size, opens it for appending, writes the line and closes it.
 void WriteBareLines(const std::filesystem::path& file, const std::vector<std::string>& lines);
 
 }  // namespace bench

@@ -56,8 +56,8 @@ void Catalogue(const HIDP_CAPS& caps, PHIDP_PREPARSED_DATA preparsed) {
     buttons(HidP_Output, caps.NumberOutputButtonCaps);
 }
 
-// Has the caps of the interface and, when it is the touchpad's, the descriptor. The parsed
-// descriptor stays with the one who turns an interface down, as in the agent's scan.
+// Gets the capabilities of the interface, and returns the preparsed data when it is the touchpad's.
+// The preparsed data of a rejected interface is not freed, as in the agent's scan.
 PHIDP_PREPARSED_DATA Examine(HANDLE file, HIDP_CAPS& caps) {
     PHIDP_PREPARSED_DATA preparsed = nullptr;
     if (!HidD_GetPreparsedData(file, &preparsed)) return nullptr;

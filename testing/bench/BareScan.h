@@ -1,4 +1,4 @@
-// The platform calls of a scan, with nothing kept of their answers.
+// Makes the platform calls of a scan, and discards their results.
 #pragma once
 
 #include <string>

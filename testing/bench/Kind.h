@@ -1,26 +1,26 @@
-// The kinds of rows: which figures of the two sides stand in the table, how they are compared, and
-// how all that is worded.
+// The kinds of rows: which figures of the two sides are in the table, how they are compared, and
+// their wording.
 #pragma once
 
 #include <string>
 
 namespace bench {
 
-// A number among its words, rounded.
+// The text around a number, and the digits to which it is rounded.
 struct Wording {
     const char* before;
     int digits;
     const char* after;
 
     std::string operator()(double number) const;
-    // The number as a reader of the words takes it.
+    // Returns the number as the text shows it.
     double Rounded(double number) const;
 };
 
-// What one side of a row came to.
+// The result of one side of a row.
 struct Figure {
     double compared;
-    double tail;  // 0 where it is one number
+    double tail;  // 0 when the result is a single number
 };
 
 struct Comparison {
@@ -31,29 +31,29 @@ struct Comparison {
 
 struct Kind {
     const char* name;
-    const char* quantile;  // the one that is compared, if there are many measurements
+    const char* quantile;  // the compared quantile, for many measurements
     std::string (*figure)(const Figure& figure);
-    const Comparison* comparison;  // null: the two just stand side by side
+    const Comparison* comparison;  // null: the two sides are not compared
     Wording compared;
     Wording target;
 };
 
 // Times in nanoseconds, shown with their 99.9th percentile.
 extern const Kind kMedians;
-// Their 99.9th percentiles alone.
+// Only the 99.9th percentiles of such times.
 extern const Kind kTails;
 // Times that are too short for a ratio to mean much.
 extern const Kind kNanosecondsOver;
-// Of so many a second; more is better.
+// Rates per second; higher is better.
 extern const Kind kRates;
 extern const Kind kSizes;
 extern const Kind kAllocations;
 extern const Kind kBytesLeft;
-// Calls for each further one of something: as many, however many there are.
+// Calls for each additional item: the number should not depend on how many items there are.
 extern const Kind kGrowth;
 extern const Kind kWakeUps;
 
-// Null when there is none of that name.
+// Returns null when no kind has that name.
 const Kind* FindKind(const std::string& name);
 
 }  // namespace bench

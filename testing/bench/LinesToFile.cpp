@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kTurns = 25;
 
-// From the first call until the last line is in the file.
+// Returns the time from the first call until the last line is in the file.
 double TimeOfAgent(const LogFolder& folder, int lines) {
     std::filesystem::remove(folder.AgentLog());
     vela::ILog* const log = vela::GetLogger();
@@ -29,15 +29,15 @@ double TimeOfAgent(const LogFolder& folder, int lines) {
     });
 }
 
-// On a thread of its own, as the agent's writer: on Wine a process's first thread gets its answers
-// sooner than the others.
+// Writes on a thread of its own, as the agent does: on Wine the system calls of a process's first
+// thread return sooner than those of others.
 double TimeOfBareLoop(const std::filesystem::path& file, const std::vector<std::string>& lines) {
     std::filesystem::remove(file);
     return Timed(
         [&] { std::async(std::launch::async, [&] { WriteBareLines(file, lines); }).get(); });
 }
 
-// Each with its end, whatever the platform makes of that.
+// Returns the lines with their line ends, in whatever form the platform writes them.
 std::vector<std::string> LinesOf(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     std::vector<std::string> lines;
@@ -49,7 +49,7 @@ void WriteInTurns(benchmark::State& state, const Row& row, int count) {
     const LogFolder folder;
     const std::filesystem::path bareLog = folder.Path() / "bare.log";
     TimeOfAgent(folder, count);
-    // The logger says one line of its own, at its end.
+    // The logger adds one line of its own at its end.
     const std::vector<std::string> lines = LinesOf(folder.AgentLog());
     const auto rate = [&](double time) { return static_cast<double>(lines.size()) / (time / 1e9); };
     Pair rates;

@@ -1,4 +1,5 @@
-// How fast the agent's lines reach the file, beside a bare loop that writes the very same lines.
+// Measures how fast the agent's lines reach the file, beside a bare loop that writes the same
+// lines.
 #pragma once
 
 #include <string>

@@ -22,7 +22,7 @@ void Compare(benchmark::State& state, const Row& row) {
     state.counters[kind.comparison->name] = compared;
     if (!row.target) return;
     state.counters["target"] = *row.target;
-    // As it is shown: 1.004 meets a target of 1.00.
+    // The rounded number is compared: 1.004 meets a target of 1.00.
     state.counters["met"] = kind.comparison->meets(kind.compared.Rounded(compared), *row.target);
 }
 

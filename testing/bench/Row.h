@@ -1,5 +1,5 @@
-// One row of the table, which is one benchmark. It tells its results as the run's counters, and its
-// kind as the run's label, so that whoever reports the run, as a line or as JSON, has all of it.
+// One row of the table, which is one benchmark. It reports its results as the run's counters and
+// its kind as the run's label, so the table's and the JSON's reporter both have all of them.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -19,11 +19,11 @@ struct Row {
     const Kind& kind;
     std::optional<double> target;
 
-    // The benchmark's.
+    // Returns the name of the benchmark.
     std::string Name() const;
 };
 
-// The two ends of a row's name.
+// The two parts of a row's name.
 struct RowEnds {
     std::string what;
     std::string peer;
@@ -32,17 +32,17 @@ RowEnds EndsOf(const std::string& name);
 
 using Measure = std::function<void(benchmark::State& state, const Row& row)>;
 
-// An exception is the failure of that benchmark, and the others go on.
+// Registers the row as a benchmark. An exception fails this benchmark only.
 benchmark::internal::Benchmark* Register(const Row& row, benchmark::IterationCount iterations,
                                          const Measure& measure);
 
-// The results: of many measurements, or of one number for each side.
+// Report the results: many measurements, or one number for each side.
 void Report(benchmark::State& state, const Row& row, const Pair& pair);
 void Report(benchmark::State& state, const Row& row, double measured, double peer);
 
-// Measured thing and peer take turns, so that whatever else the machine does meets both. Each gives
-// back the nanoseconds that it took, or the Samples of a turn. The benchmark's own time is what was
-// measured, one turn's mean.
+// Runs the measured code and its peer in turns, so that other load on the machine affects both.
+// Each returns the nanoseconds that it took, or the Samples of a turn. The benchmark's own time is
+// the mean of the measured code's turn.
 template <typename Measured, typename Peer>
 void TakeTurns(benchmark::State& state, const Row& row, Measured&& measured, Peer&& peer) {
     Pair pair;

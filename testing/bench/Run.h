@@ -1,12 +1,12 @@
-// What every program of measurements does: it registers its rows and runs those that are asked for.
+// The main function of every measuring program: registers its rows and runs the selected ones.
 #pragma once
 
 #include <functional>
 
 namespace bench {
 
-// The arguments are Google Benchmark's. Returns the exit code: 0 only when every row that was asked
-// for was measured.
+// Takes Google Benchmark's arguments. Returns the exit code, which is 0 only when every selected
+// row was measured.
 int Run(int argc, char** argv, const std::function<void()>& registerRows);
 
 }  // namespace bench

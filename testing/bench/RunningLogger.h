@@ -1,4 +1,4 @@
-// The agent's logger, writing to a folder of its own while this lives.
+// Runs the agent's logger in a folder of its own for the lifetime of the object.
 #pragma once
 
 #include "log/ILog.h"

@@ -1,4 +1,4 @@
-// Many measurements of one thing, and what they come to.
+// Many measurements of one thing, with their mean and quantiles.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ class Samples {
         values_.insert(values_.end(), others.values_.begin(), others.values_.end());
     }
 
-    // The value that `fraction` of all values do not exceed.
+    // Returns the value that `fraction` of all values do not exceed.
     double Quantile(double fraction) const {
         if (values_.empty()) return 0;
         std::vector<double> sorted = values_;
@@ -36,7 +36,7 @@ class Samples {
     std::vector<double> values_;
 };
 
-// Of what is measured, and of the limit or peer beside it.
+// The samples of a row's two sides: what is measured, and its limit or peer.
 struct Pair {
     Samples measured;
     Samples peer;

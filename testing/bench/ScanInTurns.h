@@ -1,4 +1,4 @@
-// The agent's scan of the machine as it is, in turns with its platform calls alone.
+// Measures the agent's scan of this machine, in turns with its platform calls alone.
 #pragma once
 
 #include "testing/bench/Row.h"

@@ -10,7 +10,7 @@ inline double Nanoseconds() {
     return std::chrono::duration<double, std::nano>(now).count();
 }
 
-// Of one call.
+// Returns the nanoseconds of one call.
 template <typename Work>
 double Timed(Work&& work) {
     const double start = Nanoseconds();

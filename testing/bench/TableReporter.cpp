@@ -12,7 +12,7 @@ namespace {
 
 using Run = benchmark::BenchmarkReporter::Run;
 
-// Nothing where the row has no such result.
+// Returns nothing when the run has no such counter.
 std::optional<double> Result(const Run& run, const std::string& counter) {
     const auto found = run.counters.find(counter);
     if (found == run.counters.end()) return {};

@@ -1,5 +1,4 @@
-// Prints each run as a line of the one Markdown table of scripts/bench. What failed is told on
-// stderr instead.
+// Prints each run as a line of the Markdown table of scripts/bench. Failures go to stderr instead.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -10,7 +9,7 @@ namespace bench {
 
 class TableReporter : public benchmark::BenchmarkReporter {
  public:
-    // The table's head is printed by whoever puts the programs' lines together.
+    // scripts/bench, which joins the programs' lines, prints the table's head.
     bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override;
 

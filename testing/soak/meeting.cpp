@@ -26,7 +26,7 @@ constexpr milliseconds kStorm{3000};
 constexpr milliseconds kPatience{10000};
 // Covers the two events of a session, and what a storm's host threads leave in the runtime.
 constexpr std::int64_t kHeapOfASession = 8192;
-// At most this many locks of the agent and the host keep an event, as MinGW's do from the first wait.
+// MinGW's locks keep an event from their first wait on; agent and host have at most this many.
 constexpr std::int64_t kLocks = 24;
 
 struct Level {

@@ -1,4 +1,4 @@
-// The platform calls that a report with all four buttons lit is made of, and nothing else.
+// Makes only the platform calls that compose a report with all four buttons lit.
 #pragma once
 
 #include <windows.h>

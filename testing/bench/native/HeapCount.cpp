@@ -37,7 +37,7 @@ void* operator new(std::size_t size) {
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
-// The linker sends the agent's calls of these functions here (its option --wrap).
+// The linker redirects the agent's calls of these functions to here (its option --wrap).
 #define VELA_WRAP(result, name, parameters, arguments) \
     extern "C" result __real_##name parameters;        \
     extern "C" result __wrap_##name parameters {       \

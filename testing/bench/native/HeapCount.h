@@ -1,4 +1,4 @@
-// Counts heap allocations, but for those inside the simulated platform.
+// Counts heap allocations, except those inside the simulated platform.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@ namespace bench {
 std::size_t AllocationsOfAllThreads();
 std::size_t AllocationsOfThisThread();
 
-// Where one lives, its thread's allocations are not the agent's.
+// While an object lives, its thread's allocations are not counted as the agent's.
 class Uncounted {
  public:
     Uncounted();

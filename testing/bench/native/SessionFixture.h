@@ -9,11 +9,11 @@
 
 namespace bench {
 
-// The touchpad as it comes, or another device that no session wants.
+// Return the standard touchpad, and a device that no session opens.
 simulator::DeviceDescription Touchpad();
 simulator::DeviceDescription OtherDevice();
 
-// An empty machine that keeps no record of calls.
+// Returns an empty machine that does not record calls.
 simulator::Machine& EmptyMachine();
 
 class SessionFixture {

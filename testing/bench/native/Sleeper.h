@@ -1,4 +1,4 @@
-// A thread that sleeps until it is woken, and sleeps again.
+// A thread that sleeps until it is woken, then sleeps again.
 #pragma once
 
 #include <condition_variable>

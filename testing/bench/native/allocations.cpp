@@ -1,5 +1,5 @@
-// Heap allocations of the agent's own, the platform's left out. What is handed on has to lie
-// somewhere: a report in the queue or with the kernel, a message with the writer.
+// Counts the agent's own heap allocations, without the platform's. Some are needed, for data that
+// is handed on: a report in the queue or at the kernel, a line for the log's writer.
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/RunningLogger.h"
@@ -12,14 +12,14 @@ namespace {
 using namespace bench;
 
 constexpr int kTimes = 1000;
-// A deque's blocks: 512 bytes, in which so many entries fit.
+// The number of entries in a deque's block of 512 bytes.
 constexpr double kReportsInBlock = 16;
 constexpr double kLinesInBlock = 6;
 constexpr double kQueuedReport = 1 + 1 / kReportsInBlock;
 constexpr double kQueuedLine = 1 + 1 / kLinesInBlock;
 constexpr double kOperations = 2;
 
-// The row's peer is what is needed.
+// The row's peer is the number of allocations that are needed.
 template <typename Work>
 void CountEach(benchmark::State& state, const Row& row, std::size_t (*count)(), double needed,
                Work work) {
@@ -31,16 +31,16 @@ void CountEach(benchmark::State& state, const Row& row, std::size_t (*count)(), 
 }
 
 void CountForReport(benchmark::State& state, const Row& row, std::uint8_t events,
-                    std::size_t answers, double needed) {
+                    std::size_t lightReports, double needed) {
     SessionFixture fixture;
-    const Uncounted stageHand;
+    const Uncounted uncounted;
     simulator::Device& device = fixture.Device();
     const simulator::Bytes report = {virtual_touchpad::kButtonReportId, events, 0};
     CountEach(state, row, AllocationsOfAllThreads, needed, [&] {
         device.WaitForPendingReads();
         device.SendInput(report);
         device.WaitForPendingReads();
-        device.WaitForOutputs(answers);
+        device.WaitForOutputs(lightReports);
         device.ForgetOutputs();
     });
 }
@@ -59,7 +59,7 @@ void CountForSetButtonLight(benchmark::State& state, const Row& row) {
     bool on = false;
     CountEach(state, row, AllocationsOfThisThread, kQueuedReport, [&] {
         fixture.Session().SetButtonLight(vela::BUTTON_ID_CAMERA, on = !on);
-        const Uncounted stageHand;
+        const Uncounted uncounted;
         fixture.Device().WaitForOutputs(1);
         fixture.Device().ForgetOutputs();
     });

@@ -1,5 +1,5 @@
-// How long callers are held up that change lights all at once, behind a touchpad that takes its
-// time for each write.
+// Measures how long callers are held up that change lights at the same time, on a touchpad with
+// slow writes.
 #include <atomic>
 #include <chrono>
 #include <thread>
@@ -18,7 +18,7 @@ constexpr int kTurns = 20;
 constexpr int kCallers = 8;
 constexpr std::chrono::milliseconds kWrite{100};
 
-// Lets each write take its time.
+// Lets each write take kWrite.
 class SlowWrites {
  public:
     explicit SlowWrites(simulator::Device& device) : device_(device) {
@@ -51,7 +51,7 @@ class SlowWrites {
     std::thread thread_;
 };
 
-// One call of each caller, from when all are there.
+// Returns the times of one call by each caller, which all start together.
 Samples Burst(SessionFixture& fixture) {
     std::atomic<int> ready{0};
     std::vector<double> times(kCallers);
@@ -91,7 +91,7 @@ void BurstBesideOneWrite(benchmark::State& state, const Row& row) {
 
 int main(int argc, char** argv) {
     return Run(argc, argv, [] {
-        // Without an order among the callers a call takes 2.3 writes, as the mean of eight.
+        // With unordered callers a call takes the time of 2.3 writes, as the mean of eight.
         const Row row{"light call of 8 callers at once, mean", "one write of 100 ms", kMedians,
                       2.2};
         Register(row, kTurns, BurstBesideOneWrite)->UseManualTime();

@@ -1,5 +1,5 @@
-// Sessions opened and closed over and over: as fast at the end as in the beginning, and what they
-// leave behind.
+// Opens and closes sessions over and over, and measures whether that stays as fast as at the
+// beginning, and what it leaves on the heap.
 #include <malloc.h>
 
 #include "hid/HIDDiscovery.h"
@@ -31,7 +31,7 @@ class Cycles {
     vela::CTandrelHID session_;
 };
 
-// The first and the last part are beside each other here: they cannot take turns.
+// Compares the last part with the first one. These cannot take turns.
 void TimeCycles(benchmark::State& state, const Row& row) {
     Cycles cycles;
     Pair pair;
@@ -48,7 +48,7 @@ void TimeCycles(benchmark::State& state, const Row& row) {
 
 double HeapInUse() { return static_cast<double>(mallinfo2().uordblks); }
 
-// A session's two events are never closed, for the sake of operations that end late.
+// A session never closes its two events, because operations may end late.
 double HeapOfTwoEvents() {
     const double before = HeapInUse();
     for (int i = 0; i < kPart; ++i) {

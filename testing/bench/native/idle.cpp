@@ -1,4 +1,4 @@
-// How often an idle agent's threads wake up: reader, writer and the logger's.
+// Counts how often an idle agent's threads wake up: the reader, the writer and the logger's.
 // Usage: idle [SECONDS] [OPTIONS OF GOOGLE BENCHMARK]...
 #include <chrono>
 #include <cstdio>
@@ -19,7 +19,7 @@ namespace {
 
 using namespace bench;
 
-// Each time that a thread went to sleep on its own, it had been woken.
+// Counts how often threads went to sleep voluntarily: each time they had been woken before.
 long Sleeps() {
     constexpr char kField[] = "voluntary_ctxt_switches:";
     long sleeps = 0;
@@ -39,7 +39,7 @@ long Sleeps() {
 void WatchIdleAgent(benchmark::State& state, const Row& row, std::chrono::seconds time) {
     const RunningLogger logger;
     SessionFixture fixture;
-    // What setting up queued is written meanwhile.
+    // The reports of the setup are written meanwhile.
     std::this_thread::sleep_for(std::chrono::seconds(1));
     long woken = 0;
     for (auto _ : state) {

@@ -1,4 +1,5 @@
-// The logger beside its peers: what a call costs its caller, and how fast lines reach the file.
+// Measures the logger beside its peers: the cost of a call for its caller, and the rate of lines to
+// the file.
 #include <spdlog/async.h>
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
@@ -19,7 +20,7 @@ using namespace bench;
 
 constexpr int kLines = 4000;
 
-// A burst on each of `threads` threads at once; every call is timed.
+// Makes a burst of calls on each of `threads` threads at once, and times every call.
 template <typename Call>
 Samples Burst(int threads, Call call) {
     constexpr int kCallsInBurst = 256;
@@ -40,7 +41,7 @@ Samples Burst(int threads, Call call) {
     return all;
 }
 
-// The logger's queue is empty again afterwards, so that one burst does not slow the next.
+// Stops the logger at the end, which empties its queue: one burst does not slow the next.
 Samples AgentBurst(int threads) {
     const RunningLogger running;
     vela::ILog* const log = vela::GetLogger();
@@ -83,7 +84,7 @@ void RegisterCalls(int threads) {
     }
 }
 
-// Callers name themselves by a literal, as a rule, of which a string is made first.
+// Callers usually pass their name as a literal, which is first converted to a string.
 template <typename Name>
 void RegisterNotInitialised(const std::string& what, const Name& name) {
     constexpr int kCalls = 1000;
@@ -111,7 +112,7 @@ void RegisterNotInitialised(const std::string& what, const Name& name) {
 int main(int argc, char** argv) {
     return Run(argc, argv, [] {
         RegisterNotInitialised("Log call, logger not initialised", std::string("Update"));
-        // An array would be captured as such; a caller's literal is a pointer.
+        // The template argument keeps the literal a pointer, as callers pass it, not an array.
         RegisterNotInitialised<const char*>("Log call, logger not initialised, name a literal",
                                             "Update");
         for (const int threads : {1, 4}) RegisterCalls(threads);

@@ -1,5 +1,5 @@
-// The platform's printf without the simulator's translation of formats, which costs more than the
-// rest of a log call. No measured format needs it.
+// Replaces the platform's printf by one without the simulator's translation of formats, which costs
+// more than the rest of a log call. No measured format needs it.
 #include <cstdarg>
 #include <cstdio>
 
@@ -11,7 +11,7 @@ int _vscprintf(const char* format, va_list arguments) {
 
 int _vsnprintf(char* buffer, std::size_t count, const char* format, va_list arguments) {
     const int length = std::vsnprintf(buffer, count, format, arguments);
-    // One that fits without its null character has lost its last letter here.
+    // vsnprintf cuts off the last letter of a text that fits only without its null character.
     return static_cast<std::size_t>(length) < count ? length : -1;
 }
 

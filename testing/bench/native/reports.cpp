@@ -1,4 +1,4 @@
-// What a light report costs on the caller's thread, beside the platform calls that it is made of.
+// Measures a light report's cost on the caller's thread, beside the platform calls that compose it.
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/RunningLogger.h"
@@ -40,8 +40,8 @@ void ComposeBesideCalls(benchmark::State& state, const Row& row) {
         [&] { return TimeOfCalls(bare); });
 }
 
-// A thread is woken sooner on a core that has just been busy. Before each waking the other core is
-// left alone for so long that it meets all of them alike, whatever the last turn did there.
+// A thread wakes sooner on a core that has just been busy. This pause before each waking leaves the
+// other core idle long enough to be in the same state, whatever the last turn did there.
 void Rest() {
     constexpr double kLongEnough = 100000;
     const double start = Nanoseconds();
@@ -49,7 +49,7 @@ void Rest() {
     }
 }
 
-// Each call changes the light, and the writer has written its report before the next one.
+// Each call changes the light, and waits until the writer has written the report.
 class LightSwitch {
  public:
     explicit LightSwitch(SessionFixture& fixture) : fixture_(fixture) {}
@@ -80,7 +80,7 @@ void SetLightBesideCallsLogged(benchmark::State& state, const Row& row) {
     SetLightBesideCalls(state, row);
 }
 
-// What no hand-over to a writer thread can go below.
+// The peer here is the lower limit of any hand-over to a writer thread.
 void SetLightBesideWaking(benchmark::State& state, const Row& row) {
     SessionFixture fixture;
     BareComposition bare = BareCompositionOf(fixture);

@@ -1,5 +1,5 @@
-// A scan of few and of many interfaces, beside the platform calls that it makes. The touchpad comes
-// last.
+// Measures a scan of few and of many interfaces, beside the platform calls that it makes. The
+// touchpad is enumerated last.
 #include <stdexcept>
 
 #include "hid/HIDDiscovery.h"
@@ -48,7 +48,7 @@ void RegisterScanOf(int interfaces) {
         ->UseManualTime();
 }
 
-// The simulated machine's own time is not linear: what is counted are calls.
+// Counts calls instead of time, because the simulated machine's own time is not linear.
 void CountCalls(benchmark::State& state, const Row& row) {
     double ofMany = 0;
     double ofFew = 0;

@@ -7,7 +7,7 @@
 namespace bench {
 namespace {
 
-// All four buttons lit, the camera's light on or off.
+// Light reports with all four buttons lit, the camera's light off or on.
 constexpr std::size_t kLightReportSize = virtual_touchpad::kOutputReportLength;
 constexpr BYTE kLightReports[2][kLightReportSize] = {{2, 0, 3, 3, 3, 0, 3, 0, 0x0F},
                                                      {2, 3, 0, 3, 3, 0, 3, 0, 0x0F}};

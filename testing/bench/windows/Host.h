@@ -1,4 +1,4 @@
-// Whoever has the touchpad open: the agent, or nothing but the system calls.
+// A host that has the touchpad open, through the agent or with nothing but system calls.
 #pragma once
 
 #include <atomic>
@@ -17,13 +17,13 @@ namespace bench {
 class Host {
  public:
     virtual ~Host() = default;
-    // When the last press was handed to the host, as Nanoseconds tells it; 0 until it comes.
+    // Returns when the host got the last press, by the clock of Nanoseconds; 0 until then.
     virtual double PressSeen() const = 0;
     virtual void Forget() = 0;
 };
 
-// A session with the feature on and all four buttons lit; the agent answers the camera's press with
-// a light report.
+// Opens a session with the feature on and all four buttons lit; the agent writes a light report for
+// each press of the camera button.
 class AgentHost final : public Host {
  public:
     explicit AgentHost(const kit::AgentDll& agent);
@@ -37,9 +37,9 @@ class AgentHost final : public Host {
 
 enum class WritesOn { TheReader, AThreadOfItsOwn };
 
-// Waits for a report, notes the time, writes one of two light reports and waits until it is
-// written: then and there, or on a second thread, as the agent has to, whose host may ask for
-// lights as well; that one is woken as the agent's is.
+// Waits for a report, records the time, writes one of two light reports and waits until it is
+// written, either on the same thread or on a second one. The agent needs a second one because its
+// host may set lights too; the one here is woken in the same way.
 class BareHost final : public Host {
  public:
     BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad,
@@ -65,7 +65,7 @@ class BareHost final : public Host {
     vela::SlimMutex mutex_;  // guards: queue_
     vela::SlimConditionVariable queued_;
     std::deque<std::size_t> queue_;
-    std::thread writer_;  // only with a thread of its own
+    std::thread writer_;  // only for WritesOn::AThreadOfItsOwn
     std::thread reader_;
 };
 

@@ -1,4 +1,4 @@
-// The DLL's size, and how long loading it takes, beside one whose exports do nothing.
+// Measures the DLL's size and loading time, beside a DLL whose exports do nothing.
 #include <windows.h>
 
 #include <filesystem>

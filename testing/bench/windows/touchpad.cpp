@@ -1,5 +1,5 @@
-// From the touchpad to the host and back: the agent's session beside a bare loop of the same reads
-// and writes, on one virtual touchpad, in turns.
+// Measures the way from the touchpad to the host and back: the agent's session and a bare loop of
+// the same reads and writes take turns on one virtual touchpad.
 #include <functional>
 #include <optional>
 #include <stdexcept>
@@ -43,7 +43,8 @@ Latencies Presses(virtual_touchpad::TouchpadControl& touchpad, Host& host) {
         host.Forget();
         const double start = Nanoseconds();
         touchpad.Press(kCameraButton);
-        // Each question costs the device as much as a report: none until the host has the press.
+        // A query costs the device as much as a report, so none is made until the host has the
+        // press.
         WaitUntil([&] {
             SwitchToThread();
             return host.PressSeen() != 0;
@@ -67,7 +68,7 @@ Latencies PressesOnBareHost(const std::wstring& path, WritesOn thread,
     return Presses(touchpad, host);
 }
 
-// The DLL's own logger.
+// Runs the DLL's logger, when wanted.
 class Logging {
  public:
     Logging(const kit::AgentDll& agent, bool wanted) : agent_(wanted ? &agent : nullptr) {

@@ -1,5 +1,5 @@
-// A scan of this machine as it is, with the virtual touchpad. The vendor file is left out: it lies
-// beside the DLL, and these objects of it are in a program.
+// Scans this machine with the virtual touchpad. No vendor file is read: it lies beside the DLL,
+// whose object files are linked into this program.
 #include "testing/bench/Run.h"
 #include "testing/bench/ScanInTurns.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
