@@ -17,11 +17,11 @@ namespace {
 constexpr int kTurns = 25;
 
 // Returns the time from the first call until the last line is in the file.
-double TimeOfAgent(const LogFolder& folder, int lines) {
-    std::filesystem::remove(folder.AgentLog());
+double TimeOfAgent(const kit::LogFolder& folder, int lines) {
+    std::filesystem::remove(folder.File());
     vela::ILog* const log = vela::GetLogger();
     return Timed([&] {
-        log->Initialize(folder.ForAgent());
+        log->Initialize(folder.Path().wstring());
         for (int i = 0; i < lines; ++i) {
             log->Info("SetButtonLight for BUTTON_ID 2 (1)", "SetButtonLight");
         }
@@ -46,11 +46,11 @@ std::vector<std::string> LinesOf(const std::filesystem::path& file) {
 }
 
 void WriteInTurns(benchmark::State& state, const Row& row, int count) {
-    const LogFolder folder;
+    const kit::LogFolder folder;
     const std::filesystem::path bareLog = folder.Path() / "bare.log";
     TimeOfAgent(folder, count);
     // The logger adds one line of its own at its end.
-    const std::vector<std::string> lines = LinesOf(folder.AgentLog());
+    const std::vector<std::string> lines = LinesOf(folder.File());
     const auto rate = [&](double time) { return static_cast<double>(lines.size()) / (time / 1e9); };
     Pair rates;
     for (auto _ : state) {
@@ -58,7 +58,7 @@ void WriteInTurns(benchmark::State& state, const Row& row, int count) {
         state.SetIterationTime(time / 1e9);
         rates.measured.Add(rate(time));
         rates.peer.Add(rate(TimeOfBareLoop(bareLog, lines)));
-        if (std::filesystem::file_size(folder.AgentLog()) != std::filesystem::file_size(bareLog)) {
+        if (std::filesystem::file_size(folder.File()) != std::filesystem::file_size(bareLog)) {
             throw std::runtime_error("the two logs differ");
         }
     }

@@ -8,13 +8,13 @@ namespace bench {
 
 class RunningLogger {
  public:
-    RunningLogger() { vela::GetLogger()->Initialize(folder_.ForAgent()); }
+    RunningLogger() { vela::GetLogger()->Initialize(folder_.Path().wstring()); }
     ~RunningLogger() { vela::GetLogger()->UnInitialize(); }
     RunningLogger(const RunningLogger&) = delete;
     RunningLogger& operator=(const RunningLogger&) = delete;
 
  private:
-    LogFolder folder_;
+    kit::LogFolder folder_;
 };
 
 }  // namespace bench

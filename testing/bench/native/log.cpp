@@ -52,7 +52,7 @@ Samples AgentBurst(int threads) {
 }
 
 Samples PeerBurst(int threads, spdlog::async_overflow_policy policy) {
-    const LogFolder folder;
+    const kit::LogFolder folder;
     const std::filesystem::path file = folder.Path() / "peer.log";
     const auto pool = std::make_shared<spdlog::details::thread_pool>(8192, 1);
     const auto sink = std::make_shared<spdlog::sinks::basic_file_sink_mt>(file.string());

@@ -72,7 +72,7 @@ Latencies PressesOnBareHost(const std::wstring& path, WritesOn thread,
 class Logging {
  public:
     Logging(const kit::AgentDll& agent, bool wanted) : agent_(wanted ? &agent : nullptr) {
-        if (agent_ != nullptr) agent_->InitLogger(folder_.ForAgent().c_str());
+        if (agent_ != nullptr) agent_->InitLogger(folder_.Path().c_str());
     }
     ~Logging() {
         if (agent_ != nullptr) agent_->UnInitLogger();
@@ -81,7 +81,7 @@ class Logging {
     Logging& operator=(const Logging&) = delete;
 
  private:
-    LogFolder folder_;
+    kit::LogFolder folder_;
     const kit::AgentDll* agent_;
 };
 
