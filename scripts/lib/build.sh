@@ -1,17 +1,17 @@
 # shellcheck shell=bash
-# Sourced: headings, and commands whose output is shown only when they fail. The caller sets `results`
-# before, to the folder that its logs go to.
+# Sourced: prints headings, and runs commands whose output is shown only when they fail. The caller
+# first sets `results` to the folder for its logs.
 : "${results:?}"
 
 heading() { printf '\n== %s\n' "$*"; }
 
-# fresh_results: an empty folder for the results of this run.
+# fresh_results: empties the folder for the results of this run.
 fresh_results() {
   rm -rf "$results"
   mkdir -p "$results"
 }
 
-# run_logged LOG COMMAND...: false when the command failed, after the end of its output.
+# run_logged LOG COMMAND...: shows the end of the output and returns false when the command fails.
 run_logged() {
   local log=$results/$1
   shift

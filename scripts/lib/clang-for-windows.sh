@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Sourced: what clang is told to compile for Windows with the headers of MinGW-w64. Those of the
-# platform it finds by itself, those of the C++ library it does not.
+# Sourced: clang's options for compiling for Windows with the headers of MinGW-w64. Clang finds those
+# of the platform by itself, but not those of the C++ library.
 
 cxx_library=()
 while read -r folder; do

@@ -1,13 +1,13 @@
 # shellcheck shell=bash
-# Sourced after build.sh by the commands that run soaks: stages with their tables of figures, and the
-# last line.
+# Sourced after build.sh by the commands that run soaks: runs stages, and prints their tables of
+# figures and the last line.
 : "${results:?}"
 
 tables=()
 broken=0
 
-# stage NAME COMMAND...: runs a soak, whose figures go to a table. It is broken when it leaves none, or
-# when it fails although all of its figures are well.
+# stage NAME COMMAND...: runs a soak, whose figures go to a table. The stage is broken when there are no
+# figures, or when the command fails although no figure failed.
 stage() {
   local table=$results/$1.txt code=0
   heading "$1"
@@ -19,10 +19,11 @@ stage() {
   fi
 }
 
-# count RESULT: the figures with this result.
+# count RESULT: prints the number of figures with this result.
 count() { cat "${tables[@]}" | tr -d '\r' | grep -c "| $1\$" || true; }
 
-# print_figures: the tables and the last line; false when a figure failed or a stage was broken.
+# print_figures: prints the tables and the last line. Returns false when a figure failed or a stage was
+# broken.
 print_figures() {
   local table failed
   heading "figures"
