@@ -1,5 +1,5 @@
-# The headers that clang-tidy judges in a build that runs it (preset native-clang). Those that are C
-# too are left out: include/, testing/simulator/include/.
+# The headers that clang-tidy checks in a build that runs it (preset native-clang). Those for C and
+# C++ are left out: include/, testing/simulator/include/.
 if(CMAKE_CXX_CLANG_TIDY)
   list(JOIN VELA_LIBRARY_FOLDERS "|" folders)
   list(APPEND CMAKE_CXX_CLANG_TIDY

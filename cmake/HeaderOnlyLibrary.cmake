@@ -1,6 +1,6 @@
-# vela_header_only_library(TARGET FOLDER HEADER): headers of a package, as system headers of TARGET,
-# which is not made when there are none. A link to FOLDER, because the folder that it is in holds the
-# build machine's own headers too, which a cross build must not see.
+# vela_header_only_library(TARGET FOLDER HEADER): adds TARGET with a package's headers as system
+# headers, unless the package is missing. The include path has a link to FOLDER only, because its
+# parent folder also has the build machine's own headers, which a cross build must not use.
 function(vela_header_only_library target folder header)
   find_path(${target}_PARENT ${folder}/${header} PATHS /usr/include /usr/local/include
     NO_CMAKE_FIND_ROOT_PATH)

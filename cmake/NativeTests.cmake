@@ -1,6 +1,6 @@
-# vela_native_tests(NAME FOLDER): NAME_tests, a program of a folder's files *_test.cpp. Every test runs
-# in a process of its own, as the library's singletons and the product string of a session live as long
-# as the process. Suites named "Slow..." really wait.
+# vela_native_tests(NAME FOLDER): adds the program NAME_tests of a folder's files *_test.cpp. Every test
+# runs in a process of its own, because the library's singletons and the product string of a session
+# live as long as the process. Suites named "Slow..." really wait.
 function(vela_native_tests name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${folder}/*_test.cpp ${folder}/*/*_test.cpp)
   set(program ${name}_tests)
@@ -8,7 +8,8 @@ function(vela_native_tests name folder)
   target_link_libraries(${program} PRIVATE native_fixtures GTest::gtest_main vela_warnings)
   target_precompile_headers(${program} REUSE_FROM native_fixtures)
   if(VELA_SANITIZERS AND name MATCHES "^(simulator|hid|haptic|log)$")
-    # These start no session, or end what they start. With a sanitizer a process costs more than a test.
+    # With a sanitizer a process takes longer than a test. These programs run all tests in one process:
+    # they start no session, or end what they start.
     add_test(NAME ${name} COMMAND ${program} --gtest_filter=-Slow* --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)
     return()

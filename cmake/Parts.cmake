@@ -1,12 +1,12 @@
-# Which parts can be built here besides the library, its headers and the examples: VELA_DRIVER,
-# VELA_TOOLS, VELA_TESTS. A native build needs no more than a compiler and GoogleTest.
+# Decides which parts can be built besides the library, its headers and the examples: VELA_DRIVER,
+# VELA_TOOLS, VELA_TESTS. A native build only needs a compiler and GoogleTest.
 if(NOT WIN32)
   set(VELA_TESTS ON)
   return()
 endif()
 
-# The driver is written for MinGW-w64, whose headers of the kernel are in a folder of their own
-# beside the others.
+# The driver is written for MinGW-w64, whose kernel headers are in a folder of their own beside the
+# others.
 if(MINGW)
   find_path(MINGW_DDK_FOLDER ntddk.h PATHS ${CMAKE_FIND_ROOT_PATH}/include/ddk
     NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
@@ -17,7 +17,7 @@ else()
   message(STATUS "Not built: the virtual touchpad's driver (no kernel headers of MinGW-w64)")
 endif()
 
-# What the tools are made with.
+# The tools need the headers of CLI11 and nlohmann json.
 include(HeaderOnlyLibrary)
 vela_header_only_library(cli11_headers CLI CLI.hpp)
 vela_header_only_library(json_headers nlohmann json.hpp)
@@ -27,7 +27,7 @@ else()
   message(STATUS "Not built: the tools (no headers of CLI11 or nlohmann json)")
 endif()
 
-# They run the tools, on the driver's touchpad.
+# The tests run the tools on the driver's touchpad.
 if(VELA_DRIVER AND VELA_TOOLS)
   set(VELA_TESTS ON)
 else()

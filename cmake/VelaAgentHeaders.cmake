@@ -1,5 +1,5 @@
-# What a host compiles against, for those that load the DLL themselves; the version comes from the
-# project.
+# The headers for hosts, as a target for those that load the DLL themselves. The version comes from
+# the project.
 set(VELA_VERSION_HEADER ${CMAKE_BINARY_DIR}/include/VelaAgentVersion.h)
 configure_file(include/VelaAgentVersion.h.in ${VELA_VERSION_HEADER} @ONLY)
 add_library(VelaAgentHeaders INTERFACE)
@@ -8,7 +8,7 @@ target_include_directories(VelaAgentHeaders INTERFACE
   $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>)
 set_target_properties(VelaAgentHeaders PROPERTIES EXPORT_NAME headers)
 
-# Every build compiles each of them by itself, with its own compiler and all of our warnings.
+# Every build compiles each header by itself, with its own compiler and all of our warnings.
 function(vela_compile_header header extension)
   set(source ${CMAKE_CURRENT_BINARY_DIR}/headers/${header}.${extension})
   file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\"\n#include \"VelaAgentVersion.h\"\n")

@@ -1,5 +1,5 @@
-# VelaAgent.dll: the exports of interface/VelaAgent.def, a version resource, and no runtime files
-# beside it.
+# Builds VelaAgent.dll with the exports of interface/VelaAgent.def and a version resource. It needs no
+# runtime files beside it.
 enable_language(RC)
 configure_file(interface/VelaAgent.rc.in ${CMAKE_CURRENT_BINARY_DIR}/VelaAgent.rc @ONLY)
 
@@ -14,7 +14,7 @@ target_compile_definitions(VelaAgent PRIVATE UNICODE _UNICODE)
 
 if(MSVC)
   set_property(TARGET VelaAgent PROPERTY MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
-  # The guard's checks are the compiler's to make, and the linker's to declare.
+  # Control Flow Guard needs both: the compiler inserts the checks, the linker declares them.
   target_compile_options(VelaAgent PRIVATE /guard:cf)
   target_link_options(VelaAgent PRIVATE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf)
 else()

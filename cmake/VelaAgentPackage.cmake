@@ -1,5 +1,5 @@
-# What host developers get: `cmake --install BUILD --prefix FOLDER`, and `cpack` for the same as a
-# ZIP file.
+# The package for host developers: `cmake --install BUILD --prefix FOLDER` installs it, and `cpack`
+# makes a ZIP file of it.
 include(CMakePackageConfigHelpers)
 
 set(package_folder lib/cmake/VelaAgent)
@@ -22,9 +22,9 @@ if(VELA_TOOLS)
   install(TARGETS velactl RUNTIME DESTINATION bin)
 endif()
 install(FILES include/VelaAgent.h include/VelaAgent.hpp ${VELA_VERSION_HEADER} DESTINATION include)
-# From which other toolchains make their import libraries.
+# Other toolchains make their import libraries from this file.
 install(FILES interface/VelaAgent.def DESTINATION lib)
-# Not beside the DLL: there it would take effect.
+# The example is not installed beside the DLL, where it would take effect.
 install(FILES packaging/Vela.ini DESTINATION share/VelaAgent)
 install(FILES packaging/README.md docs/processes-and-users.md docs/troubleshooting.md examples/host/host.c
   DESTINATION share/doc/VelaAgent)

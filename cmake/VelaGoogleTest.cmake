@@ -1,5 +1,5 @@
-# GoogleTest from its sources, so that every build (cross builds, sanitizers) compiles it with its own
-# flags. Debian's package "googletest" puts them in /usr/src; elsewhere they are fetched.
+# Builds GoogleTest from its sources, so that every build (cross builds, sanitizers) compiles it with
+# its own flags. Debian's package "googletest" puts them in /usr/src; elsewhere they are fetched.
 set(VELA_GOOGLETEST_SOURCES /usr/src/googletest CACHE PATH "Folder with GoogleTest's sources")
 set(gtest_force_shared_crt ON CACHE BOOL "" FORCE)
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)

@@ -1,4 +1,4 @@
-# Cross build for 64-bit Windows with Debian's MinGW-w64. The -posix flavour: the other one has no
+# Cross build for 64-bit Windows with Debian's MinGW-w64, in its -posix variant: the other one has no
 # std::thread.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
