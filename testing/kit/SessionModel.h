@@ -61,7 +61,7 @@ class SessionModel {
     bool HasClickMode() const { return layout_.hasFeatureReport; }
     bool IsOpen() const { return open_; }
     bool IsPlugged() const { return plugged_; }
-    // Whether the session's handle still reaches the touchpad.
+    // Returns whether the session's handle still reaches the touchpad.
     bool IsConnected() const { return connected_; }
     bool IsTemporarilyDisabled() const { return temporaryDisable_; }
     bool IsDisabled() const { return temporaryDisable_ || tabletModeDisable_; }

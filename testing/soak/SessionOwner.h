@@ -22,7 +22,7 @@ class SessionOwner {
     // afterwards. One that got no light report since `ForgetWritten` counts as dark.
     bool CloseAtRest();
     void IsPresent();
-    // Whether the session, if there is one, was opened on the touchpad that is plugged in now.
+    // Returns whether a session is open on the touchpad that is plugged in now.
     bool Reaches() const { return open_ && unplugged_ == touchpad_.Unplugged(); }
 
     std::int64_t Sessions() const { return sessions_; }

@@ -64,7 +64,7 @@ class Meeting {
             if (!difference.empty() && different_.empty()) different_ = difference;
             Rest();
             PrintProgress(steady_clock::now() - begin);
-            // What grows to a fixed size does so within two storms.
+            // Figures that grow to a fixed size reach it within two storms.
             if (comparisons_ <= 2) first_ = now_;
         } while (steady_clock::now() - begin < duration_);
         JudgeAll();

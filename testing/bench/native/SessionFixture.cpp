@@ -49,8 +49,8 @@ SessionFixture::SessionFixture() : device_(EmptyMachine().Plug(Touchpad())) {
 SessionFixture::~SessionFixture() { session_.Uninitialize(); }
 
 void SessionFixture::Settle() {
-    // Reports are written in the order in which they were queued; the state request is always
-    // written, and no other report is queued behind it.
+    // Reports are written in the order of their queue. The state request is always written, and no
+    // other report is queued after it.
     constexpr std::uint8_t kRequest = virtual_touchpad::kRequestReportId;
     session_.UpdateVelaState();
     std::size_t count = 1;
