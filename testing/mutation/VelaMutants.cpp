@@ -1,0 +1,39 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+constexpr unsigned kMostMutants = 0x10000;
+
+// Of this process and of those that it forks.
+std::atomic<bool> noted[kMostMutants];
+
+unsigned ActiveMutant() {
+    const char* const number = std::getenv("VELA_MUTANT");
+    return number == nullptr ? 0 : static_cast<unsigned>(std::atoi(number));
+}
+
+// Opened for each line, as some tests count what is open, and leaves the error number alone.
+void Note(const char* path, unsigned number) {
+    if (noted[number].exchange(true)) return;
+    const int error = errno;
+    const int file = open(path, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
+    const std::string line = std::to_string(number) + '\n';
+    if (file < 0 || write(file, line.data(), line.size()) < 0) std::abort();
+    close(file);
+    errno = error;
+}
+
+}  // namespace
+
+bool vela_mutant(unsigned number) {
+    static const unsigned active = ActiveMutant();
+    static const char* const reached = std::getenv("VELA_MUTANTS_REACHED");
+    if (reached != nullptr) Note(reached, number);
+    return number == active;
+}
