@@ -1,0 +1,92 @@
+"""Mutates the library and judges its native tests: what scripts/mutation runs."""
+
+import argparse
+import hashlib
+import json
+import os
+import resource
+import sys
+from pathlib import Path
+
+import mirror
+import report
+from finder import Finder
+from judge import Judge
+from mutants import Mutant, Source
+from reach import UnmutatedTestFailed, measure
+
+_RESULTS = Path("build/mutation")
+
+
+def _arguments() -> argparse.Namespace:
+    parser = argparse.ArgumentParser(prog="scripts/mutation")
+    parser.add_argument("seconds", metavar="SECONDS", type=int, nargs="?", default=600)
+    parser.add_argument("--only", metavar="PATH[:LINE]", default="")
+    parser.add_argument("--faults", action="store_true")
+    return parser.parse_args()
+
+
+def _is_wanted(mutant: Mutant, only: str) -> bool:
+    path, _, line = only.partition(":")
+    in_path = not path or f"{mutant.file}/".startswith(f"{path.rstrip('/')}/")
+    return in_path and (not line or mutant.line == int(line))
+
+
+def _find(folders: list[str]) -> dict[str, Source]:
+    paths = [path for folder in folders for path in sorted(Path(folder).iterdir())]
+    files = [str(path) for path in paths if path.suffix in (".cpp", ".h")]
+    finder = Finder(files)
+    for file in files:
+        if file.endswith(".cpp"):
+            finder.read(file)
+    return finder.sources
+
+
+def _build(sources: dict[str, Source], folders: list[str], programs: list[str]) -> set[int]:
+    """Tells the mutants that do not compile, which are remembered until the mutants are others."""
+    kept = _RESULTS / "dropped.json"
+    names = [str(mutant) for source in sources.values() for mutant in source.mutants]
+    key = hashlib.sha256("\n".join(names).encode("utf-8")).hexdigest()
+    known = json.loads(kept.read_text()) if kept.exists() else {}
+    dropped = set(known.get(key, []))
+    mirror.copy_repository(folders[0], set(sources))
+    mirror.configure()
+    mirror.build(sources, dropped, programs)
+    kept.write_text(json.dumps({key: sorted(dropped)}))
+    return dropped
+
+
+def _limit_processes() -> None:
+    """A mutant must not fill the machine's memory or disk, nor leave dumps."""
+    resource.setrlimit(resource.RLIMIT_AS, (8 << 30, 8 << 30))
+    resource.setrlimit(resource.RLIMIT_FSIZE, (256 << 20, 256 << 20))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+def main() -> None:
+    arguments = _arguments()
+    jobs = os.cpu_count() or 1
+    folders = Path("cmake/library-folders.txt").read_text().split()
+    programs = [f"{folder}_tests" for folder in folders]
+    if arguments.faults:
+        programs.append("faults_tests")
+    _RESULTS.mkdir(parents=True, exist_ok=True)
+    print("== finding mutants, and building them all at once", flush=True)
+    sources = _find(folders)
+    dropped = _build(sources, folders, programs)
+    mutants = [mutant for source in sources.values() for mutant in source.mutants]
+    mutants = [mutant for mutant in mutants if mutant.number not in dropped]
+    wanted = [mutant for mutant in mutants if _is_wanted(mutant, arguments.only)]
+    _limit_processes()
+    print("== running the tests without a mutant", flush=True)
+    reaches = measure(programs, jobs)
+    print(f"== judging {len(wanted)} mutants by {len(reaches)} tests\n", flush=True)
+    verdicts = Judge(reaches, arguments.seconds, jobs).judge(wanted)
+    print(report.write(verdicts, _RESULTS), end="")
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except (mirror.BuildFailed, UnmutatedTestFailed) as failure:
+        sys.exit(f"{failure}\nfailed: see build/mutation")

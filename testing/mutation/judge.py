@@ -1,0 +1,80 @@
+"""Judges mutants: a mutant is caught by the first test that fails with it."""
+
+import queue
+import random
+import threading
+import time
+from collections import defaultdict
+from dataclasses import dataclass
+
+import native_tests
+from mutants import Mutant
+from native_tests import Test
+from reach import Reach
+
+
+@dataclass
+class Verdict:
+    mutant: Mutant
+    result: str  # caught, survived, not reached, not judged
+    by: str = ""
+    tests: int = 0  # that were run
+    seconds: float = 0.0
+
+
+class Judge:
+    def __init__(self, reaches: list[Reach], seconds: float, jobs: int) -> None:
+        self._seconds = {reach.test: reach.seconds for reach in reaches}
+        self._tests: dict[int, list[Test]] = defaultdict(list)
+        for reach in reaches:
+            for number in reach.mutants:
+                self._tests[number].append(reach.test)
+        self._catchers: dict[str, set[Test]] = defaultdict(set)  # by file
+        self._end = time.monotonic() + seconds
+        self._jobs = jobs
+
+    def judge(self, mutants: list[Mutant]) -> list[Verdict]:
+        """In a random order, so that those judged in time stand for all. A mutant that was begun is
+        judged to its end: those that survive take the longest."""
+        waiting: queue.SimpleQueue[Mutant] = queue.SimpleQueue()
+        reached = [mutant for mutant in mutants if mutant.number in self._tests]
+        random.Random(1).shuffle(reached)
+        for mutant in reached:
+            waiting.put(mutant)
+        verdicts = {mutant.number: Verdict(mutant, "not judged") for mutant in reached}
+
+        def work() -> None:
+            while time.monotonic() < self._end:
+                try:
+                    mutant = waiting.get_nowait()
+                except queue.Empty:
+                    return
+                verdicts[mutant.number] = self._judge_one(mutant)
+
+        workers = [threading.Thread(target=work, daemon=True) for _ in range(self._jobs)]
+        for worker in workers:
+            worker.start()
+        for worker in workers:
+            worker.join()
+        return [verdicts.get(each.number, Verdict(each, "not reached")) for each in mutants]
+
+    def _in_order(self, mutant: Mutant) -> list[Test]:
+        """First those that caught a neighbour, then those of the folder; the quickest first."""
+        catchers = set(self._catchers[mutant.file])
+
+        def order(test: Test) -> tuple[bool, bool, float]:
+            elsewhere = test.program != f"{mutant.folder}_tests"
+            return test not in catchers, elsewhere, self._seconds[test]
+
+        return sorted(self._tests[mutant.number], key=order)
+
+    def _judge_one(self, mutant: Mutant) -> Verdict:
+        start = time.monotonic()
+        variables = {"VELA_MUTANT": str(mutant.number)}
+        tests = self._in_order(mutant)
+        for count, test in enumerate(tests, 1):
+            outcome = native_tests.run(test, variables, 5 * self._seconds[test] + 15)
+            if not outcome.passed:
+                self._catchers[mutant.file].add(test)
+                return Verdict(mutant, "caught", str(test), count, time.monotonic() - start)
+        return Verdict(mutant, "survived", "", len(tests), time.monotonic() - start)
