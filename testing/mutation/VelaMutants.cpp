@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr unsigned kMostMutants = 0x10000;
+constexpr unsigned kMostMutants = 0x40000;
 
 // Of this process and of those that it forks.
 std::atomic<bool> noted[kMostMutants];

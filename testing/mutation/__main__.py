@@ -1,7 +1,6 @@
 """Mutates the library and judges its native tests: what scripts/mutation runs."""
 
 import argparse
-import hashlib
 import json
 import os
 import resource
@@ -43,16 +42,15 @@ def _find(folders: list[str]) -> dict[str, Source]:
 
 
 def _build(sources: dict[str, Source], folders: list[str], programs: list[str]) -> set[int]:
-    """Tells the mutants that do not compile, which are remembered until the mutants are others."""
+    """Tells the mutants that do not compile, which are remembered for the next time."""
     kept = _RESULTS / "dropped.json"
-    names = [str(mutant) for source in sources.values() for mutant in source.mutants]
-    key = hashlib.sha256("\n".join(names).encode("utf-8")).hexdigest()
-    known = json.loads(kept.read_text()) if kept.exists() else {}
-    dropped = set(known.get(key, []))
+    names = {mutant.number: str(mutant) for source in sources.values() for mutant in source.mutants}
+    known = json.loads(kept.read_text()) if kept.exists() else []
+    dropped = {number for number, name in names.items() if name in known}
     mirror.copy_repository(folders[0], set(sources))
     mirror.configure()
     mirror.build(sources, dropped, programs)
-    kept.write_text(json.dumps({key: sorted(dropped)}))
+    kept.write_text(json.dumps([names[number] for number in dropped]))
     return dropped
 
 

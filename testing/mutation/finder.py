@@ -29,17 +29,19 @@ _FUNCTIONS = {
     "FunctionDecl",
 }
 
+# A change of one file leaves the numbers of the others, which then need not be compiled again.
+_NUMBERS_OF_A_FILE = 1000
+
 
 class Finder:
     def __init__(self, files: list[str]) -> None:
         self.sources: dict[str, Source] = {}
-        for file in files:
+        for index, file in enumerate(files):
             with open(file, encoding="latin-1") as text:
-                self.sources[file] = Source(file, text.read())
-        self.source = Source("", "")  # of the function that is visited
+                self.sources[file] = Source(file, text.read(), 1 + index * _NUMBERS_OF_A_FILE)
+        self.source = Source("", "", 0)  # of the function that is visited
         self.in_function = False
         self._seen: set[tuple[str, int]] = set()
-        self._numbers = itertools.count(1)
         self._depths = itertools.count()
         self._rules: list[Callable[["Finder", Node], None]] = [
             statements.mutate,
@@ -56,7 +58,7 @@ class Finder:
     def mutant(self, begin: int, end: int, changed: str) -> Mutant:
         """`changed` stands for the text from `begin` to `end`."""
         source = self.source
-        number = next(self._numbers)
+        number = source.first_number + len(source.mutants)
         change = source.change(begin, end, changed)
         mutant = Mutant(number, source.file, source.line(begin), *change)
         source.mutants.append(mutant)

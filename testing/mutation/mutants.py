@@ -40,6 +40,7 @@ class Source:
 
     file: str
     text: str
+    first_number: int
     mutants: list[Mutant] = field(default_factory=list)
     edits: list[Edit] = field(default_factory=list)
 
