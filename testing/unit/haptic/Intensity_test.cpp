@@ -83,7 +83,10 @@ TEST_P(GetIntensityFailureTest, IsLoggedWithTheLastErrorAndReturnsZero) {
     EXPECT_EQ(session_.GetIntensityLevel(), 0U);
     EXPECT_EQ(session_.GetIntensityLevel(), 42U);
     session_.Uninitialize();
-    EXPECT_EQ(log_.TextsOf("GetIntensityLevel")[0], ExpectedLine("GetIntensityLevel"));
+    EXPECT_THAT(
+        log_.TextsOf("GetIntensityLevel"),
+        ElementsAre(ExpectedLine("GetIntensityLevel"),
+                    "INFO GetIntensityLevel: CHapticTouchpadHID GetIntensityLevel(42) succeeded."));
 }
 
 std::string CallName(const testing::TestParamInfo<const char*>& call) { return call.param; }

@@ -310,6 +310,17 @@ TEST_F(LoggerTest, WritesOnWhereTheSizeCannotBeRead) {
     EXPECT_THAT(Machine::Get().DebugOutput(), IsEmpty());
 }
 
+// A line about the failure would query the size again, and so bring about the next one.
+TEST_F(LoggerTest, WritesNoLineAboutASizeThatCannotBeRead) {
+    Machine::Get().RecordFileCalls(true);
+    Machine::Get().FailAlways("GetFileAttributesExW", Fault::Error(5));
+    logger_.Initialize(folder_.wstring());
+    logger_.Log(kLogInfo, "f", "one");
+    ASSERT_TRUE(WaitUntil([this] { return !FileText(file_).empty(); }));
+    logger_.UnInitialize();
+    EXPECT_THAT(ReadLogLines(file_), SizeIs(2));
+}
+
 TEST_F(LoggerTest, NotifiesTheDebuggerOfALineThatDidNotReachTheFile) {
     std::filesystem::create_symlink("/dev/full", file_);
     logger_.Initialize(folder_.wstring());

@@ -62,6 +62,21 @@ TEST_F(IssueMonitorTest, RemembersTheLastReport) {
     EXPECT_TRUE(monitor_.IsWatchedLast());
 }
 
+TEST_F(IssueMonitorTest, BeginsAnewWithEachWatch) {
+    monitor_.Watch(kDark);
+    Issue(kLit);
+    ASSERT_TRUE(monitor_.HasSeenAnother());
+    monitor_.Watch(kDark);
+    EXPECT_FALSE(monitor_.HasSeenAnother());
+}
+
+TEST_F(IssueMonitorTest, ForgetsTheLastReportWithTheSession) {
+    Issue(kDark);
+    monitor_.Restart();
+    monitor_.Watch(kDark);
+    EXPECT_FALSE(monitor_.IsWatchedLast());
+}
+
 TEST_F(IssueMonitorTest, NotesTimeoutsFromTheWatchOn) {
     monitor_.NoteTimeout();
     monitor_.Watch(kDark);

@@ -159,6 +159,8 @@ TEST_F(LastWordsTest, AreNotTakenForTheLastReportWhenAForcedOneLitTheTouchpad) {
     Enqueue(kDark);
     Enqueue(kLit, true);
     ASSERT_TRUE(device_->WaitForOutputs(2));
+    // Else closing may see the forced report as one that was issued meanwhile.
+    writer_.Monitor().AwaitLeaving();
     EXPECT_THAT(Close(), ElementsAre(kDark, kLit, kDark));
 }
 

@@ -157,6 +157,42 @@ TEST_F(OutputQueueTest, LetsCallersGoWhenItIsStopped) {
     caller.join();
 }
 
+// A busy writer empties its queue before it takes what arrived meanwhile.
+TEST_F(OutputQueueTest, CallersWaitUntilEverythingQueuedBeforeIsWritten) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(0));
+    queue_.Put(OutputQueue::Ticket(queue_), Item(1));
+    ASSERT_TRUE(queue_.Take());
+    std::atomic<bool> returned{false};
+    std::thread caller([&] {
+        queue_.Put(OutputQueue::Ticket(queue_), Item(2));
+        returned = true;
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_THAT(Take(queue_, 1), ElementsAre(1));
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_FALSE(returned);
+    EXPECT_THAT(Take(queue_, 1), ElementsAre(2));
+    caller.join();
+}
+
+TEST_F(OutputQueueTest, LetsCallersGoWhenItIsStoppedWithReportsLeft) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(0));
+    queue_.Put(OutputQueue::Ticket(queue_), Item(1));
+    ASSERT_TRUE(queue_.Take());
+    std::thread caller([&] { queue_.Put(OutputQueue::Ticket(queue_), Item(2)); });
+    queue_.Stop();
+    EXPECT_FALSE(queue_.Take());
+    caller.join();
+}
+
+TEST_F(OutputQueueTest, ATicketGivenUpWaitsForNoWrite) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(0));
+    ASSERT_TRUE(queue_.Take());
+    { const OutputQueue::Ticket unused(queue_); }
+    queue_.Stop();
+    EXPECT_FALSE(queue_.Take());
+}
+
 TEST_F(OutputQueueTest, LosesNothingOfManyThreadsAndKeepsTheOrderOfEach) {
     constexpr int kThreads = 4;
     constexpr int kReports = 60;
