@@ -3,8 +3,8 @@
 #include <thread>
 
 #include "testing/acceptance/ExportCalls.h"
-#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
+#include "testing/kit/windows/LitLights.h"
 
 namespace acceptance {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/ExportCalls.h"
-#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
+#include "testing/kit/windows/LitLights.h"
 
 namespace acceptance {
 namespace {

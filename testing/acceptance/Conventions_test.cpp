@@ -3,9 +3,9 @@
 #include <limits>
 #include <thread>
 
+#include "testing/acceptance/TouchpadAcceptanceTest.h"
 #include "testing/kit/windows/LightsText.h"
 #include "testing/kit/windows/LitLights.h"
-#include "testing/acceptance/TouchpadAcceptanceTest.h"
 
 namespace acceptance {
 namespace {

@@ -1,8 +1,8 @@
 // The choice of the touchpad among several HID devices. Wine always has two devices of its own.
 #include "testing/acceptance/FurtherDevice.h"
 #include "testing/acceptance/HidPaths.h"
-#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 

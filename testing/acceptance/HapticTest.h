@@ -6,8 +6,8 @@
 
 #include <memory>
 
-#include "testing/kit/windows/AgentDll.h"
 #include "testing/kit/LogFolder.h"
+#include "testing/kit/windows/AgentDll.h"
 #include "testing/virtual-touchpad/control/VirtualDevice.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 

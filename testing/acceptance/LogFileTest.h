@@ -7,8 +7,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "testing/kit/windows/AgentDll.h"
 #include "testing/kit/LogFolder.h"
+#include "testing/kit/windows/AgentDll.h"
 
 namespace acceptance {
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <thread>
 
-#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/LogFileTest.h"
+#include "testing/kit/windows/ChildProcess.h"
 
 namespace acceptance {
 namespace {

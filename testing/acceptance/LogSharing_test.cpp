@@ -1,6 +1,6 @@
 // The agent's log file while other programs have it open.
-#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/LogFileTest.h"
+#include "testing/kit/windows/ChildProcess.h"
 
 namespace acceptance {
 namespace {

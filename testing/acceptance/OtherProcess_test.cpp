@@ -1,8 +1,8 @@
 // The touchpad and its mutex while other processes use them. The others are child processes.
-#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/FurtherDevice.h"
-#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
+#include "testing/kit/windows/ChildProcess.h"
+#include "testing/kit/windows/LitLights.h"
 #include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 
 namespace acceptance {

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "testing/kit/windows/AgentDll.h"
 #include "testing/kit/HostCallbacks.h"
 #include "testing/kit/LogFolder.h"
 #include "testing/kit/Reports.h"
+#include "testing/kit/windows/AgentDll.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 

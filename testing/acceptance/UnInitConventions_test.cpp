@@ -3,8 +3,8 @@
 #include <thread>
 
 #include "testing/acceptance/CallbackConventionsTest.h"
-#include "testing/kit/windows/ChildProcess.h"
 #include "testing/acceptance/ExportCalls.h"
+#include "testing/kit/windows/ChildProcess.h"
 #include "testing/kit/windows/LitLights.h"
 
 namespace acceptance {

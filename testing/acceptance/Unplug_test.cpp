@@ -1,8 +1,8 @@
 // A touchpad that is unplugged while the host has it open, and plugged in again.
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/ExportCalls.h"
-#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
+#include "testing/kit/windows/LitLights.h"
 
 namespace acceptance {
 namespace {

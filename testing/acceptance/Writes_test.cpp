@@ -2,8 +2,8 @@
 #include <atomic>
 #include <thread>
 
-#include "testing/kit/windows/LitLights.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
+#include "testing/kit/windows/LitLights.h"
 
 namespace acceptance {
 namespace {

@@ -11,8 +11,8 @@
 #include "testing/faults/ChildProcess.h"
 #include "testing/faults/Effort.h"
 #include "testing/faults/Outcome.h"
-#include "testing/kit/native/PlausibleFaults.h"
 #include "testing/kit/native/AgentLog.h"
+#include "testing/kit/native/PlausibleFaults.h"
 
 namespace faults {
 namespace {

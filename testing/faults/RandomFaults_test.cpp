@@ -11,9 +11,9 @@
 #include "testing/faults/ChildProcess.h"
 #include "testing/faults/Effort.h"
 #include "testing/faults/HostLog.h"
-#include "testing/kit/native/PlausibleFaults.h"
 #include "testing/faults/RandomScript.h"
 #include "testing/kit/native/AgentLog.h"
+#include "testing/kit/native/PlausibleFaults.h"
 
 namespace faults {
 namespace {

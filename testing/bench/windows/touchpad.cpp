@@ -5,11 +5,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "testing/kit/LogFolder.h"
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
 #include "testing/bench/windows/Host.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 

@@ -49,8 +49,8 @@ ChildProcess::~ChildProcess() {
     CloseHandle(process_);
 }
 
-DWORD ChildProcess::Wait() {
-    WaitForSingleObject(process_, kPatienceMs);
+DWORD ChildProcess::Wait(std::chrono::seconds timeout) {
+    WaitForSingleObject(process_, static_cast<DWORD>(std::chrono::milliseconds(timeout).count()));
     DWORD exitCode = STILL_ACTIVE;
     GetExitCodeProcess(process_, &exitCode);
     return exitCode;

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -31,8 +32,8 @@ class ChildProcess {
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    // Waits for the end and returns the exit code; STILL_ACTIVE after half a minute.
-    DWORD Wait();
+    // Waits for the end and returns the exit code; STILL_ACTIVE when the process goes on.
+    DWORD Wait(std::chrono::seconds timeout = std::chrono::seconds(30));
     void Terminate(DWORD exitCode);
 
  private:

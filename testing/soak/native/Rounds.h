@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <filesystem>
 
+#include "testing/kit/LogFolder.h"
 #include "testing/soak/Agent.h"
 #include "testing/soak/RandomCalls.h"
-#include "testing/kit/LogFolder.h"
 #include "testing/soak/SoakTouchpad.h"
 
 namespace soak {
