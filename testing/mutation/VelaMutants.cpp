@@ -10,7 +10,7 @@ namespace {
 
 constexpr unsigned kMostMutants = 0x40000;
 
-// Of this process and of those that it forks.
+// Shared with the processes that this one forks.
 std::atomic<bool> noted[kMostMutants];
 
 unsigned ActiveMutant() {
@@ -18,7 +18,7 @@ unsigned ActiveMutant() {
     return number == nullptr ? 0 : static_cast<unsigned>(std::atoi(number));
 }
 
-// Opened for each line, as some tests count what is open, and leaves the error number alone.
+// Opens the file for each line, as some tests count open files, and keeps the error number.
 void Note(const char* path, unsigned number) {
     if (noted[number].exchange(true)) return;
     const int error = errno;

@@ -1,21 +1,21 @@
-// What mutated sources call: whether a mutant is active, and the changes that take more than that.
+// Functions that mutated sources call: whether a mutant is active, and the larger changes.
 // Every mutant is in the program. It is active in a process whose environment variable VELA_MUTANT
 // holds its number. The compiler includes this header before every file.
 #pragma once
 
-// With the variable VELA_MUTANTS_REACHED, the name of a file, numbers asked for are appended to it,
-// each once in a process.
+// When VELA_MUTANTS_REACHED names a file, each number that is queried is appended to it, once in a
+// process.
 bool vela_mutant(unsigned number);
 
 namespace vela_mutants {
 
-// Of a number or an enumerator; with any other type the mutant does not compile and is dropped.
+// Changes a number or an enumerator; with another type the mutant does not compile and is dropped.
 template <typename Value>
 Value Next(unsigned number, Value value) {
     return vela_mutant(number) ? static_cast<Value>(static_cast<long long>(value) + 1) : value;
 }
 
-// Asks for the mutant only where the shift makes a difference: at the limit.
+// Queries the mutant only where the shift makes a difference: at the limit.
 inline bool Shifted(unsigned number, bool result, bool shifted) {
     return result != shifted && vela_mutant(number) ? shifted : result;
 }
@@ -37,7 +37,7 @@ bool GreaterOrEqual(unsigned number, const Left& left, const Right& right) {
     return Shifted(number, left >= right, left > right);
 }
 
-// A mutex that nobody else has takes the place of the one that is left unlocked.
+// Returns a mutex that no other thread uses, in place of the one that is left unlocked.
 template <typename Mutex>
 Mutex& Unshared(unsigned number, Mutex& mutex) {
     return vela_mutant(number) ? *new Mutex : mutex;

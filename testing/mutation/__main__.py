@@ -42,7 +42,7 @@ def _find(folders: list[str]) -> dict[str, Source]:
 
 
 def _build(sources: dict[str, Source], folders: list[str], programs: list[str]) -> set[int]:
-    """Tells the mutants that do not compile, which are remembered for the next time."""
+    """Prints the mutants that do not compile; the next run leaves them out."""
     kept = _RESULTS / "dropped.json"
     names = {mutant.number: str(mutant) for source in sources.values() for mutant in source.mutants}
     known = json.loads(kept.read_text()) if kept.exists() else []
@@ -55,7 +55,7 @@ def _build(sources: dict[str, Source], folders: list[str], programs: list[str]) 
 
 
 def _limit_processes() -> None:
-    """A mutant must not fill the machine's memory or disk, nor leave dumps."""
+    """Limits what a mutant may take of memory and disk, and switches core dumps off."""
     resource.setrlimit(resource.RLIMIT_AS, (8 << 30, 8 << 30))
     resource.setrlimit(resource.RLIMIT_FSIZE, (256 << 20, 256 << 20))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))

@@ -1,4 +1,4 @@
-"""Mutants of what is decided: a condition, or a part of it, is always true or always false, and a
+"""Mutants of decisions: a condition, or a part of it, is always true or always false, and a
 limit is shifted by one. Operands are still evaluated, so that nothing but the decision changes."""
 
 from __future__ import annotations
@@ -40,7 +40,7 @@ def _is_bool(node: Node) -> bool:
 
 
 def mutate(finder: Finder, node: Node) -> None:
-    """Decides about the conditions of a statement, and about each other boolean expression."""
+    """Makes the mutants of a statement's condition, and of every other boolean expression."""
     children = node.children
     if node.kind == "IfStmt" and not (node.data.get("hasVar") or node.data.get("isConstexpr")):
         _decide(finder, children[1 if node.data.get("hasInit") else 0], True, True)
@@ -57,7 +57,7 @@ def mutate(finder: Finder, node: Node) -> None:
 
 
 def _decide(finder: Finder, node: Node, to_true: bool, to_false: bool) -> None:
-    """With `to_true` the value is true in a mutant, with `to_false` it is false in one."""
+    """Makes a mutant with the value true when `to_true`, and one with false when `to_false`."""
     node = inner(node)
     if node.kind in _LITERALS or finder.decided(node):
         return
@@ -65,7 +65,7 @@ def _decide(finder: Finder, node: Node, to_true: bool, to_false: bool) -> None:
     if node.kind == "UnaryOperator" and operator == "!":
         _decide(finder, node.children[0], to_false, to_true)
     elif node.kind == "BinaryOperator" and operator in ("&&", "||"):
-        # A part that decides nothing shows more than the whole that does not.
+        # A part without effect says more than the whole condition would.
         conjunction = operator == "&&"
         _force(finder, node, to_true and not conjunction, to_false and conjunction)
         for part in node.children:

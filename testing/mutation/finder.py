@@ -10,7 +10,7 @@ import values
 from mutants import Edit, Mutant, Source
 from syntax_tree import Node
 
-# What the compiler has to know, or what has no text of its own.
+# Nodes that are constant expressions, or have no text of their own.
 _NOT_VISITED = {
     "CXXDefaultArgExpr",
     "CXXDefaultInitExpr",
@@ -29,7 +29,8 @@ _FUNCTIONS = {
     "FunctionDecl",
 }
 
-# A change of one file leaves the numbers of the others, which then need not be compiled again.
+# Each file has its own range of numbers: a change of one file renumbers no other, which would
+# have to be compiled again.
 _NUMBERS_OF_A_FILE = 1000
 
 
@@ -56,7 +57,7 @@ class Finder:
     # --- for the rules ---
 
     def mutant(self, begin: int, end: int, changed: str) -> Mutant:
-        """`changed` stands for the text from `begin` to `end`."""
+        """Adds a mutant in which `changed` replaces the text from `begin` to `end`."""
         source = self.source
         number = source.first_number + len(source.mutants)
         change = source.change(begin, end, changed)
@@ -71,14 +72,14 @@ class Finder:
         return next(self._depths)
 
     def wrap(self, begin: int, end: int, before: str, after: str, changed: str) -> None:
-        """A mutant of the text from `begin` to `end`; its number is in `before` or in `after`."""
+        """Adds a mutant around this text; `before` or `after` contains its number."""
         number = self.mutant(begin, end, changed).number
         depth = self.depth()
         self.insert(Edit(begin, False, depth, [number], before))
         self.insert(Edit(end, True, depth, [number], after))
 
     def decided(self, node: Node) -> bool:
-        """Whether this was asked for the node before."""
+        """Returns whether the node was already seen."""
         before = bool(node.data.get("decided"))
         node.data["decided"] = True
         return before
@@ -105,7 +106,7 @@ class Finder:
             self._visit_body(node, [child for child in node.children if child.kind in parts])
 
     def _visit_template(self, node: Node) -> None:
-        """The template itself comes before what is instantiated from it."""
+        """Returns the template itself, which comes before its instances."""
         functions = [child for child in node.children if child.kind in _FUNCTIONS]
         if functions and node.file.endswith(".cpp"):
             self.visit(functions[0])

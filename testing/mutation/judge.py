@@ -34,8 +34,8 @@ class Judge:
         self._jobs = jobs
 
     def judge(self, mutants: list[Mutant]) -> list[Verdict]:
-        """In a random order, so that those judged in time stand for all. A mutant that was begun is
-        judged to its end: those that survive take the longest."""
+        """Judges in a random order, so that the mutants judged in time are a fair sample. A mutant
+        that was begun is judged to its end, as survivors take the longest."""
         waiting: queue.SimpleQueue[Mutant] = queue.SimpleQueue()
         reached = [mutant for mutant in mutants if mutant.number in self._tests]
         random.Random(1).shuffle(reached)
@@ -59,7 +59,7 @@ class Judge:
         return [verdicts.get(each.number, Verdict(each, "not reached")) for each in mutants]
 
     def _in_order(self, mutant: Mutant) -> list[Test]:
-        """First those that caught a neighbour, then those of the folder; the quickest first."""
+        """Returns the tests that caught a neighbour, then those of the folder; the quickest first."""
         catchers = set(self._catchers[mutant.file])
 
         def order(test: Test) -> tuple[bool, bool, float]:

@@ -11,7 +11,7 @@ from mutants import Rewritten, Source, rewrite
 MIRROR = Path("build/mutation/source")
 BUILD = MIRROR / "build/native"
 _RUNTIME = Path("testing/mutation")
-# A place in a file that a compiler's error names, or that it was led to the error from.
+# A place that a compiler's error names, or one of the places that led to it.
 _ERROR = re.compile(r"^([^\s:]+):(\d+):(\d+):\s+(?:fatal error|error|required from)", re.MULTILINE)
 
 
@@ -20,7 +20,7 @@ class BuildFailed(Exception):
 
 
 def _write(path: Path, content: bytes) -> None:
-    """Leaves a file alone that has this content, so that it is not compiled again."""
+    """Writes the file unless it has this content already, so that it is not compiled again."""
     if path.is_file() and path.read_bytes() == content:
         return
     path.parent.mkdir(parents=True, exist_ok=True)
@@ -28,7 +28,7 @@ def _write(path: Path, content: bytes) -> None:
 
 
 def copy_repository(folder_of_runtime: str, mutated: set[str]) -> None:
-    """All but the mutated files, and what these call, in a folder whose sources are built."""
+    """Copies the repository without the mutated files, and adds the sources that these call."""
     command = ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"]
     listed = subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
     files = {file for file in listed.split("\0") if os.path.isfile(file)}

@@ -21,7 +21,7 @@ class Mutant:
 
 @dataclass
 class Edit:
-    """Text put into a source. '#' in it stands for the number of the next of the edit's mutants."""
+    """Text put into a source; each '#' is replaced by the number of the edit's next mutant."""
 
     position: int
     closes: bool  # stands behind what it changes, not before
@@ -51,7 +51,7 @@ class Source:
         return " ".join(self.text[begin:end].split())
 
     def change(self, begin: int, end: int, changed: str) -> tuple[str, str]:
-        """The code before and after: with the rest of the lines, unless all of it is left out."""
+        """Returns the code before and after, with the rest of its lines if some of it stays."""
         if changed.startswith("("):
             return self.snippet(begin, end), changed
         first = self.text.rfind("\n", 0, begin) + 1
@@ -66,7 +66,7 @@ class Rewritten:
     spans: dict[int, tuple[int, int]]  # by mutant: where its edits begin and end in the text
 
     def mutants_at(self, line: int, column: int) -> list[int]:
-        """The innermost mutant at a place of the text, or else all of the line."""
+        """Returns the innermost mutant at a place of the text, or else all mutants of the line."""
         lines = self.text.split("\n")
         start = sum(len(text) + 1 for text in lines[: line - 1])
         place = start + column - 1
@@ -80,7 +80,7 @@ class Rewritten:
 
 
 def rewrite(source: Source, dropped: set[int]) -> Rewritten:
-    """The text with all mutants but those dropped."""
+    """Returns the text with all mutants that were not dropped."""
     pieces: list[str] = []
     length = done = 0
     spans: dict[int, tuple[int, int]] = {}

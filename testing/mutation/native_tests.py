@@ -35,7 +35,7 @@ def _path(program: str) -> str:
 
 
 def list_tests(program: str) -> list[Test]:
-    """All but the slow ones, which really wait."""
+    """Returns all tests but the slow ones, which really wait."""
     command = [_path(program), "--gtest_list_tests", "--gtest_filter=-Slow*"]
     listed = subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
     tests = []
@@ -50,7 +50,7 @@ def list_tests(program: str) -> list[Test]:
 
 
 def _end_group(process: "subprocess.Popen[bytes]") -> None:
-    """Ends the test, if it still runs, and what it started."""
+    """Ends the test and the processes that it started, if they still run."""
     try:
         os.killpg(process.pid, signal.SIGKILL)
     except ProcessLookupError:
@@ -58,7 +58,7 @@ def _end_group(process: "subprocess.Popen[bytes]") -> None:
 
 
 def run(test: Test, variables: dict[str, str], limit: float) -> Outcome:
-    """In a folder of its own. A test that takes longer than `limit` seconds has failed."""
+    """Runs the test in a new folder. One that takes longer than `limit` seconds has failed."""
     SCRATCH.mkdir(parents=True, exist_ok=True)
     folder = tempfile.mkdtemp(dir=SCRATCH.resolve())
     command = [_path(test.program), f"--gtest_filter={test.name}", "--gtest_brief=1"]

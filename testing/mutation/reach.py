@@ -1,4 +1,4 @@
-"""Which mutants each test reaches, and how long it takes: from a run of all tests unmutated."""
+"""Finds out which mutants each test reaches, and how long it takes, by a run without mutants."""
 
 import json
 from concurrent.futures import ThreadPoolExecutor
@@ -44,7 +44,7 @@ def _run_all(programs: list[str], jobs: int) -> list[Reach]:
 
 
 def measure(programs: list[str], jobs: int) -> list[Reach]:
-    """Measured anew only when a program has been built since."""
+    """Returns the last measurement, or a new one when a program has been built since."""
     stamp = [(BUILD / "bin" / program).stat().st_mtime_ns for program in programs]
     if _RESULT.exists():
         kept = json.loads(_RESULT.read_text())

@@ -1,4 +1,4 @@
-"""What is printed: a table by folder, and the mutants that no test catches."""
+"""Prints a table by folder, and the mutants that no test catches."""
 
 import json
 from collections import Counter
@@ -11,7 +11,7 @@ RESULTS = ["caught", "survived", "not reached", "not judged"]
 
 
 def _share(counts: Counter[str]) -> str:
-    """Of all mutants; those judged stand for the others that are reached."""
+    """Returns the share of all mutants; those judged are a sample of the ones that are reached."""
     judged = counts["caught"] + counts["survived"]
     reached = judged + counts["not judged"]
     if judged == 0:
@@ -45,7 +45,7 @@ def _listed(verdicts: list[Verdict], result: str, title: str) -> list[str]:
 
 
 def write(verdicts: list[Verdict], folder: Path) -> str:
-    """The whole report, which is also in the folder, beside all that is known of each mutant."""
+    """Prints the report, and writes it to the results folder with the verdict on each mutant."""
     lines = _table(verdicts)
     judged = sum(verdict.result in ("caught", "survived") for verdict in verdicts)
     unjudged = sum(verdict.result == "not judged" for verdict in verdicts)

@@ -1,4 +1,4 @@
-"""Mutants of what is done: a statement is left out, or swapped with the next one, or a lock is not
+"""Mutants of statements: one is left out, or swapped with the next one, or a lock is not
 taken."""
 
 from __future__ import annotations
@@ -49,7 +49,7 @@ def mark_returns(finder: Finder, body: Node) -> None:
 
 
 def _statements_of(node: Node) -> list[Node]:
-    """Without the only statement of an `if` or a loop: its condition is false in another mutant."""
+    """Skips the only statement of an `if` or a loop: another mutant makes its condition false."""
     if node.kind == "CompoundStmt":
         return node.children
     if node.kind == "IfStmt" and node.data.get("hasElse"):
@@ -68,7 +68,7 @@ def _is_step(node: Node) -> bool:
 
 
 def _semicolon(finder: Finder, node: Node) -> int:
-    """The place behind the statement's semicolon, -1 when it ends otherwise."""
+    """Returns the place behind the statement's semicolon; -1 when it ends without one."""
     end = re.compile(r"\s*;").match(finder.source.text, node.end)
     return -1 if end is None or node.in_macro else end.end()
 
@@ -90,7 +90,7 @@ def _swap_neighbours(finder: Finder, node: Node) -> None:
 
 
 def _swap_within(finder: Finder, run: list[Node]) -> None:
-    """Nobody sees the order of two assignments, as a rule: one of the two is a call."""
+    """Returns whether one of the two is a call: the order of two assignments rarely matters."""
     ends = [_semicolon(finder, step) for step in run]
     numbers = []
     for i, (first, second) in enumerate(zip(run, run[1:])):

@@ -25,7 +25,7 @@ class Node:
 
 
 class _Places:
-    """Clang names a file only where it differs from that of the place before."""
+    """Remembers the last file, as clang names a file only where it changes."""
 
     def __init__(self) -> None:
         self.file = ""

@@ -1,5 +1,5 @@
 """Mutants of constants: a number, an enumerator or a named constant is one more, and a boolean is
-turned round. Where one is compared, the comparison has mutants of its own."""
+negated. Where one is compared, the comparison has mutants of its own."""
 
 from __future__ import annotations
 
