@@ -144,6 +144,7 @@ void ShowLights(const Arguments& arguments) {
 }  // namespace
 
 // Exceptions of the argument set-up are mistakes in it, which the first run reveals.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
     TouchpadArguments touchpad;
     HapticArguments haptic;
