@@ -179,6 +179,28 @@ TEST_F(LastWordsTest, ThatTheTouchpadRefusesAreTriedAgainBehindAReportThatItTook
                 ElementsAre(kLit, kDark));
 }
 
+// Issuing the report resets the write event, for which a heartbeat may still wait.
+TEST_F(LastWordsTest, ThatFailTheSecondTimeLeaveTheWriteEventSignalled) {
+    int writes = 0;
+    OnWrite(
+        [&]() -> std::optional<Fault> {
+            if (++writes == 1) return std::nullopt;
+            return Fault::Error(31);
+        },
+        [] { return std::nullopt; });
+    EXPECT_THAT(Close([this] {
+                    Enqueue(kLit);
+                    ASSERT_TRUE(device_->WaitForOutputs(2));
+                }),
+                ElementsAre(kDark, kLit));
+    EXPECT_EQ(writes, 2);
+    using testing::StartsWith;
+    EXPECT_THAT(
+        machine_.CallTexts({"WriteFile", "SetEvent"}),
+        ElementsAre(StartsWith("WriteFile"), StartsWith("WriteFile"), StartsWith("SetEvent"),
+                    StartsWith("WriteFile"), StartsWith("SetEvent")));
+}
+
 // Closing would otherwise take another 30 seconds.
 TEST_F(LastWordsTest, AreNotWrittenAgainToATouchpadThatTakesNoWrite) {
     machine_.ExpireTimedWaits(true);
