@@ -12,7 +12,8 @@
  *     touchpad.
  *  2. A result of type VELA_BOOL is 0 or 1 in all its 32 bits. An argument of that type is false
  *     when 0, true otherwise.
- *  3. Any thread may call any function, except InitHapticTP and UnInitHapticTP (see there).
+ *  3. Any thread may call any function, at the same time as others; InitHapticTP and UnInitHapticTP
+ *     only while no other thread is inside a haptic function.
  *  4. Calling order: InitLogger (optional), IsVelaPresent (optional), Init, the two callback
  *     setters, Activate, EnableFeature, then buttons, brightness, click mode and state in any
  *     order; finally UnInit and UnInitLogger. Both pairs may be repeated. The haptic functions are

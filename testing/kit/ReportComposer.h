@@ -5,11 +5,10 @@
 #include <unordered_map>
 #include <vector>
 
-#include "testing/virtual-touchpad/descriptor/TouchpadLayout.h"
+#include "testing/kit/Reports.h"
 
 namespace kit {
 
-using Bytes = std::vector<std::uint8_t>;
 using virtual_touchpad::TouchpadLayout;
 
 // A session's state of one button.

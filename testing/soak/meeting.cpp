@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "testing/kit/WaitUntil.h"
 #include "testing/soak/Figures.h"
 #include "testing/soak/LightRequests.h"
 #include "testing/soak/LivelyCallbacks.h"
@@ -23,7 +24,6 @@ using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
 constexpr milliseconds kStorm{3000};
-constexpr milliseconds kPatience{10000};
 // Covers the two events of a session, and what a storm's host threads leave in the runtime.
 constexpr std::int64_t kHeapOfASession = 8192;
 // MinGW's locks keep an event from their first wait on; agent and host have at most this many.
@@ -94,12 +94,11 @@ class Meeting {
     // Closing stops the heartbeat of a detachable touchpad without waiting for it. Threads that are
     // still there after the time limit are counted.
     std::int64_t ThreadsAtRest() const {
-        const auto giveUp = steady_clock::now() + kPatience;
-        std::int64_t threads = ThreadCount();
-        while (threads > now_.threads && steady_clock::now() < giveUp) {
-            std::this_thread::sleep_for(milliseconds(1));
+        std::int64_t threads = 0;
+        kit::WaitUntil([&] {
             threads = ThreadCount();
-        }
+            return threads <= now_.threads;
+        });
         return threads;
     }
 
