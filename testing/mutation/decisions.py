@@ -86,8 +86,15 @@ def _force(finder: Finder, node: Node, to_true: bool, to_false: bool) -> None:
         finder.wrap(node.begin, node.end, "((", ") && !vela_mutant(#))", "false")
 
 
+def _is_hid_status(node: Node) -> bool:
+    """Tells a status of HID.DLL, of which none is 0: `status <= 0` is `status < 0`."""
+    return "NTSTATUS" in inner(node).data.get("type", {}).get("qualType", "")
+
+
 def _shift(finder: Finder, node: Node, operator: str) -> None:
     left, right = node.children
+    if _is_hid_status(left):
+        return
     between = finder.source.text.find(operator, left.end, right.begin)
     if between < 0:
         return

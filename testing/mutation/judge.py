@@ -29,6 +29,9 @@ class Judge:
         for reach in reaches:
             for number in reach.mutants:
                 self._tests[number].append(reach.test)
+        for number, tests in self._tests.items():
+            # Slow tests judge only what no quick test reaches.
+            self._tests[number] = [test for test in tests if not test.slow] or tests
         self._catchers: dict[str, set[Test]] = defaultdict(set)  # by file
         self._end = time.monotonic() + seconds
         self._jobs = jobs
