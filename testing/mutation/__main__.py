@@ -22,13 +22,14 @@ def _arguments() -> argparse.Namespace:
     parser.add_argument("seconds", metavar="SECONDS", type=int, nargs="?", default=600)
     parser.add_argument("--only", metavar="PATH[:LINE]", default="")
     parser.add_argument("--faults", action="store_true")
+    parser.add_argument("--locks", action="store_true")
     return parser.parse_args()
 
 
-def _is_wanted(mutant: Mutant, only: str) -> bool:
-    path, _, line = only.partition(":")
+def _is_wanted(mutant: Mutant, arguments: argparse.Namespace) -> bool:
+    path, _, line = arguments.only.partition(":")
     in_path = not path or f"{mutant.file}/".startswith(f"{path.rstrip('/')}/")
-    return in_path and (not line or mutant.line == int(line))
+    return mutant.is_lock == arguments.locks and in_path and (not line or mutant.line == int(line))
 
 
 def _find(folders: list[str]) -> dict[str, Source]:
@@ -41,22 +42,28 @@ def _find(folders: list[str]) -> dict[str, Source]:
     return finder.sources
 
 
-def _build(sources: dict[str, Source], folders: list[str], programs: list[str]) -> set[int]:
-    """Prints the mutants that do not compile; the next run leaves them out."""
+def _build(
+    sources: dict[str, Source], folders: list[str], programs: list[str], sanitizers: str
+) -> set[int]:
+    """Returns the mutants that do not compile; the next run leaves them out."""
     kept = _RESULTS / "dropped.json"
     names = {mutant.number: str(mutant) for source in sources.values() for mutant in source.mutants}
     known = json.loads(kept.read_text()) if kept.exists() else []
     dropped = {number for number, name in names.items() if name in known}
     mirror.copy_repository(folders[0], set(sources))
-    mirror.configure()
+    mirror.configure(sanitizers)
     mirror.build(sources, dropped, programs)
     kept.write_text(json.dumps([names[number] for number in dropped]))
     return dropped
 
 
-def _limit_processes() -> None:
-    """Limits what a mutant may take of memory and disk, and switches core dumps off."""
-    resource.setrlimit(resource.RLIMIT_AS, (8 << 30, 8 << 30))
+def _limit_processes(sanitizers: str) -> None:
+    """Limits what a mutant may take of memory and disk, and switches core dumps off. A sanitizer
+    reserves more address space than any limit would leave."""
+    if not sanitizers:
+        resource.setrlimit(resource.RLIMIT_AS, (8 << 30, 8 << 30))
+    suppressions = Path("cmake/thread-sanitizer.supp").resolve()
+    os.environ["TSAN_OPTIONS"] = f"suppressions={suppressions}"
     resource.setrlimit(resource.RLIMIT_FSIZE, (256 << 20, 256 << 20))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
@@ -64,6 +71,7 @@ def _limit_processes() -> None:
 def main() -> None:
     arguments = _arguments()
     jobs = os.cpu_count() or 1
+    sanitizers = "thread" if arguments.locks else ""
     folders = Path("cmake/library-folders.txt").read_text().split()
     programs = [f"{folder}_tests" for folder in folders]
     if arguments.faults:
@@ -71,16 +79,17 @@ def main() -> None:
     _RESULTS.mkdir(parents=True, exist_ok=True)
     print("== finding mutants, and building them all at once", flush=True)
     sources = _find(folders)
-    dropped = _build(sources, folders, programs)
+    dropped = _build(sources, folders, programs, sanitizers)
     mutants = [mutant for source in sources.values() for mutant in source.mutants]
     mutants = [mutant for mutant in mutants if mutant.number not in dropped]
-    wanted = [mutant for mutant in mutants if _is_wanted(mutant, arguments.only)]
-    _limit_processes()
+    wanted = [mutant for mutant in mutants if _is_wanted(mutant, arguments)]
+    _limit_processes(sanitizers)
     print("== running the tests without a mutant", flush=True)
     reaches = measure(programs, jobs)
     print(f"== judging {len(wanted)} mutants by {len(reaches)} tests\n", flush=True)
     verdicts = Judge(reaches, arguments.seconds, jobs).judge(wanted)
-    print(report.write(verdicts, _RESULTS), end="")
+    name = "locks" if arguments.locks else "report"
+    print(report.write(verdicts, _RESULTS, name), end="")
 
 
 if __name__ == "__main__":

@@ -55,10 +55,11 @@ def _build(targets: list[str]) -> tuple[bool, str]:
     return _run("build.log", command)
 
 
-def configure() -> None:
+def configure(sanitizers: str) -> None:
     header = (MIRROR / _RUNTIME / "VelaMutants.h").resolve()
     flags = f"-DCMAKE_CXX_FLAGS=-w -include {header}"
-    done, output = _run("configure.log", ["cmake", "--preset", "native", flags])
+    lane = f"-DVELA_SANITIZERS={sanitizers}"
+    done, output = _run("configure.log", ["cmake", "--preset", "native", flags, lane])
     if not done:
         raise BuildFailed(output[-3000:])
 

@@ -10,6 +10,7 @@ class Mutant:
     line: int
     original: str
     changed: str
+    is_lock: bool = False  # leaves a lock out
 
     @property
     def folder(self) -> str:

@@ -44,8 +44,8 @@ def _listed(verdicts: list[Verdict], result: str, title: str) -> list[str]:
     return lines
 
 
-def write(verdicts: list[Verdict], folder: Path) -> str:
-    """Prints the report, and writes it to the results folder with the verdict on each mutant."""
+def write(verdicts: list[Verdict], folder: Path, name: str) -> str:
+    """Returns the report, and writes it to the results folder with the verdict on each mutant."""
     lines = _table(verdicts)
     judged = sum(verdict.result in ("caught", "survived") for verdict in verdicts)
     unjudged = sum(verdict.result == "not judged" for verdict in verdicts)
@@ -56,7 +56,7 @@ def write(verdicts: list[Verdict], folder: Path) -> str:
     lines += _listed(verdicts, "survived", "Survived the tests that reach them")
     lines += _listed(verdicts, "not reached", "Would change nothing in any test")
     text = "\n".join(lines) + "\n"
-    (folder / "report.txt").write_text(text, encoding="latin-1")
+    (folder / f"{name}.txt").write_text(text, encoding="latin-1")
     known = [asdict(verdict) for verdict in verdicts]
-    (folder / "verdicts.json").write_text(json.dumps(known, indent=1))
+    (folder / f"{name}.json").write_text(json.dumps(known, indent=1))
     return text

@@ -118,7 +118,8 @@ def _leave_unlocked(finder: Finder, node: Node) -> None:
     if mutex is None:
         return
     begin, end = (node.begin + place for place in mutex.span(1))
-    number = finder.mutant(node.begin, node.end, _LEFT_OUT).number
+    mutant = finder.mutant(node.begin, node.end, _LEFT_OUT)
+    mutant.is_lock = True
     depth = finder.depth()
-    finder.insert(Edit(begin, False, depth, [number], "vela_mutants::Unshared(#, "))
-    finder.insert(Edit(end, True, depth, [number], ")"))
+    finder.insert(Edit(begin, False, depth, [mutant.number], "vela_mutants::Unshared(#, "))
+    finder.insert(Edit(end, True, depth, [mutant.number], ")"))
