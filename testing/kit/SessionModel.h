@@ -76,7 +76,6 @@ class SessionModel {
     std::vector<std::string> TakeCallbacks() { return std::exchange(callbacks_, {}); }
 
  private:
-    // --- SessionModel.cpp ---
     bool SetFlag(std::uint32_t buttonId, bool ButtonState::*flag, bool value);
     void SeedButtons(bool present);
     void HideButtons();
@@ -84,8 +83,6 @@ class SessionModel {
     void Update(bool force);
     Bytes ComposeLights();
     void Write(const Bytes& report, bool force);
-
-    // --- SessionModelInput.cpp ---
     void ReceiveFirmwareState(std::uint32_t state);
     void ReceiveUsage(std::uint8_t reportId, unsigned usage);
     void Press(std::uint32_t buttonId, bool togglesLight);

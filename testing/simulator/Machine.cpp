@@ -1,13 +1,25 @@
 #include "testing/simulator/Machine.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
+#include "testing/simulator/DevicePaths.h"
 #include "testing/simulator/MachineState.h"
 #include "testing/simulator/Text.h"
 #include "testing/simulator/hid/ReportDescriptor.h"
 
 namespace simulator {
+namespace {
+
+bool IsTaken(const std::wstring& path) {
+    const auto& devices = State().devices;
+    return std::any_of(devices.begin(), devices.end(), [&](const auto& device) {
+        return FoldCase(device->Description().path) == FoldCase(path);
+    });
+}
+
+}  // namespace
 
 Machine::Machine() = default;
 
@@ -35,6 +47,29 @@ void Machine::Reset() {
     state.stoppedClock.reset();
     state.debugOutput.clear();
     state.misuse.clear();
+}
+
+std::shared_ptr<Device> Machine::Plug(const DeviceDescription& description) {
+    if (hid::ParseReportDescriptor(description.reportDescriptor).size() != 1) {
+        throw std::invalid_argument("not exactly one top-level collection");
+    }
+    return PlugAll(description).front();
+}
+
+std::vector<std::shared_ptr<Device>> Machine::PlugAll(const DeviceDescription& description) {
+    const auto collections = hid::ParseReportDescriptor(description.reportDescriptor);
+    const MachineLock lock;
+    const std::size_t number = ++State().pluggedDevices;
+    std::vector<std::shared_ptr<Device>> plugged;
+    for (std::size_t i = 0; i < collections.size(); ++i) {
+        DeviceDescription described = description;
+        described.path = InterfacePath(description, number, collections.size() > 1 ? i + 1 : 0);
+        if (IsTaken(described.path)) throw std::invalid_argument("a device of this path exists");
+        const auto device = std::make_shared<DeviceObject>(described, collections[i]);
+        State().devices.push_back(device);
+        plugged.push_back(std::make_shared<Device>(device));
+    }
+    return plugged;
 }
 
 std::vector<Call> Machine::Calls() const {
@@ -119,6 +154,24 @@ void Machine::PutFile(const std::wstring& path, const std::string& bytes) {
 void Machine::SetModulePath(void* module, const std::wstring& path) {
     const MachineLock lock;
     State().modules[module] = path;
+}
+
+void Machine::HoldMutexElsewhere(const std::wstring& name, bool denied) {
+    const MachineLock lock;
+    std::shared_ptr<KernelObject> object = FindNamed(name);
+    if (object == nullptr) object = std::make_shared<MutexObject>();
+    State().names[name] = object;
+    State().foreignMutexes[name] = {object, denied};
+}
+
+void Machine::ReleaseMutexElsewhere(const std::wstring& name) {
+    const MachineLock lock;
+    State().foreignMutexes.erase(name);
+}
+
+bool Machine::MutexExists(const std::wstring& name) const {
+    const MachineLock lock;
+    return std::dynamic_pointer_cast<MutexObject>(FindNamed(name)) != nullptr;
 }
 
 std::vector<std::string> Machine::DebugOutput() const {
