@@ -1,6 +1,6 @@
 // The exports that set a button or a light, checked by the touchpad's lights.
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/kit/windows/LightsText.h"
+#include "testing/kit/windows/Lights.h"
 
 namespace acceptance {
 namespace {

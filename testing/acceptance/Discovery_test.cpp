@@ -2,7 +2,7 @@
 #include "testing/acceptance/FurtherDevice.h"
 #include "testing/acceptance/HidPaths.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 #include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
 

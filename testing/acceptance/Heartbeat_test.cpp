@@ -1,7 +1,7 @@
 // The heartbeat of a detachable touchpad, which may have lost its state while it was detached.
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 
 namespace acceptance {
 namespace {

@@ -1,6 +1,6 @@
 // The known kinds of touchpads, each opened, lit, pressed and closed.
 #include "testing/acceptance/VendorFileTest.h"
-#include "testing/kit/windows/LightsText.h"
+#include "testing/kit/windows/Lights.h"
 
 namespace acceptance {
 namespace {

@@ -1,6 +1,6 @@
 // A whole meeting on the real HID stack: a host and a user with one touchpad.
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 
 namespace acceptance {
 namespace {

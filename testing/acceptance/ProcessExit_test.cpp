@@ -6,7 +6,7 @@
 #include "testing/acceptance/HapticTest.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 #include "testing/kit/windows/ChildProcess.h"
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 #include "testing/kit/windows/WineProcess.h"
 
 namespace acceptance {

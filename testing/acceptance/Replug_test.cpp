@@ -1,7 +1,7 @@
 // A touchpad that was unplugged while the host had it open, and is plugged in again.
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 
 namespace acceptance {
 namespace {

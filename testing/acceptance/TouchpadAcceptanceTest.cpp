@@ -1,6 +1,6 @@
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 
 namespace acceptance {
 

@@ -5,7 +5,7 @@
 #include "testing/acceptance/CallbackConventionsTest.h"
 #include "testing/acceptance/ExportCalls.h"
 #include "testing/kit/windows/ChildProcess.h"
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 
 namespace acceptance {
 namespace {

@@ -2,7 +2,7 @@
 #include "testing/acceptance/DetachableTouchpad.h"
 #include "testing/acceptance/ExportCalls.h"
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 
 namespace acceptance {
 namespace {

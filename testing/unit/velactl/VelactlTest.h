@@ -9,7 +9,7 @@
 #include "testing/kit/Reports.h"
 #include "testing/kit/WaitUntil.h"
 #include "testing/kit/windows/AgentDll.h"
-#include "testing/kit/windows/LitLights.h"
+#include "testing/kit/windows/Lights.h"
 #include "testing/unit/velactl/Velactl.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/plug/Plug.h"

@@ -1,6 +1,8 @@
-// Describes a touchpad's lights in words, which tests compare and failures print.
+// The states of a touchpad's lights that tests pass through, and a description in words, which tests
+// compare and failures print.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
@@ -20,6 +22,17 @@ inline std::string Describe(const virtual_touchpad::Lights& lights) {
     return "camera " + text(0x21) + "/" + text(0x20) + " microphone " + text(0x27) + "/" +
            text(0x26) + " chat " + text(0x24) + " share screen " + text(0x22) + ", active " +
            active + ", breathing " + std::to_string(lights.breathing);
+}
+
+inline bool AllFourLit(const virtual_touchpad::Lights& lights) {
+    return Describe(lights) == kAllLit;
+}
+
+// Returns whether no light of any layout is lit.
+inline bool AllDark(const virtual_touchpad::Lights& lights) {
+    return lights.active.empty() && lights.breathing == 0 &&
+           std::all_of(lights.brightness.begin(), lights.brightness.end(),
+                       [](const auto& light) { return light.second == 0; });
 }
 
 }  // namespace kit
