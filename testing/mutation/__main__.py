@@ -9,6 +9,7 @@ from pathlib import Path
 
 import mirror
 import report
+import without_effect
 from finder import Finder
 from judge import Judge
 from mutants import Mutant, Source
@@ -23,6 +24,7 @@ def _arguments() -> argparse.Namespace:
     parser.add_argument("--only", metavar="PATH[:LINE]", default="")
     parser.add_argument("--faults", action="store_true")
     parser.add_argument("--locks", action="store_true")
+    parser.add_argument("--tests", metavar="N", type=int, default=0)
     return parser.parse_args()
 
 
@@ -87,7 +89,8 @@ def main() -> None:
     print("== running the tests without a mutant", flush=True)
     reaches = measure(programs, jobs)
     print(f"== judging {len(wanted)} mutants by {len(reaches)} tests\n", flush=True)
-    verdicts = Judge(reaches, arguments.seconds, jobs).judge(wanted)
+    judge = Judge(reaches, arguments.seconds, jobs, arguments.tests)
+    verdicts = judge.judge(wanted, without_effect.find(mutants))
     name = "locks" if arguments.locks else "report"
     print(report.write(verdicts, _RESULTS, name), end="")
 

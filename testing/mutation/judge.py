@@ -16,14 +16,14 @@ from reach import Reach
 @dataclass
 class Verdict:
     mutant: Mutant
-    result: str  # caught, survived, not reached, not judged
+    result: str  # caught, survived, not reached, not judged, without effect
     by: str = ""
     tests: int = 0  # that were run
     seconds: float = 0.0
 
 
 class Judge:
-    def __init__(self, reaches: list[Reach], seconds: float, jobs: int) -> None:
+    def __init__(self, reaches: list[Reach], seconds: float, jobs: int, most_tests: int) -> None:
         self._seconds = {reach.test: reach.seconds for reach in reaches}
         self._tests: dict[int, list[Test]] = defaultdict(list)
         for reach in reaches:
@@ -35,12 +35,17 @@ class Judge:
         self._catchers: dict[str, set[Test]] = defaultdict(set)  # by file
         self._end = time.monotonic() + seconds
         self._jobs = jobs
+        self._most_tests = most_tests  # for one mutant; 0: all
 
-    def judge(self, mutants: list[Mutant]) -> list[Verdict]:
+    def judge(self, mutants: list[Mutant], without_effect: set[int]) -> list[Verdict]:
         """Judges in a random order, so that the mutants judged in time are a fair sample. A mutant
         that was begun is judged to its end, as survivors take the longest."""
         waiting: queue.SimpleQueue[Mutant] = queue.SimpleQueue()
-        reached = [mutant for mutant in mutants if mutant.number in self._tests]
+        reached = [
+            mutant
+            for mutant in mutants
+            if mutant.number in self._tests and mutant.number not in without_effect
+        ]
         random.Random(1).shuffle(reached)
         for mutant in reached:
             waiting.put(mutant)
@@ -59,7 +64,12 @@ class Judge:
             worker.start()
         for worker in workers:
             worker.join()
-        return [verdicts.get(each.number, Verdict(each, "not reached")) for each in mutants]
+
+        def verdict(mutant: Mutant) -> Verdict:
+            known = "without effect" if mutant.number in without_effect else "not reached"
+            return verdicts.get(mutant.number, Verdict(mutant, known))
+
+        return [verdict(mutant) for mutant in mutants]
 
     def _in_order(self, mutant: Mutant) -> list[Test]:
         """Returns the tests that caught a neighbour, then those of the folder; the quickest first."""
@@ -69,7 +79,7 @@ class Judge:
             elsewhere = test.program != f"{mutant.folder}_tests"
             return test not in catchers, elsewhere, self._seconds[test]
 
-        return sorted(self._tests[mutant.number], key=order)
+        return sorted(self._tests[mutant.number], key=order)[: self._most_tests or None]
 
     def _judge_one(self, mutant: Mutant) -> Verdict:
         start = time.monotonic()

@@ -7,11 +7,12 @@ from pathlib import Path
 
 from judge import Verdict
 
-RESULTS = ["caught", "survived", "not reached", "not judged"]
+RESULTS = ["without effect", "caught", "survived", "not reached", "not judged"]
 
 
 def _share(counts: Counter[str]) -> str:
-    """Returns the share of all mutants; those judged are a sample of the ones that are reached."""
+    """Returns the share of the mutants with an effect; those judged are a sample of the ones that
+    are reached."""
     judged = counts["caught"] + counts["survived"]
     reached = judged + counts["not judged"]
     if judged == 0:
@@ -21,12 +22,12 @@ def _share(counts: Counter[str]) -> str:
 
 def _row(name: str, verdicts: list[Verdict]) -> str:
     counts = Counter(verdict.result for verdict in verdicts)
-    cells = " ".join(f"{counts[result]:11d}" for result in RESULTS)
+    cells = " ".join(f"{counts[result]:14d}" for result in RESULTS)
     return f"{name:12} {len(verdicts):8d} {cells} {_share(counts):>8}"
 
 
 def _table(verdicts: list[Verdict]) -> list[str]:
-    heads = " ".join(f"{result:>11}" for result in RESULTS)
+    heads = " ".join(f"{result:>14}" for result in RESULTS)
     lines = [f"{'':12} {'mutants':>8} {heads} {'share':>8}"]
     folders = list(dict.fromkeys(verdict.mutant.folder for verdict in verdicts))
     for folder in folders:
