@@ -85,10 +85,12 @@ InputLayout ManyReports() {
     AddSlots(builder, 4, 9);
     builder.UsagePage(kButtonPage)
         .Buttons(MainItem::Input, 0x01, 0x03)
+        .Padding(MainItem::Input, 6)
         .UsagePage(kVendorPage)
         .ReportId(kStateReportId)
         .Padding(MainItem::Input, 5)
-        .Value(MainItem::Input, 0x48, 32, 0x7FFFFFFF);
+        .Value(MainItem::Input, 0x48, 32, 0x7FFFFFFF)
+        .Padding(MainItem::Input, 3);
     return Finish(builder,
                   {{BitsField(kButtonReportId), SlotsField(kOtherReportId, 11, 4, 9)},
                    {{kStateReportId, 13, 32}}},

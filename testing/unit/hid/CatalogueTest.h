@@ -58,19 +58,23 @@ class CatalogueTest : public HidTest {
         Fields& Id(std::uint8_t reportId) { return Do(builder_.ReportId(reportId)); }
         Fields& Usage(Item item, std::uint16_t usage) {
             Size(1).Usage(usage).Main(item, virtual_touchpad::kDataVariable);
-            return *this;
+            return Pad(item, 1);
         }
         Fields& Range(Item item, std::uint16_t first, std::uint16_t last) {
-            Size(static_cast<std::uint32_t>(last - first + 1))
-                .UsageMinimum(first)
-                .UsageMaximum(last)
-                .Main(item, virtual_touchpad::kDataVariable);
-            return *this;
+            const auto count = static_cast<std::uint32_t>(last - first + 1);
+            Size(count).UsageMinimum(first).UsageMaximum(last).Main(
+                item, virtual_touchpad::kDataVariable);
+            return Pad(item, count);
         }
         operator ReportDescriptorBuilder() const { return builder_; }
 
      private:
         Fields& Do(ReportDescriptorBuilder&) { return *this; }
+        // The platform refuses a report that does not end on a byte.
+        Fields& Pad(Item item, std::uint32_t count) {
+            const std::uint32_t bits = Kind::kFieldBits * count;
+            return Do(builder_.Padding(item, (8 - bits % 8) % 8));
+        }
         ReportDescriptorBuilder& Size(std::uint32_t count) {
             return builder_.LogicalMinimum(0)
                 .LogicalMaximum(1)
