@@ -89,6 +89,13 @@ Bytes SlotsFromAHighMinimum() {
         Slots(5, 8, 3).UsageMinimum(0x41).UsageMaximum(0x46).Main(Main::Output, kDataArray));
 }
 
+// Index 0 is left for a slot that is free.
+Bytes SlotsWithOneIndexMoreThanUsages() {
+    ReportDescriptorBuilder builder = Application();
+    builder.LogicalMinimum(0).LogicalMaximum(8).ReportSize(8).ReportCount(3);
+    return Closed(builder.UsageMinimum(0x08).UsageMaximum(0x0F).Main(Main::Output, kDataArray));
+}
+
 }  // namespace
 
 std::vector<Descriptor> ButtonDescriptors() {
@@ -102,6 +109,7 @@ std::vector<Descriptor> ButtonDescriptors() {
         {"SlotsBesideBits", SlotsBesideBits()},
         {"NibbleSlots", NibbleSlots()},
         {"SlotsFromAHighMinimum", SlotsFromAHighMinimum()},
+        {"SlotsWithOneIndexMoreThanUsages", SlotsWithOneIndexMoreThanUsages()},
     };
 }
 

@@ -61,6 +61,18 @@ std::vector<Entry::Result> ResultsOf(const HIDP_CAPS& caps) {
     };
 }
 
+std::vector<Entry::Result> ResultsOf(const HIDP_LINK_COLLECTION_NODE& node) {
+    return {
+        {"usage", Hex(node.LinkUsagePage, 4) + Hex(node.LinkUsage, 4)},
+        {"parent", Numbers({node.Parent})},
+        {"children", Numbers({node.NumberOfChildren})},
+        {"first child", Numbers({node.FirstChild})},
+        {"next sibling", Numbers({node.NextSibling})},
+        {"type", Numbers({node.CollectionType})},
+        {"alias", Numbers({node.IsAlias})},
+    };
+}
+
 std::vector<Entry::Result> ResultsOf(const HIDP_BUTTON_CAPS& caps) { return CommonResults(caps); }
 
 std::vector<Entry::Result> ResultsOf(const HIDP_VALUE_CAPS& caps) {

@@ -7,6 +7,7 @@
 namespace parity {
 
 std::vector<Entry::Result> ResultsOf(const HIDP_CAPS& caps);
+std::vector<Entry::Result> ResultsOf(const HIDP_LINK_COLLECTION_NODE& node);
 // Contains only the half of the union that IsRange selects; the other half is undefined.
 std::vector<Entry::Result> ResultsOf(const HIDP_BUTTON_CAPS& caps);
 std::vector<Entry::Result> ResultsOf(const HIDP_VALUE_CAPS& caps);

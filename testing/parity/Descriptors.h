@@ -16,6 +16,7 @@ std::vector<Descriptor> TouchpadDescriptors();  // the touchpads that the agent 
 std::vector<Descriptor> DeviceDescriptors();    // layouts of other devices
 std::vector<Descriptor> FieldDescriptors();     // one rule of the HID standard each
 std::vector<Descriptor> ButtonDescriptors();    // the same for buttons and arrays
+std::vector<Descriptor> UnusualDescriptors();   // what few devices declare
 
 const std::vector<Descriptor>& AllDescriptors();
 

@@ -133,13 +133,16 @@ Bytes PushedState() {
     builder.ReportId(1).Value(Main::Output, 0x20, 8, 100).Raw(Push()).ReportId(2);
     builder.UsagePage(kOtherVendorPage).Value(Main::Output, 0x21, 16, 1000).Raw(Push());
     builder.Value(Main::Output, 0x22, 4, 15).Raw(Pop());
-    builder.Usage(0x23).Main(Main::Output, kDataVariable).Raw(Pop());
+    builder.Usage(0x23).Main(Main::Output, kDataVariable).Padding(Main::Output, 4).Raw(Pop());
     return Closed(builder.Usage(0x24).Main(Main::Output, kDataVariable));
 }
 
-// Two of the report types have no report, and the bits end within a byte.
+// Two of the report types have no report, and a field ends within a byte.
 Bytes OutputOnly() {
-    return Closed(Application().Value(Main::Output, 0x20, 7, 100).Value(Main::Output, 0x21, 2, 3));
+    return Closed(Application()
+                      .Value(Main::Output, 0x20, 7, 100)
+                      .Value(Main::Output, 0x21, 2, 3)
+                      .Padding(Main::Output, 7));
 }
 
 Bytes Strings() {

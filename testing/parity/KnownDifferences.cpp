@@ -7,7 +7,6 @@ namespace {
 
 constexpr char kSuccess[] = "00110000";
 constexpr char kUsageNotFound[] = "C0110004";
-constexpr char kArrayFlags[] = "000";
 
 bool IsCallOf(const Difference& difference, const std::string& function) {
     return difference.simulator.call.compare(0, function.size() + 1, function + "(") == 0;
@@ -38,16 +37,6 @@ bool IsLengthOfAFailure(const Difference& difference) {
 bool IsOnPageZero(const Difference& difference) {
     return difference.simulator.call.find(", 0000, link ") != std::string::npos &&
            difference.simulator.ValueOf("status") == kUsageNotFound;
-}
-
-bool IsDataIndexInAnArray(const Difference& difference) {
-    return IsCallOf(difference, "HidP_GetButtonCaps") &&
-           difference.simulator.ValueOf("flags") == kArrayFlags;
-}
-
-bool IsOneForAValueRange(const Difference& difference) {
-    return IsCallOf(difference, "HidP_GetValueCaps") && difference.OfWine() == "1" &&
-           !difference.simulator.ValueOf("usages").empty();
 }
 
 bool HasUnset(const Difference& difference) {
@@ -85,24 +74,17 @@ const std::vector<KnownDifference>& KnownDifferences() {
          {},
          {},
          IsOnPageZero},
-        {"DataIndicesOfAnArray",
-         "data indices of single usages run in the list's order; Wine's run in declaration order",
-         {"data index"},
-         {"ByteSlotsOfSingleUsages"},
-         IsDataIndexInAnArray},
-        {"CountOfAValueRange",
-         "the count is the number of usages that a record describes, as documented; Wine says 1",
-         {"count"},
-         {"ValueRanges"},
-         IsOneForAValueRange},
         {"UnsettingInAnArray",
-         "the slot that holds the usage is cleared; Wine clears the first that holds any usage",
+         "the slot that holds the usage is freed and the later ones move up, as Windows recorded "
+         "of "
+         "HidP_SetData; Wine clears the first that holds any usage",
          {"status", "length", "report"},
-         {"ButtonTouchpadWithActiveArray", "ByteSlots", "SlotsBesideBits"},
+         {"ButtonTouchpadWithActiveArray", "ByteSlots", "ByteSlotsOfSingleUsages",
+          "SlotsBesideBits", "SlotsWithOneIndexMoreThanUsages"},
          HasUnset},
         {"IndexOfASlot",
-         "the logical minimum stands for an array's first usage, as the HID standard has it; Wine "
-         "counts from 1",
+         "the logical minimum stands for an array's first usage, as on Windows, unless index 0 is "
+         "left over; Wine counts from 1 always",
          {"status", "length", "report", "usages"},
          {"Keyboard", "SlotsFromAHighMinimum"},
          IsAboutUsages},
@@ -127,6 +109,23 @@ const std::vector<KnownDifference>& KnownDifferences() {
          "of them",
          {},
          {"SinglesAndARangeInOneItem"},
+         IsAny},
+        {"PageOfAShortUsage",
+         "a usage without a page is of the page in force at the main item, as on Windows; Wine "
+         "takes "
+         "the one in force at the usage",
+         {},
+         {"PageAfterTheUsage"},
+         IsAny},
+        {"ConstantArrays",
+         "a constant array has no capability, as recorded on Windows; Wine lists its usages",
+         {},
+         {"ConstantFields"},
+         IsAny},
+        {"MissingLimits",
+         "a value without logical limits is 0 to 1, as recorded on Windows; Wine says 0 to 0",
+         {},
+         {"ValueWithoutLimits"},
          IsAny},
     };
     return known;

@@ -74,6 +74,8 @@ void RecordUsageCounts(RecordedCalls& calls, const Reports& reports) {
 
 std::vector<Reports> RecordLists(RecordedCalls& calls) {
     const HIDP_CAPS caps = calls.GetCaps();
+    const ULONG nodes = caps.NumberLinkCollectionNodes;
+    for (const ULONG room : {nodes - 1, nodes + 1, nodes}) calls.GetLinkCollectionNodes(room);
     std::vector<Reports> lists;
     for (const TypeMembers& members : kTypeMembers) {
         lists.push_back(ReportsOf(calls, caps, members));

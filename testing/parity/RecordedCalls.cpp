@@ -94,6 +94,18 @@ HIDP_CAPS RecordedCalls::GetCaps() {
     return caps;
 }
 
+void RecordedCalls::GetLinkCollectionNodes(ULONG room) {
+    const std::string call = "HidP_GetLinkCollectionNodes(room " + std::to_string(room) + ")";
+    std::vector<HIDP_LINK_COLLECTION_NODE> nodes(room + 1u);
+    ULONG length = room;
+    const NTSTATUS status = HidP_GetLinkCollectionNodes(nodes.data(), &length, preparsed_.get());
+    Note({call, {Status(status), Length(length)}});
+    const bool isExact = status == HIDP_STATUS_SUCCESS && length == room;
+    for (ULONG i = 0; isExact && i < length; ++i) {
+        Note({call + "[" + std::to_string(i) + "]", ResultsOf(nodes[i])});
+    }
+}
+
 std::vector<HIDP_VALUE_CAPS> RecordedCalls::GetValueCaps(HIDP_REPORT_TYPE type, USHORT room) {
     return List<HIDP_VALUE_CAPS>("HidP_GetValueCaps", HidP_GetValueCaps, type, room,
                                  preparsed_.get(), [this](Entry entry) { Note(std::move(entry)); });

@@ -28,6 +28,7 @@ class RecordedCalls {
     explicit RecordedCalls(PreparsedData preparsed) : preparsed_(std::move(preparsed)) {}
 
     HIDP_CAPS GetCaps();
+    void GetLinkCollectionNodes(ULONG room);
     // The list calls return what fits into `room`.
     std::vector<HIDP_VALUE_CAPS> GetValueCaps(HIDP_REPORT_TYPE type, USHORT room);
     std::vector<HIDP_BUTTON_CAPS> GetButtonCaps(HIDP_REPORT_TYPE type, USHORT room);

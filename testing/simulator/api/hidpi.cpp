@@ -82,6 +82,18 @@ NTSTATUS NTAPI HidP_GetCaps(PHIDP_PREPARSED_DATA PreparsedData, PHIDP_CAPS Capab
     return HIDP_STATUS_SUCCESS;
 }
 
+NTSTATUS NTAPI HidP_GetLinkCollectionNodes(PHIDP_LINK_COLLECTION_NODE LinkCollectionNodes,
+                                           PULONG LinkCollectionNodesLength,
+                                           PHIDP_PREPARSED_DATA PreparsedData) {
+    if (const auto fault = Enter(__func__, CountBehind(LinkCollectionNodesLength))) {
+        return fault->Failed<NTSTATUS>(HIDP_STATUS_INTERNAL_ERROR);
+    }
+    const auto collection = InUse(__func__, PreparsedData);
+    if (collection == nullptr) return HIDP_STATUS_INVALID_PREPARSED_DATA;
+    return simulator::hid::GetLinkCollectionNodes(*collection, LinkCollectionNodes,
+                                                  *LinkCollectionNodesLength);
+}
+
 NTSTATUS NTAPI HidP_GetValueCaps(HIDP_REPORT_TYPE ReportType, PHIDP_VALUE_CAPS ValueCaps,
                                  PUSHORT ValueCapsLength, PHIDP_PREPARSED_DATA PreparsedData) {
     if (const auto fault =

@@ -21,7 +21,7 @@ struct Capability {
     std::uint32_t startBit = 0;  // counted from the report id byte
     std::uint32_t fieldCount = 0;
     // For arrays: the slot value that stands for the first usage.
-    std::int64_t firstIndex = 0;
+    std::int64_t firstSlotValue = 0;
 
     UCHAR ReportId() const { return globals.reportId; }
 

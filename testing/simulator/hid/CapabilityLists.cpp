@@ -11,7 +11,7 @@ namespace {
 // is set: a caller that reads Range of a single usage finds a maximum of 0.
 template <typename Caps>
 Caps CommonCaps(const Collection& collection, const Capability& capability) {
-    const UsageAndPage& link = collection.Links()[capability.linkCollection];
+    const UsageAndPage& link = collection.Links()[capability.linkCollection].usage;
     const DeclaredUsages& usages = capability.usages;
     Caps caps{};
     caps.UsagePage = usages.page;
@@ -50,8 +50,9 @@ HIDP_VALUE_CAPS ValueCaps(const Collection& collection, const Capability& capabi
     auto caps = CommonCaps<HIDP_VALUE_CAPS>(collection, capability);
     caps.HasNull = (capability.flags & MainItem::kNullState) != 0 ? 1 : 0;
     caps.BitSize = static_cast<USHORT>(globals.reportSize);
-    caps.ReportCount = static_cast<USHORT>(capability.fieldCount);
-    caps.UnitsExp = globals.unitExponent;
+    // Each usage of a range has a field, and the platform says so with a count of 1.
+    caps.ReportCount = capability.usages.isRange ? 1 : static_cast<USHORT>(capability.fieldCount);
+    caps.UnitsExp = static_cast<ULONG>(globals.unitExponent);
     caps.Units = globals.unit;
     caps.LogicalMin = globals.logicalMinimum;
     caps.LogicalMax = globals.logicalMaximum;
@@ -70,6 +71,18 @@ NTSTATUS List(const Collection& collection, const std::vector<Capability>& capab
     std::transform(capabilities.begin(), capabilities.end(), list,
                    [&](const Capability& capability) { return convert(collection, capability); });
     return HIDP_STATUS_SUCCESS;
+}
+
+HIDP_LINK_COLLECTION_NODE NodeOf(const LinkCollection& link) {
+    HIDP_LINK_COLLECTION_NODE node{};
+    node.LinkUsage = link.usage.usage;
+    node.LinkUsagePage = link.usage.page;
+    node.Parent = link.parent;
+    node.NumberOfChildren = link.children;
+    node.NextSibling = link.nextSibling;
+    node.FirstChild = link.firstChild;
+    node.CollectionType = link.type;
+    return node;
 }
 
 struct TypeMembers {
@@ -92,8 +105,8 @@ constexpr TypeMembers kTypeMembers[] = {
 
 HIDP_CAPS CapsOf(const Collection& collection) {
     HIDP_CAPS caps{};
-    caps.UsagePage = collection.Links().front().page;
-    caps.Usage = collection.Links().front().usage;
+    caps.UsagePage = collection.Links().front().usage.page;
+    caps.Usage = collection.Links().front().usage.usage;
     caps.NumberLinkCollectionNodes = static_cast<USHORT>(collection.Links().size());
     for (const TypeMembers& members : kTypeMembers) {
         const ReportLayout& reports = *collection.FindReports(members.type);
@@ -103,6 +116,16 @@ HIDP_CAPS CapsOf(const Collection& collection) {
         caps.*members.dataIndices = reports.DataIndices();
     }
     return caps;
+}
+
+NTSTATUS GetLinkCollectionNodes(const Collection& collection, HIDP_LINK_COLLECTION_NODE* list,
+                                ULONG& length) {
+    const std::vector<LinkCollection>& links = collection.Links();
+    const ULONG room = length;
+    length = static_cast<ULONG>(links.size());
+    if (length > room) return HIDP_STATUS_BUFFER_TOO_SMALL;
+    std::transform(links.begin(), links.end(), list, NodeOf);
+    return HIDP_STATUS_SUCCESS;
 }
 
 NTSTATUS GetValueCaps(const Collection& collection, HIDP_REPORT_TYPE type, HIDP_VALUE_CAPS* list,

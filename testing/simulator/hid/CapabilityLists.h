@@ -1,4 +1,4 @@
-// Capabilities as the platform's caps, value caps and button caps.
+// Capabilities and link collections as the platform's records.
 #pragma once
 
 #include "testing/simulator/hid/Collection.h"
@@ -11,5 +11,8 @@ NTSTATUS GetValueCaps(const Collection& collection, HIDP_REPORT_TYPE type, HIDP_
                       USHORT& length);
 NTSTATUS GetButtonCaps(const Collection& collection, HIDP_REPORT_TYPE type, HIDP_BUTTON_CAPS* list,
                        USHORT& length);
+// `length` likewise; the top-level collection is the first node.
+NTSTATUS GetLinkCollectionNodes(const Collection& collection, HIDP_LINK_COLLECTION_NODE* list,
+                                ULONG& length);
 
 }  // namespace simulator::hid

@@ -1,12 +1,20 @@
 #include "testing/simulator/hid/Collection.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "testing/simulator/hid/ReportDescriptor.h"
 
 namespace simulator::hid {
 
-USHORT Collection::AddLink(UsageAndPage usage) {
-    links_.push_back(usage);
-    return static_cast<USHORT>(links_.size() - 1);
+USHORT Collection::AddLink(LinkCollection link) {
+    const auto index = static_cast<USHORT>(links_.size());
+    LinkCollection& parent = links_[link.parent];
+    link.nextSibling = parent.firstChild;
+    parent.firstChild = index;
+    ++parent.children;
+    links_.push_back(link);
+    return index;
 }
 
 const ReportLayout* Collection::FindReports(HIDP_REPORT_TYPE type) const {
@@ -27,6 +35,13 @@ bool UsesReportIds(const Collection& collection) {
         if (!ids.empty()) return ids.front() != 0;
     }
     return false;
+}
+
+bool EndsOnBytes(const Collection& collection) {
+    const HIDP_REPORT_TYPE types[] = {HidP_Input, HidP_Output, HidP_Feature};
+    return std::all_of(std::begin(types), std::end(types), [&](HIDP_REPORT_TYPE type) {
+        return collection.FindReports(type)->EndsOnBytes();
+    });
 }
 
 std::vector<std::uint8_t> ReportIds(const Collection& collection, HIDP_REPORT_TYPE type) {

@@ -8,6 +8,7 @@ namespace {
 constexpr std::uint8_t kLongItemPrefix = 0xFE;
 constexpr std::uint8_t kSizeBits = 0x03;
 constexpr int kSizes[] = {0, 1, 2, 4};
+constexpr const char* kCutShort[] = {"", "ONE_BYTE", "TWO_BYTE", "FOUR_BYTE"};
 
 }  // namespace
 
@@ -35,7 +36,9 @@ std::optional<Item> DescriptorItems::Next() {
     item.offset = offset_++;
     item.tag = static_cast<ItemTag>(prefix & ~kSizeBits);
     item.size = kSizes[prefix & kSizeBits];
-    if (static_cast<std::size_t>(item.size) > bytes_.size() - offset_) item.Refuse("cut short");
+    if (static_cast<std::size_t>(item.size) > bytes_.size() - offset_) {
+        item.Refuse(std::string(kCutShort[prefix & kSizeBits]) + ": cut short");
+    }
     for (int i = 0; i < item.size; ++i) {
         item.value |= static_cast<std::uint32_t>(bytes_[offset_++]) << (8 * i);
     }

@@ -29,6 +29,10 @@ enum class ItemTag : std::uint8_t {
     ReportCount = 0x94,
     Push = 0xA4,
     Pop = 0xB4,
+    ReservedGlobal12 = 0xC4,
+    ReservedGlobal13 = 0xD4,
+    ReservedGlobal14 = 0xE4,
+    ReservedGlobal15 = 0xF4,
 
     Usage = 0x08,
     UsageMinimum = 0x18,

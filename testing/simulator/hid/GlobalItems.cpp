@@ -1,5 +1,8 @@
 #include "testing/simulator/hid/GlobalItems.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace simulator::hid {
 namespace {
 
@@ -11,7 +14,6 @@ constexpr UnsignedItem kUnsignedItems[] = {
     {ItemTag::ReportSize, &GlobalItems::reportSize},
     {ItemTag::ReportCount, &GlobalItems::reportCount},
     {ItemTag::Unit, &GlobalItems::unit},
-    {ItemTag::UnitExponent, &GlobalItems::unitExponent},
 };
 
 struct SignedItem {
@@ -23,7 +25,12 @@ constexpr SignedItem kSignedItems[] = {
     {ItemTag::LogicalMaximum, &GlobalItems::logicalMaximum},
     {ItemTag::PhysicalMinimum, &GlobalItems::physicalMinimum},
     {ItemTag::PhysicalMaximum, &GlobalItems::physicalMaximum},
+    {ItemTag::UnitExponent, &GlobalItems::unitExponent},
 };
+
+// Windows starts devices whose descriptors contain these, and nothing depends on them.
+constexpr ItemTag kReservedItems[] = {ItemTag::ReservedGlobal12, ItemTag::ReservedGlobal13,
+                                      ItemTag::ReservedGlobal14, ItemTag::ReservedGlobal15};
 
 }  // namespace
 
@@ -48,7 +55,8 @@ bool GlobalItems::Take(const Item& item) {
         reportId = static_cast<std::uint8_t>(item.value);
         return true;
     }
-    return false;
+    return std::find(std::begin(kReservedItems), std::end(kReservedItems), item.tag) !=
+           std::end(kReservedItems);
 }
 
 }  // namespace simulator::hid

@@ -16,11 +16,12 @@ struct GlobalItems {
     std::uint32_t reportSize = 0;
     std::uint32_t reportCount = 0;
     std::int32_t logicalMinimum = 0;
-    std::int32_t logicalMaximum = 0;
+    std::int32_t logicalMaximum = 1;  // recorded on Windows where none is declared
     std::int32_t physicalMinimum = 0;
     std::int32_t physicalMaximum = 0;
     std::uint32_t unit = 0;
-    std::uint32_t unitExponent = 0;  // a nibble as in the descriptor, not sign-extended
+    // The item's signed number: one byte 0xFD is -3, and the nibble 0x0D stays 13.
+    std::int32_t unitExponent = 0;
 
     // Returns false when the item is not a global item of this table.
     bool Take(const Item& item);

@@ -3,29 +3,28 @@
 #include <utility>
 
 namespace simulator::hid {
-namespace {
 
-UsageAndPage UsageOf(const Item& item, USAGE page) {
-    if (item.size == 4) page = static_cast<USAGE>(item.value >> 16);
-    return {page, static_cast<USAGE>(item.value & 0xFFFF)};
+LocalItems::DeclaredUsage LocalItems::UsageOf(const Item& item) {
+    DeclaredUsage declared;
+    if (item.size == 4) declared.page = static_cast<USAGE>(item.value >> 16);
+    declared.usage = static_cast<USAGE>(item.value & 0xFFFF);
+    return declared;
 }
 
-}  // namespace
-
-bool LocalItems::Take(const Item& item, USAGE page) {
-    const UsageAndPage usage = UsageOf(item, page);
+bool LocalItems::Take(const Item& item) {
     switch (item.tag) {
         case ItemTag::Usage:
-            usages_.push_back({usage.page, usage.usage, usage.usage, false});
+            Declare({UsageOf(item), UsageOf(item), false});
             return true;
         case ItemTag::UsageMinimum:
-            TakeBound(item, usage, minimum_);
+            TakeBound(item, minimum_);
             return true;
         case ItemTag::UsageMaximum:
-            TakeBound(item, usage, maximum_);
+            TakeBound(item, maximum_);
             return true;
         case ItemTag::Delimiter:
-            item.Refuse("delimited usage sets are not simulated");
+            TakeDelimiter(item);
+            return true;
         default:
             return TakeIndex(item);
     }
@@ -57,28 +56,43 @@ bool LocalItems::TakeIndex(const Item& item) {
     }
 }
 
-void LocalItems::TakeBound(const Item& item, UsageAndPage usage,
-                           std::optional<UsageAndPage>& bound) {
+void LocalItems::TakeBound(const Item& item, std::optional<DeclaredUsage>& bound) {
     if (bound) item.Refuse("a usage range with two bounds of one kind");
-    bound = usage;
+    bound = UsageOf(item);
     if (!minimum_ || !maximum_) return;
-    const UsageAndPage minimum = *std::exchange(minimum_, std::nullopt);
-    const UsageAndPage maximum = *std::exchange(maximum_, std::nullopt);
-    if (minimum.page != maximum.page) item.Refuse("a usage range over two pages");
+    const DeclaredUsage minimum = *std::exchange(minimum_, std::nullopt);
+    const DeclaredUsage maximum = *std::exchange(maximum_, std::nullopt);
     if (minimum.usage > maximum.usage) item.Refuse("a usage range that ends before it starts");
-    usages_.push_back({minimum.page, minimum.usage, maximum.usage, true});
+    Declare({minimum, maximum, true});
 }
 
-std::vector<DeclaredUsages> LocalItems::Collect(const Item& mainItem) {
+void LocalItems::TakeDelimiter(const Item& item) {
+    const bool opens = item.value == 1;
+    if (item.value > 1 || opens == isInSet_) item.Refuse("a delimiter out of place");
+    if (opens && (minimum_ || maximum_)) item.Refuse("half a usage range");
+    isInSet_ = opens;
+    isSetDeclared_ = false;
+}
+
+// The usages of a delimited set are alternatives for one field; the first of them is used.
+void LocalItems::Declare(const Declaration& declaration) {
+    if (!isSetDeclared_) declared_.push_back(declaration);
+    isSetDeclared_ = isInSet_;
+}
+
+std::vector<DeclaredUsages> LocalItems::Collect(const Item& mainItem, USAGE page) {
     if (minimum_ || maximum_) mainItem.Refuse("half a usage range");
-    std::vector<DeclaredUsages> declared = std::exchange(usages_, {});
-    const DeclaredIndices strings = std::exchange(strings_, {});
-    const DeclaredIndices designators = std::exchange(designators_, {});
-    for (std::size_t i = 0; i < declared.size(); ++i) {
-        declared[i].strings = strings.OfDeclaration(i);
-        declared[i].designators = designators.OfDeclaration(i);
+    if (isInSet_) mainItem.Refuse("a delimited set of usages that does not end");
+    const LocalItems locals = std::exchange(*this, {});
+    std::vector<DeclaredUsages> usages;
+    for (const auto& [minimum, maximum, isRange] : locals.declared_) {
+        const USAGE ownPage = minimum.page.value_or(page);
+        if (maximum.page.value_or(page) != ownPage) mainItem.Refuse("a usage range over two pages");
+        usages.push_back({ownPage, minimum.usage, maximum.usage, isRange,
+                          locals.strings_.OfDeclaration(usages.size()),
+                          locals.designators_.OfDeclaration(usages.size())});
     }
-    return declared;
+    return usages;
 }
 
 }  // namespace simulator::hid

@@ -33,21 +33,36 @@ struct DeclaredUsages {
 
 class LocalItems {
  public:
-    // A usage of four bytes contains its usage page. A shorter one takes `page`, the one in force
-    // at the usage: a Usage Page item between it and its main item affects later usages only.
     // Returns false when the item is not a local one.
-    bool Take(const Item& item, USAGE page);
+    bool Take(const Item& item);
 
-    // Returns the usages declared since the last main item, in declaration order.
-    std::vector<DeclaredUsages> Collect(const Item& mainItem);
+    // Returns the usages declared since the last main item, in declaration order. A usage of four
+    // bytes contains its usage page. A shorter one takes `page`, the one in force at the main item,
+    // whatever the page was where the usage stood.
+    std::vector<DeclaredUsages> Collect(const Item& mainItem, USAGE page);
 
  private:
-    bool TakeIndex(const Item& item);
-    void TakeBound(const Item& item, UsageAndPage usage, std::optional<UsageAndPage>& bound);
+    // Without a page: the main item's.
+    struct DeclaredUsage {
+        std::optional<USAGE> page;
+        USAGE usage = 0;
+    };
+    struct Declaration {
+        DeclaredUsage minimum, maximum;
+        bool isRange = false;
+    };
 
-    std::vector<DeclaredUsages> usages_;
-    std::optional<UsageAndPage> minimum_;
-    std::optional<UsageAndPage> maximum_;
+    static DeclaredUsage UsageOf(const Item& item);
+    bool TakeIndex(const Item& item);
+    void TakeBound(const Item& item, std::optional<DeclaredUsage>& bound);
+    void TakeDelimiter(const Item& item);
+    void Declare(const Declaration& declaration);
+
+    std::vector<Declaration> declared_;
+    std::optional<DeclaredUsage> minimum_;
+    std::optional<DeclaredUsage> maximum_;
+    bool isInSet_ = false;
+    bool isSetDeclared_ = false;
     DeclaredIndices strings_;
     DeclaredIndices designators_;
 };

@@ -11,6 +11,7 @@ namespace simulator::hid {
 
 struct MainItem {
     enum Flags : std::uint16_t {
+        kConstant = 0x01,
         kVariable = 0x02,
         kRelative = 0x04,
         kNullState = 0x40,
@@ -21,6 +22,7 @@ struct MainItem {
     std::vector<DeclaredUsages> usages;
     USHORT linkCollection = 0;
 
+    bool IsConstant() const { return (flags & kConstant) != 0; }
     bool IsArray() const { return (flags & kVariable) == 0; }
     bool IsButtons() const { return IsArray() || globals.reportSize == 1; }
 };

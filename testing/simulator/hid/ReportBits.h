@@ -5,7 +5,7 @@
 
 namespace simulator::hid {
 
-// `size` is 1 to 32; bit 0 is the lowest bit of byte 0. The result is not sign-extended.
+// `size` is 0 to 32; bit 0 is the lowest bit of byte 0. The result is not sign-extended.
 inline std::uint32_t GetBits(const std::uint8_t* report, std::uint32_t start, std::uint32_t size) {
     std::uint32_t value = 0;
     for (std::uint32_t i = 0; i < size; ++i) {

@@ -42,6 +42,7 @@ Collections Parser::Parse(const std::vector<std::uint8_t>& descriptor) {
     DescriptorItems items(descriptor);
     while (const std::optional<Item> item = items.Next()) Take(*item);
     if (!openLinks_.empty()) throw DescriptorError("a collection is not closed");
+    if (collections_.empty()) throw DescriptorError("NO_DATA: no top-level collection");
     return {collections_.begin(), collections_.end()};
 }
 
@@ -61,9 +62,12 @@ void Parser::Take(const Item& item) {
             return pushed_.push_back(globals_);
         case ItemTag::Pop:
             return Pop(item);
+        case ItemTag::ReportId:
+            if (collections_.empty()) item.Refuse("REPORT_ID: before the first collection");
+            [[fallthrough]];
         default:
-            if (globals_.Take(item) || locals_.Take(item, globals_.usagePage)) return;
-            item.Refuse("unknown item");
+            if (globals_.Take(item) || locals_.Take(item)) return;
+            item.Refuse("ITEM_UNKNOWN: unknown item");
     }
 }
 
@@ -73,7 +77,7 @@ void Parser::AddFields(const Item& item, HIDP_REPORT_TYPE type) {
     MainItem fields;
     fields.flags = static_cast<std::uint16_t>(item.value);
     fields.globals = globals_;
-    fields.usages = locals_.Collect(item);
+    fields.usages = locals_.Collect(item, globals_.usagePage);
     fields.linkCollection = openLinks_.back();
     try {
         collections_.back()->Reports(type).Add(fields);
@@ -83,23 +87,31 @@ void Parser::AddFields(const Item& item, HIDP_REPORT_TYPE type) {
 }
 
 void Parser::OpenCollection(const Item& item) {
-    const std::vector<DeclaredUsages> usages = locals_.Collect(item);
-    UsageAndPage usage{globals_.usagePage, 0};
-    if (!usages.empty()) usage = {usages.front().page, usages.front().minimum};
+    const std::vector<DeclaredUsages> usages = locals_.Collect(item, globals_.usagePage);
+    LinkCollection link;
+    link.usage = {globals_.usagePage, 0};
+    if (!usages.empty()) link.usage = {usages.front().page, usages.front().minimum};
+    link.type = static_cast<std::uint8_t>(item.value);
 
     if (!openLinks_.empty()) {
-        openLinks_.push_back(collections_.back()->AddLink(usage));
+        link.parent = openLinks_.back();
+        openLinks_.push_back(collections_.back()->AddLink(link));
         return;
     }
-    if (usages.empty()) item.Refuse("a top-level collection without a usage");
-    collections_.push_back(std::make_shared<Collection>(usage));
+    if (usages.size() != 1 || usages.front().Count() != 1) {
+        item.Refuse("TOP_COLLECTION_USAGE: a top-level collection has one usage");
+    }
+    collections_.push_back(std::make_shared<Collection>(link));
     openLinks_.push_back(0);
 }
 
 void Parser::CloseCollection(const Item& item) {
-    if (openLinks_.empty()) item.Refuse("no collection is open");
-    locals_.Collect(item);
+    if (openLinks_.empty()) item.Refuse("UNEXP_END_COL: no collection is open");
+    locals_.Collect(item, globals_.usagePage);
     openLinks_.pop_back();
+    if (openLinks_.empty() && !EndsOnBytes(*collections_.back())) {
+        item.Refuse("BYTE_ALLIGN: a report that does not end on a byte");
+    }
 }
 
 void Parser::Pop(const Item& item) {

@@ -12,9 +12,8 @@ namespace {
 // of fields.
 constexpr std::uint32_t kMaxCount = 0xFFFF;
 constexpr std::uint32_t kMaxPayloadBits = (kMaxCount - 1) * 8;
-constexpr std::uint32_t kMaxFieldBits = 32;
 
-std::size_t BytesOf(std::uint32_t payloadBits) { return 1 + (payloadBits + 7) / 8; }
+std::size_t BytesOf(std::uint32_t payloadBits) { return 1 + payloadBits / 8; }
 
 Capability CapabilityOf(const MainItem& item, const DeclaredUsages& usages,
                         std::uint32_t startBit) {
@@ -28,15 +27,27 @@ Capability CapabilityOf(const MainItem& item, const DeclaredUsages& usages,
     return capability;
 }
 
+// Returns the slot value of an array's first usage. With one index more than usages, index 0 means
+// that the slot is free; but in a keyboard's array, whose usages begin with 0, the index is the
+// usage.
+std::int64_t FirstSlotValue(const MainItem& item) {
+    std::int64_t usages = 0;
+    for (const DeclaredUsages& declared : item.usages) usages += declared.Count();
+    const GlobalItems& globals = item.globals;
+    const bool isZeroFree = globals.logicalMinimum == 0 && globals.logicalMaximum == usages &&
+                            item.usages.front().minimum != 0;
+    return isZeroFree ? 1 : globals.logicalMinimum;
+}
+
 // Every usage of an array shares all of its slots.
 std::vector<Capability> ArrayCapabilities(const MainItem& item, std::uint32_t startBit) {
     std::vector<Capability> capabilities;
-    std::int64_t index = item.globals.logicalMinimum;
+    std::int64_t slotValue = FirstSlotValue(item);
     for (const DeclaredUsages& usages : item.usages) {
         Capability capability = CapabilityOf(item, usages, startBit);
         capability.fieldCount = item.globals.reportCount;
-        capability.firstIndex = index;
-        index += usages.Count();
+        capability.firstSlotValue = slotValue;
+        slotValue += usages.Count();
         capabilities.push_back(capability);
     }
     return capabilities;
@@ -61,21 +72,51 @@ std::vector<Capability> VariableCapabilities(const MainItem& item, std::uint32_t
     return capabilities;
 }
 
+// Constant arrays and constant fields of usage 0 only take room, as those without a usage do.
+bool IsPadding(const MainItem& item, const DeclaredUsages& usages) {
+    return item.IsConstant() && (item.IsArray() || usages.maximum == 0);
+}
+
+// Returns the capabilities in declaration order.
+std::vector<Capability> CapabilitiesOf(const MainItem& item, std::uint32_t startBit) {
+    std::vector<Capability> declared =
+        item.IsArray() ? ArrayCapabilities(item, startBit) : VariableCapabilities(item, startBit);
+    declared.erase(std::remove_if(declared.begin(), declared.end(),
+                                  [&](const Capability& capability) {
+                                      return IsPadding(item, capability.usages);
+                                  }),
+                   declared.end());
+    return declared;
+}
+
 }  // namespace
 
 void ReportLayout::Add(const MainItem& item) {
-    const std::uint32_t startBit = Extend(item.globals);
-    const GlobalItems& globals = item.globals;
-    const bool isPadding = item.usages.empty();
-    if (isPadding || globals.reportCount == 0) return;
-    if (globals.reportSize == 0 || globals.reportSize > kMaxFieldBits) {
-        throw DescriptorError("a field with a usage is 1 to 32 bits wide");
+    if (item.usages.empty() && !item.IsConstant()) {
+        throw DescriptorError("MAIN_ITEM_NO_USAGE: data without a usage");
     }
-    if (globals.reportCount > kMaxCount) throw DescriptorError("more than 65535 fields");
-    const std::vector<Capability> declared =
-        item.IsArray() ? ArrayCapabilities(item, startBit) : VariableCapabilities(item, startBit);
-    std::for_each(declared.rbegin(), declared.rend(),
-                  [&](const Capability& capability) { List(capability, item.IsButtons()); });
+    const std::uint32_t startBit = Extend(item.globals);
+    if (item.usages.empty() || item.globals.reportCount == 0) return;
+    if (item.globals.reportSize > kMaxCount) throw DescriptorError("a field of over 65535 bits");
+    if (item.globals.reportCount > kMaxCount) throw DescriptorError("more than 65535 fields");
+    std::vector<Capability> listed = CapabilitiesOf(item, startBit);
+    // The list begins with the usage declared last. Data indices follow the list for variable
+    // fields, and the declaration for an array.
+    if (item.IsArray()) NumberData(listed);
+    std::reverse(listed.begin(), listed.end());
+    if (!item.IsArray()) NumberData(listed);
+    for (const Capability& capability : listed) List(capability, item.IsButtons());
+}
+
+void ReportLayout::NumberData(std::vector<Capability>& capabilities) {
+    for (Capability& capability : capabilities) {
+        const std::uint32_t usages = capability.usages.Count();
+        if (usages > kMaxCount - dataIndices_) {
+            throw DescriptorError("more than 65535 data indices");
+        }
+        capability.dataIndex = static_cast<USHORT>(dataIndices_);
+        dataIndices_ += usages;
+    }
 }
 
 // Returns the bit at which the new fields start.
@@ -89,11 +130,7 @@ std::uint32_t ReportLayout::Extend(const GlobalItems& globals) {
     return startBit;
 }
 
-void ReportLayout::List(Capability capability, bool isButton) {
-    const std::uint32_t usages = capability.usages.Count();
-    if (usages > kMaxCount - dataIndices_) throw DescriptorError("more than 65535 data indices");
-    capability.dataIndex = static_cast<USHORT>(dataIndices_);
-    dataIndices_ += usages;
+void ReportLayout::List(const Capability& capability, bool isButton) {
     if (isButton) {
         if (capability.fieldCount > kMaxCount - usageListLength_) {
             throw DescriptorError("more than 65535 button fields");
@@ -119,6 +156,11 @@ std::vector<UCHAR> ReportLayout::ReportIds() const {
     std::vector<UCHAR> ids;
     for (const auto& [id, bits] : payloadBits_) ids.push_back(id);
     return ids;
+}
+
+bool ReportLayout::EndsOnBytes() const {
+    return std::all_of(payloadBits_.begin(), payloadBits_.end(),
+                       [](const auto& report) { return report.second % 8 == 0; });
 }
 
 ULONG ReportLayout::MaxUsageListLength(USAGE page) const {

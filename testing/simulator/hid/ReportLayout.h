@@ -29,12 +29,15 @@ class ReportLayout {
     std::optional<std::size_t> ReportLength(UCHAR reportId) const;
     std::vector<UCHAR> ReportIds() const;
 
+    bool EndsOnBytes() const;
+
     // The maximum number of usages that GetUsages returns; page 0 stands for every page.
     ULONG MaxUsageListLength(USAGE page) const;
 
  private:
     std::uint32_t Extend(const GlobalItems& globals);
-    void List(Capability capability, bool isButton);
+    void NumberData(std::vector<Capability>& capabilities);
+    void List(const Capability& capability, bool isButton);
 
     std::vector<Capability> buttons_;
     std::vector<Capability> values_;

@@ -4,6 +4,12 @@
 #include "testing/simulator/hid/ReportBits.h"
 
 namespace simulator::hid {
+namespace {
+
+// A value has no room for a larger field, which Windows accepts in a descriptor all the same.
+constexpr std::uint32_t kMaxValueBits = 32;
+
+}  // namespace
 
 NTSTATUS GetUsageValue(const ReportLayout& reports, USAGE page, USHORT linkCollection, USAGE usage,
                        ULONG& value, const std::uint8_t* report) {
@@ -11,6 +17,7 @@ NTSTATUS GetUsageValue(const ReportLayout& reports, USAGE page, USHORT linkColle
         FindCapability(reports.Values(), page, linkCollection, usage, report[0]);
     if (search.found == nullptr) return search.status;
     const Capability& capability = *search.found;
+    if (capability.globals.reportSize > kMaxValueBits) return HIDP_STATUS_BUFFER_TOO_SMALL;
     value = GetBits(report, capability.FieldBit(capability.FieldOf(usage)),
                     capability.globals.reportSize);
     return HIDP_STATUS_SUCCESS;
@@ -23,6 +30,7 @@ NTSTATUS SetUsageValue(const ReportLayout& reports, USAGE page, USHORT linkColle
         FindCapability(reports.Values(), page, linkCollection, usage, report[0]);
     if (search.found == nullptr) return search.status;
     const Capability& capability = *search.found;
+    if (capability.globals.reportSize > kMaxValueBits) return HIDP_STATUS_BUFFER_TOO_SMALL;
     report[0] = capability.ReportId();
     SetBits(report, capability.FieldBit(capability.FieldOf(usage)), capability.globals.reportSize,
             value);

@@ -8,7 +8,7 @@
 namespace simulator::hid {
 namespace {
 
-// An array slot that holds 0 is free, whatever the logical minimum: SetUsages writes its index into
+// An array slot that holds 0 is free, whatever the logical minimum: SetUsages writes its value into
 // such a slot, so 0 cannot stand for a usage as well.
 constexpr std::uint32_t kFreeSlot = 0;
 
@@ -27,7 +27,7 @@ std::optional<USAGE> SetUsageOf(const Capability& capability, std::uint32_t fiel
     const std::uint32_t value = ValueOf(capability, field, report);
     if (value == 0) return std::nullopt;
     if (!capability.isArray) return capability.UsageOfField(field);
-    const std::int64_t position = value - capability.firstIndex;
+    const std::int64_t position = value - capability.firstSlotValue;
     if (position < 0 || position >= capability.usages.Count()) return std::nullopt;
     return static_cast<USAGE>(capability.usages.minimum + position);
 }
@@ -48,15 +48,28 @@ NTSTATUS SetUsage(const Capability& capability, USAGE usage, std::uint8_t* repor
     }
     const std::optional<std::uint32_t> slot = SlotWith(capability, kFreeSlot, report);
     if (!slot) return HIDP_STATUS_BUFFER_TOO_SMALL;
-    const std::int64_t index = capability.firstIndex + (usage - capability.usages.minimum);
-    SetValue(capability, *slot, static_cast<std::uint32_t>(index), report);
+    const std::int64_t value = capability.firstSlotValue + (usage - capability.usages.minimum);
+    SetValue(capability, *slot, static_cast<std::uint32_t>(value), report);
     return HIDP_STATUS_SUCCESS;
+}
+
+// Moves the later slots up by one, so that the free slots stay together at the end. This is
+// recorded on Windows of HidP_SetData, which unsets in the same arrays.
+void FreeSlot(const Capability& capability, std::uint32_t slot, std::uint8_t* report) {
+    for (; slot + 1 < capability.fieldCount; ++slot) {
+        SetValue(capability, slot, ValueOf(capability, slot + 1, report), report);
+    }
+    SetValue(capability, slot, kFreeSlot, report);
 }
 
 NTSTATUS UnsetUsage(const Capability& capability, USAGE usage, std::uint8_t* report) {
     for (std::uint32_t field = 0; field < capability.fieldCount; ++field) {
         if (SetUsageOf(capability, field, report) != usage) continue;
-        SetValue(capability, field, 0, report);
+        if (capability.isArray) {
+            FreeSlot(capability, field, report);
+        } else {
+            SetValue(capability, field, 0, report);
+        }
         return HIDP_STATUS_SUCCESS;
     }
     return HIDP_STATUS_BUTTON_NOT_PRESSED;

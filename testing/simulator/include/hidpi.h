@@ -110,6 +110,19 @@ typedef struct _HIDP_VALUE_CAPS {
     };
 } HIDP_VALUE_CAPS, *PHIDP_VALUE_CAPS;
 
+typedef struct _HIDP_LINK_COLLECTION_NODE {
+    USAGE LinkUsage;
+    USAGE LinkUsagePage;
+    USHORT Parent;
+    USHORT NumberOfChildren;
+    USHORT NextSibling;
+    USHORT FirstChild;
+    ULONG CollectionType : 8;
+    ULONG IsAlias : 1;
+    ULONG Reserved : 23;
+    PVOID UserContext;
+} HIDP_LINK_COLLECTION_NODE, *PHIDP_LINK_COLLECTION_NODE;
+
 // The severity is the top digit, the facility 0x11. Success is not 0: callers test for a negative
 // status.
 #define HIDP_STATUS_SUCCESS ((NTSTATUS)0x00110000)
@@ -135,6 +148,10 @@ typedef struct _HIDP_VALUE_CAPS {
 extern "C" {
 
 NTSTATUS NTAPI HidP_GetCaps(PHIDP_PREPARSED_DATA PreparsedData, PHIDP_CAPS Capabilities);
+
+NTSTATUS NTAPI HidP_GetLinkCollectionNodes(PHIDP_LINK_COLLECTION_NODE LinkCollectionNodes,
+                                           PULONG LinkCollectionNodesLength,
+                                           PHIDP_PREPARSED_DATA PreparsedData);
 
 NTSTATUS NTAPI HidP_GetValueCaps(HIDP_REPORT_TYPE ReportType, PHIDP_VALUE_CAPS ValueCaps,
                                  PUSHORT ValueCapsLength, PHIDP_PREPARSED_DATA PreparsedData);

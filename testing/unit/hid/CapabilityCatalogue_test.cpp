@@ -59,7 +59,7 @@ TYPED_TEST(CapabilityCatalogue, HasNothingOfARangeThatEndsBeforeItStartsYetCount
     if (TypeParam::kFieldBits != 1) item.flags = simulator::hid::MainItem::kVariable;
     item.usages = {{kPage, 0x31, 0x30, true}};
     const auto collection =
-        std::make_shared<simulator::hid::Collection>(simulator::hid::UsageAndPage{kPage, 0x80});
+        std::make_shared<simulator::hid::Collection>(simulator::hid::LinkCollection{{kPage, 0x80}});
     collection->Reports(HidP_Output).Add(item);
     const auto preparsed = simulator::hid::AllocatePreparsedData(collection);
     this->Want({{1, kPage}});

@@ -1,3 +1,6 @@
+#include <optional>
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include "testing/unit/simulator/hid/ParsedDevice.h"
@@ -16,7 +19,8 @@ TEST(Ranges, AreOneCapabilityWithTheFlag) {
 
 TEST(Ranges, OfOneUsageKeepTheFlag) {
     const auto caps =
-        ParsedDevice(Application().Buttons(Main::Output, 0x30, 0x30)).ButtonCaps(HidP_Output);
+        ParsedDevice(Application().Buttons(Main::Output, 0x30, 0x30).Padding(Main::Output, 7))
+            .ButtonCaps(HidP_Output);
     ASSERT_EQ(caps.size(), 1u);
     EXPECT_TRUE(caps[0].IsRange);
     EXPECT_EQ(caps[0].Range.UsageMin, 0x30);
@@ -32,11 +36,14 @@ TEST(Ranges, ASingleUsageIsNone) {
 }
 
 TEST(Ranges, MayGiveTheMaximumFirst) {
-    const auto caps =
-        ParsedDevice(
-            Application().ReportSize(1).ReportCount(3).UsageMaximum(0x43).UsageMinimum(0x41).Main(
-                Main::Input, kDataVariable))
-            .ButtonCaps(HidP_Input);
+    const auto caps = ParsedDevice(Application()
+                                       .ReportSize(1)
+                                       .ReportCount(3)
+                                       .UsageMaximum(0x43)
+                                       .UsageMinimum(0x41)
+                                       .Main(Main::Input, kDataVariable)
+                                       .Padding(Main::Input, 5))
+                          .ButtonCaps(HidP_Input);
     ASSERT_EQ(caps.size(), 1u);
     EXPECT_EQ(caps[0].Range.UsageMin, 0x41);
     EXPECT_EQ(caps[0].Range.UsageMax, 0x43);
@@ -46,31 +53,38 @@ struct Kind {
     const char* name;
     std::uint32_t bits;
     std::uint8_t flags;
-    bool hasUsage;
+    std::optional<std::uint16_t> usage;
     std::size_t buttons, values;
 };
+constexpr auto kNoUsage = std::nullopt;
 const Kind kKinds[] = {
-    {"one-bit variable", 1, kDataVariable, true, 1, 0},
-    {"two-bit variable", 2, kDataVariable, true, 0, 1},
-    {"one-bit array", 1, kDataArray, true, 1, 0},
-    {"byte array", 8, kDataArray, true, 1, 0},
-    {"constant variable with a usage", 8, kConstant | kDataVariable, true, 0, 1},
-    {"constant bit with a usage", 1, kConstant | kDataVariable, true, 1, 0},
-    {"constant without a usage", 8, kConstant, false, 0, 0},
-    {"variable without a usage", 8, kDataVariable, false, 0, 0},
-    {"array without a usage", 8, kDataArray, false, 0, 0},
+    {"one-bit variable", 1, kDataVariable, 0x20, 1, 0},
+    {"two-bit variable", 2, kDataVariable, 0x20, 0, 1},
+    {"one-bit array", 1, kDataArray, 0x20, 1, 0},
+    {"byte array", 8, kDataArray, 0x20, 1, 0},
+    {"variable of usage 0", 8, kDataVariable, 0, 0, 1},
+    {"constant variable", 8, kConstant | kDataVariable, 0x20, 0, 1},
+    {"constant bit", 1, kConstant | kDataVariable, 0x20, 1, 0},
+    {"constant array", 8, kConstant, 0x20, 0, 0},
+    {"constant bit of usage 0", 1, kConstant | kDataVariable, 0, 0, 0},
+    {"constant variable of usage 0", 8, kConstant | kDataVariable, 0, 0, 0},
+    {"constant variable without a usage", 8, kConstant | kDataVariable, kNoUsage, 0, 0},
+    {"constant array without a usage", 8, kConstant, kNoUsage, 0, 0},
 };
 
-TEST(ButtonsAndValues, OneBitVariablesAndArraysAreButtonsItemsWithoutUsageArePadding) {
+TEST(ButtonsAndValues, AreToldApartByBitsAndFlagsAndConstantsByUsage) {
     for (const Kind& kind : kKinds) {
         ReportDescriptorBuilder builder = Application();
         builder.ReportSize(kind.bits).ReportCount(1);
-        if (kind.hasUsage) builder.Usage(0x20);
-        const ParsedDevice device(builder.Main(Main::Output, kind.flags));
+        if (kind.usage) builder.Usage(*kind.usage);
+        builder.Main(Main::Output, kind.flags);
+        const ParsedDevice device(builder.Padding(Main::Output, 8 - kind.bits));
         EXPECT_EQ(device.ButtonCaps(HidP_Output).size(), kind.buttons) << kind.name;
         EXPECT_EQ(device.ValueCaps(HidP_Output).size(), kind.values) << kind.name;
         EXPECT_EQ(device.Caps().NumberOutputButtonCaps, kind.buttons) << kind.name;
         EXPECT_EQ(device.Caps().NumberOutputValueCaps, kind.values) << kind.name;
+        EXPECT_EQ(device.Caps().NumberOutputDataIndices, kind.buttons + kind.values) << kind.name;
+        EXPECT_EQ(device.MaxUsages(HidP_Output), kind.buttons) << kind.name;
         EXPECT_EQ(device.Caps().OutputReportByteLength, 2) << kind.name;
     }
 }
@@ -110,7 +124,40 @@ TEST(ValueCaps, WithoutTheFlagsAreAbsoluteAndHaveNoNull) {
     EXPECT_EQ(caps.LogicalMax, 255);
 }
 
-TEST(ValueCaps, OfARangeCountTheUsagesItDescribes) {
+// Two constant fields, of which one has a usage.
+TEST(ButtonsAndValues, AConstantOfUsageZeroTakesTheRoomOfItsField) {
+    const ParsedDevice device(Application().ReportSize(8).ReportCount(2).Usage(0).Usage(0x20).Main(
+        Main::Output, kConstant | kDataVariable));
+    ASSERT_EQ(device.ValueCaps(HidP_Output).size(), 1u);
+    EXPECT_EQ(device.ValueCaps(HidP_Output).at(0).NotRange.DataIndex, 0);
+    Bytes report = device.EmptyReport(HidP_Output);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x20, 0xAA, report), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{0, 0, 0xAA}));
+}
+
+TEST(ValueCaps, HaveASignedUnitExponent) {
+    const std::pair<Bytes, ULONG> exponents[] = {{{0x55, 0xFD}, static_cast<ULONG>(-3)},
+                                                 {{0x56, 0xFE, 0xFF}, static_cast<ULONG>(-2)},
+                                                 {{0x55, 0x0D}, 0x0D},
+                                                 {{0x55, 0x03}, 3}};
+    for (const auto& [item, exponent] : exponents) {
+        const ParsedDevice device(Application().Raw(item).Value(Main::Input, 0x30, 8, 0xFF));
+        EXPECT_EQ(device.ValueCaps(HidP_Input).at(0).UnitsExp, exponent);
+    }
+}
+
+TEST(ValueCaps, WithoutLimitsAreZeroToOne) {
+    const auto caps = ParsedDevice(Application().ReportSize(8).ReportCount(1).Usage(0x30).Main(
+                                       Main::Input, kDataVariable))
+                          .ValueCaps(HidP_Input)
+                          .at(0);
+    EXPECT_EQ(caps.LogicalMin, 0);
+    EXPECT_EQ(caps.LogicalMax, 1);
+    EXPECT_EQ(caps.PhysicalMin, 0);
+    EXPECT_EQ(caps.PhysicalMax, 0);
+}
+
+TEST(ValueCaps, OfARangeHaveACountOfOne) {
     const auto caps =
         ParsedDevice(
             Application().ReportSize(8).ReportCount(3).UsageMinimum(0x40).UsageMaximum(0x42).Main(
@@ -118,7 +165,7 @@ TEST(ValueCaps, OfARangeCountTheUsagesItDescribes) {
             .ValueCaps(HidP_Output);
     ASSERT_EQ(caps.size(), 1u);
     EXPECT_TRUE(caps[0].IsRange);
-    EXPECT_EQ(caps[0].ReportCount, 3);
+    EXPECT_EQ(caps[0].ReportCount, 1);
 }
 
 // Both listing calls treat their 16-bit length alike.

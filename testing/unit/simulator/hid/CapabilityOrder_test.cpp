@@ -36,8 +36,14 @@ TEST(CapabilityOrder, MainItemsAreListedAsDeclared) {
 }
 
 ReportDescriptorBuilder SinglesInOneItem(std::uint32_t bits) {
-    return Application().ReportSize(bits).ReportCount(3).Usage(0x20).Usage(0x21).Usage(0x22).Main(
-        Main::Output, kDataVariable);
+    return Application()
+        .ReportSize(bits)
+        .ReportCount(3)
+        .Usage(0x20)
+        .Usage(0x21)
+        .Usage(0x22)
+        .Main(Main::Output, kDataVariable)
+        .Padding(Main::Output, bits * 5 % 8);
 }
 
 TEST(CapabilityOrder, SingleUsagesOfOneItemAreListedLastDeclaredFirst) {
@@ -132,6 +138,26 @@ TEST(CapabilityOrder, UsagesOfAnArrayAreNotBoundByItsSlots) {
                                   .Usage(0x22)
                                   .Main(Main::Output, kDataArray));
     EXPECT_EQ(Usages(device.ButtonCaps(HidP_Output)), (UsageList{0x22, 0x21, 0x20}));
+}
+
+TEST(CapabilityOrder, DataIndicesOfAnArrayRunAsDeclared) {
+    const ParsedDevice device(Application()
+                                  .Buttons(Main::Output, 0x01, 0x08)
+                                  .LogicalMinimum(1)
+                                  .LogicalMaximum(5)
+                                  .ReportSize(8)
+                                  .ReportCount(2)
+                                  .Usage(0x20)
+                                  .UsageMinimum(0x30)
+                                  .UsageMaximum(0x32)
+                                  .Usage(0x21)
+                                  .Main(Main::Output, kDataArray)
+                                  .Value(Main::Output, 0x40, 8, 0xFF));
+    const auto buttons = device.ButtonCaps(HidP_Output);
+    EXPECT_EQ(Usages(buttons), (UsageList{0x01, 0x21, 0x30, 0x20}));
+    EXPECT_EQ(DataIndices(buttons), (IndexList{0, 12, 9, 8}));
+    EXPECT_EQ(buttons.at(2).Range.DataIndexMax, 11);
+    EXPECT_EQ(DataIndices(device.ValueCaps(HidP_Output)), (IndexList{13}));
 }
 
 }  // namespace

@@ -91,11 +91,26 @@ class DescriptorMutations : public testing::Test {
             const HIDP_VALUE_CAPS& caps = values[i];
             const USAGE usage = caps.IsRange ? caps.Range.UsageMax : caps.NotRange.Usage;
             report[0] = 0;
-            EXPECT_EQ(
-                device.SetValue(type, usage, ~0u, report, caps.UsagePage, caps.LinkCollection),
-                HIDP_STATUS_SUCCESS);
-            EXPECT_NE(device.Value(type, usage, report, caps.UsagePage, caps.LinkCollection), 0u);
+            const NTSTATUS status =
+                device.SetValue(type, usage, ~0u, report, caps.UsagePage, caps.LinkCollection);
+            const ULONG value =
+                device.Value(type, usage, report, caps.UsagePage, caps.LinkCollection);
+            const USHORT bits = FirstField(values, caps, usage).BitSize;
+            EXPECT_EQ(status, bits <= 32 ? HIDP_STATUS_SUCCESS : HIDP_STATUS_BUFFER_TOO_SMALL);
+            EXPECT_EQ(value != 0, bits != 0);
         }
+    }
+
+    // Returns the field that a call on the usage in this link collection finds.
+    static HIDP_VALUE_CAPS FirstField(const std::vector<HIDP_VALUE_CAPS>& values,
+                                      const HIDP_VALUE_CAPS& wanted, USAGE usage) {
+        return *std::find_if(values.begin(), values.end(), [&](const HIDP_VALUE_CAPS& caps) {
+            const USAGE first = caps.Range.UsageMin;
+            const USAGE last = caps.IsRange ? caps.Range.UsageMax : first;
+            const USHORT link = wanted.LinkCollection;
+            return caps.UsagePage == wanted.UsagePage && first <= usage && usage <= last &&
+                   (link == 0 || link == caps.LinkCollection);
+        });
     }
 
     std::mt19937 random_{20240229};

@@ -46,20 +46,51 @@ struct Malformed {
 void PrintTo(const Malformed& row, std::ostream* out) { *out << row.name; }
 
 const Malformed kMalformed[] = {
-    {"AnItemCutShort", {0x06, 0x80, 0xFF, 0x09}, "cut short"},
+    {"AnItemOfOneByteCutShort", {0x06, 0x80, 0xFF, 0x09}, "ONE_BYTE: cut short"},
+    {"AnItemOfTwoBytesCutShort", {0x06, 0x80}, "TWO_BYTE: cut short"},
+    {"AnItemOfFourBytesCutShort", {0x0B, 0x80, 0xFF, 0x09}, "FOUR_BYTE: cut short"},
     {"ALongItemCutShort", {0x06, 0x80, 0xFF, 0xFE, 0x10, 0xF0}, "cut short"},
     {"APopWithoutAPush", Closed(Application().Raw({0xB4})), "pop without a push"},
     {"MorePopsThanPushes", Closed(Application().Raw({0xA4, 0xB4, 0xB4})), "pop without a push"},
-    {"AnEndWithoutACollection", {0xC0}, "no collection is open"},
+    {"AnEndWithoutACollection", {0xC0}, "UNEXP_END_COL: no collection is open"},
     {"OneEndTooMany", Application().EndCollection().EndCollection().Bytes(),
-     "no collection is open"},
+     "UNEXP_END_COL: no collection is open"},
+    {"NoBytes", {}, "NO_DATA"},
+    {"NoCollection", Bytes(8, 0x14), "NO_DATA"},
     {"AnOpenCollection", Application().Bytes(), "not closed"},
     {"AnOpenInnerCollection", Closed(Application().Collection(CollectionKind::Logical)),
      "not closed"},
     {"AFieldOutsideEveryCollection",
      ReportDescriptorBuilder().UsagePage(kPage).Value(Main::Input, 0x20, 8, 1).Bytes(),
      "outside every collection"},
-    {"ATopLevelCollectionWithoutAUsage", {0x06, 0x80, 0xFF, 0xA1, 0x01, 0xC0}, "without a usage"},
+    {"ATopLevelCollectionWithoutAUsage",
+     {0x06, 0x80, 0xFF, 0xA1, 0x01, 0xC0},
+     "TOP_COLLECTION_USAGE"},
+    {"ATopLevelCollectionOfTwoUsages",
+     {0x06, 0x80, 0xFF, 0x09, 0x80, 0x09, 0x81, 0xA1, 0x01, 0xC0},
+     "TOP_COLLECTION_USAGE"},
+    {"ATopLevelCollectionOfARange",
+     {0x06, 0x80, 0xFF, 0x19, 0x80, 0x29, 0x81, 0xA1, 0x01, 0xC0},
+     "TOP_COLLECTION_USAGE"},
+    {"AReportIdBeforeTheFirstCollection",
+     {0x06, 0x80, 0xFF, 0x85, 0x01, 0x09, 0x80, 0xA1, 0x01, 0xC0},
+     "REPORT_ID"},
+    {"DataWithoutAUsage",
+     Closed(Application().ReportSize(8).ReportCount(1).Main(Main::Input, kDataVariable)),
+     "MAIN_ITEM_NO_USAGE"},
+    {"AnArrayWithoutAUsage",
+     Closed(Application().ReportSize(8).ReportCount(1).Main(Main::Output, kDataArray)),
+     "MAIN_ITEM_NO_USAGE"},
+    {"AReportOfNineBits", Closed(Application().Buttons(Main::Output, 1, 9)), "BYTE_ALLIGN"},
+    {"OneReportOfSeveralThatEndsWithinAByte",
+     Closed(Application()
+                .ReportId(1)
+                .Buttons(Main::Feature, 1, 4)
+                .ReportId(2)
+                .Buttons(Main::Feature, 1, 8)),
+     "BYTE_ALLIGN"},
+    {"ReportsThatEndOnABytesEndOnlyTogether",
+     Closed(Application().Buttons(Main::Input, 1, 4).Buttons(Main::Output, 1, 4)), "BYTE_ALLIGN"},
     {"ReportIdZero", Closed(Application().ReportId(0)), "report ids"},
     {"AReportIdOfTwoBytes", Closed(Application().Raw({0x86, 0x00, 0x01})), "report ids"},
     {"AnIdAfterReportsWithout",
@@ -68,9 +99,8 @@ const Malformed kMalformed[] = {
     {"AReportOfTwoCollections", TwoCollectionsSharing(1), "two top-level collections"},
     {"TwoCollectionsWithoutIds", TwoCollectionsSharing(0), "two top-level collections"},
     {"AUsagePageOfFourBytes", Closed(Application().Raw({0x07, 0x00, 0x00, 0x01, 0x00})), "16 bits"},
-    {"ReportSizeZero", Closed(Field(0, 1).Main(Main::Output, kDataVariable)), "1 to 32 bits"},
-    {"AnArrayOfReportSizeZero", Closed(Field(0, 1).Main(Main::Output, kDataArray)), "1 to 32 bits"},
-    {"ReportSize33", Closed(Field(33, 1).Main(Main::Output, kDataVariable)), "1 to 32 bits"},
+    {"AFieldWiderThanIsCounted", Closed(Field(0x10000, 1).Main(Main::Output, kDataVariable)),
+     "65535 bits"},
     {"SizeTimesCountOverflowing32Bits",
      Closed(Field(0x10000, 0x10000).Main(Main::Output, kDataVariable)), "65535 bytes"},
     {"TheLargestSizeTimesTheLargestCount",
@@ -96,11 +126,16 @@ const Malformed kMalformed[] = {
     {"AUsageRangeOverTwoPages",
      Closed(Application().Raw({0x1B, 0x01, 0x00, 0x09, 0x00}).Raw({0x2B, 0x02, 0x00, 0x0A, 0x00})),
      "two pages"},
-    {"ADelimiter", Closed(Application().Raw({0xA9, 0x01})), "delimited"},
-    {"AReservedItemType", Closed(Application().Raw({0x0C})), "unknown item"},
-    {"AnUnknownMainItem", Closed(Application().Raw({0xD0})), "unknown item"},
-    {"AnUnknownGlobalItem", Closed(Application().Raw({0xC4})), "unknown item"},
-    {"AnUnknownLocalItem", Closed(Application().Raw({0x68})), "unknown item"},
+    {"ADelimitedSetThatDoesNotEnd", Closed(Application().Raw({0xA9, 0x01}).Usage(1)),
+     "does not end"},
+    {"ADelimitedSetThatDoesNotBegin", Closed(Application().Raw({0xA9, 0x00})), "out of place"},
+    {"ADelimitedSetInAnother", Closed(Application().Raw({0xA9, 0x01, 0xA9, 0x01})), "out of place"},
+    {"ADelimiterOfTwo", Closed(Application().Raw({0xA9, 0x02})), "out of place"},
+    {"ADelimiterWithinARange", Closed(Application().UsageMinimum(1).Raw({0xA9, 0x01})),
+     "half a usage range"},
+    {"AReservedItemType", Closed(Application().Raw({0x0C})), "ITEM_UNKNOWN"},
+    {"AnUnknownMainItem", Closed(Application().Raw({0xD0})), "ITEM_UNKNOWN"},
+    {"AnUnknownLocalItem", Closed(Application().Raw({0x68})), "ITEM_UNKNOWN"},
     {"MoreBytesThanADeviceCanAnnounce", Bytes(0x10000, 0x14), "65535 bytes"},
 };
 
@@ -128,9 +163,18 @@ TEST(LargeDescriptors, AreAcceptedUpToTheBounds) {
                   .at(0)
                   .ReportCount,
               65534);
-    EXPECT_EQ(ParsedDevice(Field(1, 0xFFFF).Main(Main::Input, kDataVariable)).MaxUsages(HidP_Input),
-              0xFFFFu);
-    EXPECT_EQ(ParseReportDescriptor(Bytes(0xFFFF, 0x14)).size(), 0u);
+    EXPECT_EQ(
+        ParsedDevice(Field(1, 0xFFFF).Main(Main::Input, kDataVariable).Padding(Main::Input, 1))
+            .MaxUsages(HidP_Input),
+        0xFFFFu);
+    EXPECT_EQ(ParsedDevice(Field(0xFFF8, 1).Main(Main::Input, kDataVariable))
+                  .ValueCaps(HidP_Input)
+                  .at(0)
+                  .BitSize,
+              0xFFF8);
+    const Bytes head = Application().Bytes();
+    EXPECT_EQ(ParsedDevice(Application().Raw(Bytes(0xFFFE - head.size(), 0x14))).Caps().Usage,
+              0x80);
 }
 
 TEST(LargeDescriptors, HundredsOfUsagesInOneItemAreListed) {

@@ -73,6 +73,12 @@ class ParsedDevice {
     std::vector<HIDP_BUTTON_CAPS> ButtonCaps(HIDP_REPORT_TYPE type) const {
         return List<HIDP_BUTTON_CAPS>(type, HidP_GetButtonCaps);
     }
+    std::vector<HIDP_LINK_COLLECTION_NODE> Nodes() const {
+        ULONG length = Caps().NumberLinkCollectionNodes;
+        std::vector<HIDP_LINK_COLLECTION_NODE> nodes(length);
+        HidP_GetLinkCollectionNodes(nodes.data(), &length, preparsed_);
+        return nodes;
+    }
     ULONG MaxUsages(HIDP_REPORT_TYPE type, USAGE page = 0) const {
         return HidP_MaxUsageListLength(type, page, preparsed_);
     }

@@ -60,6 +60,15 @@ static_assert(offsetof(HIDP_VALUE_CAPS, LogicalMax) == 44);
 static_assert(offsetof(HIDP_VALUE_CAPS, PhysicalMin) == 48);
 static_assert(offsetof(HIDP_VALUE_CAPS, PhysicalMax) == 52);
 
+static_assert(sizeof(HIDP_LINK_COLLECTION_NODE) == 24);
+static_assert(offsetof(HIDP_LINK_COLLECTION_NODE, LinkUsage) == 0);
+static_assert(offsetof(HIDP_LINK_COLLECTION_NODE, LinkUsagePage) == 2);
+static_assert(offsetof(HIDP_LINK_COLLECTION_NODE, Parent) == 4);
+static_assert(offsetof(HIDP_LINK_COLLECTION_NODE, NumberOfChildren) == 6);
+static_assert(offsetof(HIDP_LINK_COLLECTION_NODE, NextSibling) == 8);
+static_assert(offsetof(HIDP_LINK_COLLECTION_NODE, FirstChild) == 10);
+static_assert(offsetof(HIDP_LINK_COLLECTION_NODE, UserContext) == 16);
+
 struct StatusNumber {
     NTSTATUS status;
     unsigned number;

@@ -28,6 +28,9 @@ TEST_F(RecordedCalls, HaveTheirArguments) {
     HidP_GetCaps(device_.Preparsed(), &caps);
     HIDP_VALUE_CAPS value{};
     HIDP_BUTTON_CAPS button{};
+    HIDP_LINK_COLLECTION_NODE node{};
+    ULONG nodes = 1;
+    HidP_GetLinkCollectionNodes(&node, &nodes, device_.Preparsed());
     USHORT count = 3;
     HidP_GetValueCaps(HidP_Input, &value, &count, device_.Preparsed());
     count = 1;
@@ -40,14 +43,14 @@ TEST_F(RecordedCalls, HaveTheirArguments) {
     device_.SetValue(HidP_Output, 0x20, 0x3, report);
     ULONG out = 0;
     device_.GetValue(HidP_Feature, 0x62, out, {2, 0, 0});
-    EXPECT_EQ(
-        Machine::Get().CallTexts(),
-        (Texts{"HidP_GetCaps()", "HidP_GetValueCaps(input, 3)", "HidP_GetButtonCaps(output, 1)",
-               "HidP_MaxUsageListLength(input, 0x0)", "HidP_GetUsages(input, 0xff80, 0, 9)",
-               "HidP_SetUsages(output, 0xff80, 0, [0x1 0x4], 2)",
-               "HidP_UnsetUsages(output, 0xff80, 0, [0xa], 1)",
-               "HidP_SetUsageValue(output, 0xff80, 0, 0x20, 0x3)",
-               "HidP_GetUsageValue(feature, 0xff80, 0, 0x62)"}));
+    EXPECT_EQ(Machine::Get().CallTexts(),
+              (Texts{"HidP_GetCaps()", "HidP_GetLinkCollectionNodes(1)",
+                     "HidP_GetValueCaps(input, 3)", "HidP_GetButtonCaps(output, 1)",
+                     "HidP_MaxUsageListLength(input, 0x0)", "HidP_GetUsages(input, 0xff80, 0, 9)",
+                     "HidP_SetUsages(output, 0xff80, 0, [0x1 0x4], 2)",
+                     "HidP_UnsetUsages(output, 0xff80, 0, [0xa], 1)",
+                     "HidP_SetUsageValue(output, 0xff80, 0, 0x20, 0x3)",
+                     "HidP_GetUsageValue(feature, 0xff80, 0, 0x62)"}));
 }
 
 TEST_F(RecordedCalls, NameAnUnknownReportTypeByItsNumber) {
@@ -69,20 +72,24 @@ TEST_F(RecordedCalls, AFaultStandsInForTheWork) {
 }
 
 TEST_F(RecordedCalls, AFaultWithoutAStatusIsAnInternalError) {
-    for (const char* function : {"HidP_GetCaps", "HidP_GetValueCaps", "HidP_GetButtonCaps",
-                                 "HidP_MaxUsageListLength", "HidP_GetUsages", "HidP_SetUsages",
-                                 "HidP_UnsetUsages", "HidP_SetUsageValue", "HidP_GetUsageValue"}) {
+    for (const char* function :
+         {"HidP_GetCaps", "HidP_GetLinkCollectionNodes", "HidP_GetValueCaps", "HidP_GetButtonCaps",
+          "HidP_MaxUsageListLength", "HidP_GetUsages", "HidP_SetUsages", "HidP_UnsetUsages",
+          "HidP_SetUsageValue", "HidP_GetUsageValue"}) {
         Machine::Get().FailNext(function, Fault::Error(0));
     }
     HIDP_CAPS caps{};
     HIDP_VALUE_CAPS value{};
     HIDP_BUTTON_CAPS button{};
+    HIDP_LINK_COLLECTION_NODE node{};
+    ULONG nodes = 1;
     USHORT count = 1;
     ULONG out = 0;
     Bytes report{0, 0, 0};
     const NTSTATUS internal = HIDP_STATUS_INTERNAL_ERROR;
     const auto preparsed = device_.Preparsed();
     EXPECT_EQ(HidP_GetCaps(preparsed, &caps), internal);
+    EXPECT_EQ(HidP_GetLinkCollectionNodes(&node, &nodes, preparsed), internal);
     EXPECT_EQ(HidP_GetValueCaps(HidP_Input, &value, &count, preparsed), internal);
     EXPECT_EQ(HidP_GetButtonCaps(HidP_Input, &button, &count, preparsed), internal);
     EXPECT_EQ(HidP_MaxUsageListLength(HidP_Input, 0, preparsed), 0u);

@@ -5,6 +5,9 @@
 namespace simulator::hid {
 namespace {
 
+const Bytes kSetBegins{0xA9, 0x01};  // delimiters
+const Bytes kSetEnds{0xA9, 0x00};
+
 std::size_t CollectionCount(const Bytes& descriptor) {
     return ParseReportDescriptor(descriptor).size();
 }
@@ -29,7 +32,12 @@ TEST(TopLevelCollections, AreOneEachWithTheirOwnUsageAndReports) {
     EXPECT_EQ(second.OutputReportByteLength, 3);
 }
 
-TEST(TopLevelCollections, AnEmptyDescriptorHasNone) { EXPECT_EQ(CollectionCount({}), 0u); }
+TEST(TopLevelCollections, OfTheFirstUsageOfADelimitedSet) {
+    ReportDescriptorBuilder builder;
+    builder.UsagePage(kPage).Raw(kSetBegins).Usage(0x80).Usage(0x81).Raw(kSetEnds);
+    const HIDP_CAPS caps = ParsedDevice(builder.Collection(CollectionKind::Application)).Caps();
+    EXPECT_EQ(caps.Usage, 0x80);
+}
 
 TEST(TopLevelCollections, MayHaveNoReports) {
     const HIDP_CAPS caps = ParsedDevice(Application()).Caps();
@@ -102,7 +110,8 @@ TEST(ExtendedUsages, CarryTheirPage) {
                                   .ReportCount(2)
                                   .Raw({0x1B, 0x01, 0x00, 0x09, 0x00})
                                   .Raw({0x2B, 0x02, 0x00, 0x09, 0x00})
-                                  .Main(Main::Input, kDataVariable));
+                                  .Main(Main::Input, kDataVariable)
+                                  .Padding(Main::Input, 6));
     EXPECT_EQ(device.ValueCaps(HidP_Input).at(0).UsagePage, 0x0D);
     EXPECT_EQ(device.ValueCaps(HidP_Input).at(0).NotRange.Usage, 0x51);
     EXPECT_EQ(device.ButtonCaps(HidP_Input).at(0).UsagePage, 0x09);
@@ -110,18 +119,58 @@ TEST(ExtendedUsages, CarryTheirPage) {
     EXPECT_EQ(device.ButtonCaps(HidP_Input).at(0).Range.UsageMax, 0x02);
 }
 
-TEST(ShortUsages, AreOfThePageInForceWhereTheyStand) {
+TEST(ShortUsages, AreOfThePageInForceAtTheMainItem) {
     const ParsedDevice device(Application()
                                   .ReportSize(8)
-                                  .ReportCount(2)
+                                  .ReportCount(3)
                                   .Usage(0x20)
+                                  .UsageMinimum(0x31)
                                   .UsagePage(kOtherPage)
+                                  .UsageMaximum(0x32)
+                                  .Main(Main::Output, kDataVariable)
+                                  .Usage(0x22)
+                                  .UsagePage(kPage)
+                                  .Collection(CollectionKind::Logical)
+                                  .EndCollection());
+    const auto caps = device.ValueCaps(HidP_Output);
+    ASSERT_EQ(caps.size(), 2u);
+    EXPECT_EQ(caps[0].Range.UsageMin, 0x31);
+    EXPECT_EQ(caps[0].UsagePage, kOtherPage);
+    EXPECT_EQ(caps[1].NotRange.Usage, 0x20);
+    EXPECT_EQ(caps[1].UsagePage, kOtherPage);
+    EXPECT_EQ(device.Nodes().at(1).LinkUsagePage, kPage);
+}
+
+TEST(DelimitedUsages, AreTheFirstOfTheSet) {
+    const ParsedDevice device(Application()
+                                  .ReportSize(8)
+                                  .ReportCount(3)
+                                  .Raw(kSetBegins)
+                                  .Usage(0x20)
                                   .Usage(0x21)
+                                  .Raw(kSetEnds)
+                                  .Usage(0x22)
+                                  .Raw(kSetBegins)
+                                  .UsageMinimum(0x30)
+                                  .UsageMaximum(0x30)
+                                  .Usage(0x23)
+                                  .Raw(kSetEnds)
                                   .Main(Main::Output, kDataVariable));
     Bytes report = device.EmptyReport(HidP_Output);
-    EXPECT_EQ(device.SetValue(HidP_Output, 0x20, 1, report, kPage), HIDP_STATUS_SUCCESS);
-    EXPECT_EQ(device.SetValue(HidP_Output, 0x21, 2, report, kOtherPage), HIDP_STATUS_SUCCESS);
-    EXPECT_EQ(report, (Bytes{0, 1, 2}));
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x20, 0xA0, report), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x22, 0xA2, report), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x30, 0xB0, report), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{0, 0xA0, 0xA2, 0xB0}));
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x21, 1, report), HIDP_STATUS_USAGE_NOT_FOUND);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x23, 1, report), HIDP_STATUS_USAGE_NOT_FOUND);
+}
+
+TEST(ReservedGlobalItems, ArePassedOver) {
+    const ParsedDevice device(Application()
+                                  .Raw({0xC4, 0xD5, 0x01, 0xE6, 0x01, 0x02})
+                                  .Raw({0xF7, 0x01, 0x02, 0x03, 0x04})
+                                  .Value(Main::Output, 0x20, 8, 0xFF));
+    EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 1u);
 }
 
 TEST(LocalItems, CountForOneMainItemOnly) {
@@ -130,10 +179,10 @@ TEST(LocalItems, CountForOneMainItemOnly) {
                                   .ReportCount(1)
                                   .Usage(0x20)
                                   .Main(Main::Output, kDataVariable)
-                                  .Main(Main::Output, kDataVariable)
+                                  .Main(Main::Output, kConstant)
                                   .Usage(0x22)
                                   .Collection(CollectionKind::Logical)
-                                  .Main(Main::Output, kDataVariable)
+                                  .Main(Main::Output, kConstant | kDataVariable)
                                   .EndCollection());
     EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 1u);
     EXPECT_EQ(device.Caps().OutputReportByteLength, 4);
@@ -146,7 +195,7 @@ TEST(LocalItems, EndWithTheirCollection) {
                                   .Collection(CollectionKind::Logical)
                                   .Usage(0x20)
                                   .EndCollection()
-                                  .Main(Main::Output, kDataVariable));
+                                  .Main(Main::Output, kConstant | kDataVariable));
     EXPECT_EQ(device.ValueCaps(HidP_Output).size(), 0u);
 }
 
@@ -167,8 +216,11 @@ TEST(StringsAndDesignators, OfASingleUsageAreOneIndexEach) {
 }
 
 TEST(StringsAndDesignators, OfARangeMayBeRanges) {
-    const ParsedDevice device(
-        Application().Raw(kStringRange).Raw(kDesignatorRange).Buttons(Main::Output, 0x01, 0x04));
+    const ParsedDevice device(Application()
+                                  .Raw(kStringRange)
+                                  .Raw(kDesignatorRange)
+                                  .Buttons(Main::Output, 0x01, 0x04)
+                                  .Padding(Main::Output, 4));
     const HIDP_BUTTON_CAPS caps = device.ButtonCaps(HidP_Output).at(0);
     EXPECT_TRUE(caps.IsStringRange);
     EXPECT_TRUE(caps.IsDesignatorRange);

@@ -24,13 +24,25 @@ TEST(ReportLengths, CountTheIdByteEvenWithoutIds) {
         2);
 }
 
-TEST(ReportLengths, AreWholeBytes) {
-    EXPECT_EQ(ParsedDevice(Application().Buttons(Main::Input, 1, 9)).Caps().InputReportByteLength,
-              3);
+TEST(ReportLengths, OfPaddingAloneCount) {
+    EXPECT_EQ(ParsedDevice(Application().Padding(Main::Input, 16)).Caps().InputReportByteLength, 3);
 }
 
-TEST(ReportLengths, OfPaddingAloneCount) {
-    EXPECT_EQ(ParsedDevice(Application().Padding(Main::Input, 9)).Caps().InputReportByteLength, 3);
+// The fields of a report may lie apart: only its end has to be that of a byte.
+TEST(ReportLengths, AreWholeBytesAtTheEndOfTheCollection) {
+    const HIDP_CAPS caps = ParsedDevice(Application()
+                                            .ReportId(1)
+                                            .Buttons(Main::Input, 1, 9)
+                                            .ReportId(2)
+                                            .Buttons(Main::Input, 1, 3)
+                                            .Collection(CollectionKind::Logical)
+                                            .EndCollection()
+                                            .ReportId(1)
+                                            .Padding(Main::Input, 7)
+                                            .ReportId(2)
+                                            .Padding(Main::Input, 5))
+                               .Caps();
+    EXPECT_EQ(caps.InputReportByteLength, 3);
 }
 
 TEST(ReportLengths, OfOneReportAreKnownByTypeAndId) {

@@ -100,6 +100,36 @@ TEST(SetUsagesOfAnArray, CountIndicesFromTheLogicalMinimum) {
     EXPECT_EQ(device.Get(HidP_Output, report).usages, (UsageList{0x01, 0x03}));
 }
 
+ReportDescriptorBuilder SlotsFromZero(std::uint16_t firstUsage, std::uint16_t lastUsage,
+                                      std::uint32_t logicalMaximum) {
+    return Application()
+        .LogicalMinimum(0)
+        .LogicalMaximum(logicalMaximum)
+        .ReportSize(8)
+        .ReportCount(2)
+        .UsageMinimum(firstUsage)
+        .UsageMaximum(lastUsage)
+        .Main(Main::Output, kDataArray);
+}
+
+TEST(SetUsagesOfAnArray, WithOneIndexMoreThanUsagesCountFromOne) {
+    const ParsedDevice device(SlotsFromZero(0x08, 0x0F, 8));
+    Bytes report = device.EmptyReport(HidP_Output);
+    EXPECT_EQ(device.Set(HidP_Output, {0x08, 0x0F}, report).status, HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{0, 1, 8}));
+    EXPECT_EQ(device.Get(HidP_Output, report).usages, (UsageList{0x08, 0x0F}));
+}
+
+TEST(SetUsagesOfAnArray, WithUsagesFromZeroHoldTheUsagesThemselves) {
+    for (const std::uint32_t logicalMaximum : {0x65u, 0x66u, 0xFFu}) {
+        const ParsedDevice device(SlotsFromZero(0x00, 0x65, logicalMaximum));
+        Bytes report = device.EmptyReport(HidP_Output);
+        EXPECT_EQ(device.Set(HidP_Output, {0x04, 0x65}, report).status, HIDP_STATUS_SUCCESS);
+        EXPECT_EQ(report, (Bytes{0, 0x04, 0x65})) << logicalMaximum;
+        EXPECT_EQ(device.Get(HidP_Output, report).usages, (UsageList{0x04, 0x65}));
+    }
+}
+
 // Single usages are listed last-declared first, but their indices count in declaration order.
 TEST(SetUsagesOfAnArray, CountIndicesInDeclarationOrder) {
     const ParsedDevice device(Application()
@@ -151,13 +181,22 @@ TEST(UnsetUsages, AUsageThatIsNotSetIsNotPressed) {
     EXPECT_EQ(report, (Bytes{2, 0x00, 0x08}));
 }
 
-TEST(UnsetUsages, ClearTheSlotThatHoldsTheUsage) {
+TEST(UnsetUsages, FreeTheSlotThatHoldsTheUsage) {
     const ParsedDevice device(Slots());
     Bytes report{0, 4, 2, 1, 0};
     EXPECT_EQ(device.Unset(HidP_Output, {0x02}, report).status, HIDP_STATUS_SUCCESS);
-    EXPECT_EQ(report, (Bytes{0, 4, 0, 1, 0}));
+    EXPECT_EQ(report, (Bytes{0, 4, 1, 0, 0}));
     EXPECT_EQ(device.Unset(HidP_Output, {0x02}, report).status, HIDP_STATUS_BUTTON_NOT_PRESSED);
-    EXPECT_EQ(report, (Bytes{0, 4, 0, 1, 0}));
+    EXPECT_EQ(report, (Bytes{0, 4, 1, 0, 0}));
+}
+
+TEST(UnsetUsages, MoveTheLaterSlotsUp) {
+    const ParsedDevice device(Slots());
+    Bytes report{0, 1, 2, 3, 4};
+    EXPECT_EQ(device.Unset(HidP_Output, {0x01, 0x03}, report).status, HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{0, 2, 4, 0, 0}));
+    EXPECT_EQ(device.Unset(HidP_Output, {0x04}, report).status, HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{0, 2, 0, 0, 0}));
 }
 
 TEST(UnsetUsages, AbsentUsagesAndOtherReportsFailAsWhenSetting) {

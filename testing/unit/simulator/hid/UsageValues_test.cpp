@@ -147,6 +147,32 @@ TEST(UsageValues, OfARangeTakeOneFieldEach) {
     EXPECT_EQ(device.Value(HidP_Output, 0x41, report), 0x41u);
 }
 
+// Windows starts a device with such fields.
+TEST(UsageValues, WiderThanAValueCannotBeReadOrSet) {
+    const ParsedDevice device(
+        Application().Value(Main::Output, 0x20, 33, 1).Value(Main::Output, 0x21, 7, 0x7F));
+    EXPECT_EQ(device.ValueCaps(HidP_Output).at(0).BitSize, 33);
+    Bytes report{0, 0x11, 0x22, 0x33, 0x44, 0x55};
+    const Bytes before = report;
+    ULONG value = 7;
+    EXPECT_EQ(device.GetValue(HidP_Output, 0x20, value, report), HIDP_STATUS_BUFFER_TOO_SMALL);
+    EXPECT_EQ(value, 7u);
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x20, 1, report), HIDP_STATUS_BUFFER_TOO_SMALL);
+    EXPECT_EQ(report, before);
+    EXPECT_EQ(device.Value(HidP_Output, 0x21, report), 0x2Au);
+}
+
+TEST(UsageValues, OfAFieldOfNoBitsAreZero) {
+    const ParsedDevice device(
+        Application().Value(Main::Output, 0x20, 0, 1).Value(Main::Output, 0x21, 8, 0xFF));
+    ASSERT_EQ(device.ValueCaps(HidP_Output).size(), 2u);
+    EXPECT_EQ(device.ValueCaps(HidP_Output).at(0).BitSize, 0);
+    Bytes report{0, 0xFF};
+    EXPECT_EQ(device.SetValue(HidP_Output, 0x20, 1, report), HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(device.Value(HidP_Output, 0x20, report), 0u);
+    EXPECT_EQ(report, (Bytes{0, 0xFF}));
+}
+
 TEST(UsageValues, OfEveryWidthLieAtTheirPlace) {
     for (std::uint32_t bits = 2; bits <= 32; ++bits) {
         const ParsedDevice device(Application()
