@@ -120,7 +120,7 @@ const std::vector<KnownDifference>& KnownDifferences() {
         {"ConstantArrays",
          "a constant array has no capability, as recorded on Windows; Wine lists its usages",
          {},
-         {"ConstantFields"},
+         {"ConstantArray"},
          IsAny},
         {"MissingLimits",
          "a value without logical limits is 0 to 1, as recorded on Windows; Wine says 0 to 0",

@@ -35,14 +35,20 @@ Bytes UnitExponents() {
     return Closed(builder.Raw({0x55, 0x0D}).Value(Main::Input, 0x22, 8, 0xFF));
 }
 
-// A bit and a byte with a usage; an array and a field of usage 0 only take room.
+// A bit and a byte with a usage; a byte of usage 0 only takes room.
 Bytes ConstantFields() {
     ReportDescriptorBuilder builder = Application();
     builder.LogicalMinimum(0).LogicalMaximum(1).ReportSize(1).ReportCount(1);
-    builder.Usage(0x01).Main(Main::Input, kConstant | kDataVariable).ReportCount(7);
-    builder.UsageMinimum(0x02).UsageMaximum(0x08).Main(Main::Input, kConstant);
+    builder.Usage(0x01).Main(Main::Input, kConstant | kDataVariable).Padding(Main::Input, 7);
     builder.ReportSize(8).ReportCount(1).Usage(0).Main(Main::Input, kConstant | kDataVariable);
     builder.Usage(0x20).Main(Main::Input, kConstant | kDataVariable);
+    return Closed(builder.Buttons(Main::Input, 0x31, 0x38));
+}
+
+Bytes ConstantArray() {
+    ReportDescriptorBuilder builder = Application();
+    builder.LogicalMinimum(0).LogicalMaximum(1).ReportSize(1).ReportCount(8);
+    builder.UsageMinimum(0x01).UsageMaximum(0x08).Main(Main::Input, kConstant);
     return Closed(builder.Buttons(Main::Input, 0x31, 0x38));
 }
 
@@ -55,6 +61,7 @@ std::vector<Descriptor> UnusualDescriptors() {
         {"ValueWithoutLimits", ValueWithoutLimits()},
         {"UnitExponents", UnitExponents()},
         {"ConstantFields", ConstantFields()},
+        {"ConstantArray", ConstantArray()},
     };
 }
 
