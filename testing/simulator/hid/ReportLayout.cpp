@@ -13,7 +13,7 @@ namespace {
 constexpr std::uint32_t kMaxCount = 0xFFFF;
 constexpr std::uint32_t kMaxPayloadBits = (kMaxCount - 1) * 8;
 
-std::size_t BytesOf(std::uint32_t payloadBits) { return 1 + payloadBits / 8; }
+std::size_t BytesOf(std::uint32_t payloadBits) { return 1 + (payloadBits + 7) / 8; }
 
 Capability CapabilityOf(const MainItem& item, const DeclaredUsages& usages,
                         std::uint32_t startBit) {

@@ -39,6 +39,18 @@ TEST(TopLevelCollections, OfTheFirstUsageOfADelimitedSet) {
     EXPECT_EQ(caps.Usage, 0x80);
 }
 
+TEST(TopLevelCollections, TakeOverTheGlobalItemsOfThoseBefore) {
+    ReportDescriptorBuilder builder = Application();
+    builder.ReportId(1).Raw({0x55, 0x0E}).Value(Main::Input, 0x20, 16, 300).EndCollection();
+    builder.Usage(0x81).Collection(CollectionKind::Application).ReportId(2);
+    builder.Usage(0x21).Main(Main::Input, kDataVariable).EndCollection();
+    const HIDP_VALUE_CAPS caps = ParsedDevice(builder.Bytes(), 1).ValueCaps(HidP_Input).at(0);
+    EXPECT_EQ(caps.UsagePage, kPage);
+    EXPECT_EQ(caps.BitSize, 16);
+    EXPECT_EQ(caps.LogicalMax, 300);
+    EXPECT_EQ(caps.UnitsExp, 0x0Eu);
+}
+
 TEST(TopLevelCollections, MayHaveNoReports) {
     const HIDP_CAPS caps = ParsedDevice(Application()).Caps();
     EXPECT_EQ(caps.InputReportByteLength, 0);
