@@ -6,8 +6,10 @@
 namespace simulator::hid {
 namespace {
 
-// A value has no room for a larger field, which Windows accepts in a descriptor all the same.
-constexpr std::uint32_t kMaxValueBits = 32;
+// Windows accepts such a field in a descriptor, but a value has no room for it.
+bool IsTooWide(const Capability& capability) {
+    return capability.globals.reportSize > kMaxValueBits;
+}
 
 }  // namespace
 
@@ -17,7 +19,7 @@ NTSTATUS GetUsageValue(const ReportLayout& reports, USAGE page, USHORT linkColle
         FindCapability(reports.Values(), page, linkCollection, usage, report[0]);
     if (search.found == nullptr) return search.status;
     const Capability& capability = *search.found;
-    if (capability.globals.reportSize > kMaxValueBits) return HIDP_STATUS_BUFFER_TOO_SMALL;
+    if (IsTooWide(capability)) return HIDP_STATUS_BUFFER_TOO_SMALL;
     value = GetBits(report, capability.FieldBit(capability.FieldOf(usage)),
                     capability.globals.reportSize);
     return HIDP_STATUS_SUCCESS;
@@ -30,7 +32,7 @@ NTSTATUS SetUsageValue(const ReportLayout& reports, USAGE page, USHORT linkColle
         FindCapability(reports.Values(), page, linkCollection, usage, report[0]);
     if (search.found == nullptr) return search.status;
     const Capability& capability = *search.found;
-    if (capability.globals.reportSize > kMaxValueBits) return HIDP_STATUS_BUFFER_TOO_SMALL;
+    if (IsTooWide(capability)) return HIDP_STATUS_BUFFER_TOO_SMALL;
     report[0] = capability.ReportId();
     SetBits(report, capability.FieldBit(capability.FieldOf(usage)), capability.globals.reportSize,
             value);

@@ -89,7 +89,7 @@ const Malformed kMalformed[] = {
                 .ReportId(2)
                 .Buttons(Main::Feature, 1, 8)),
      "BYTE_ALLIGN"},
-    {"ReportsThatEndOnABytesEndOnlyTogether",
+    {"ReportsOfTwoTypesThatEndOnAByteOnlyTogether",
      Closed(Application().Buttons(Main::Input, 1, 4).Buttons(Main::Output, 1, 4)), "BYTE_ALLIGN"},
     {"ReportIdZero", Closed(Application().ReportId(0)), "report ids"},
     {"AReportIdOfTwoBytes", Closed(Application().Raw({0x86, 0x00, 0x01})), "report ids"},

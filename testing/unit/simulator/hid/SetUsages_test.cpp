@@ -152,6 +152,24 @@ TEST(SetUsagesOfAnArray, CountIndicesInDeclarationOrder) {
     }
 }
 
+// Windows starts a device with such slots.
+TEST(SetUsagesOfAnArray, UseTheLowestBitsOfWideSlots) {
+    const ParsedDevice device(Application()
+                                  .LogicalMinimum(1)
+                                  .LogicalMaximum(4)
+                                  .ReportSize(40)
+                                  .ReportCount(2)
+                                  .UsageMinimum(0x01)
+                                  .UsageMaximum(0x04)
+                                  .Main(Main::Output, kDataArray));
+    Bytes report = device.EmptyReport(HidP_Output);
+    EXPECT_EQ(device.Set(HidP_Output, {0x02, 0x04}, report).status, HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{0, 2, 0, 0, 0, 0, 4, 0, 0, 0, 0}));
+    EXPECT_EQ(device.Get(HidP_Output, report).usages, (UsageList{0x02, 0x04}));
+    EXPECT_EQ(device.Unset(HidP_Output, {0x02}, report).status, HIDP_STATUS_SUCCESS);
+    EXPECT_EQ(report, (Bytes{0, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+}
+
 TEST(SetUsagesOfAnArray, PlacesTheReportId) {
     const ParsedDevice device(Application()
                                   .ReportId(7)
