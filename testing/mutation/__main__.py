@@ -24,6 +24,7 @@ def _arguments() -> argparse.Namespace:
     parser.add_argument("--only", metavar="PATH[:LINE]", default="")
     parser.add_argument("--faults", action="store_true")
     parser.add_argument("--locks", action="store_true")
+    parser.add_argument("--survivors", action="store_true")
     parser.add_argument("--tests", metavar="N", type=int, default=0)
     return parser.parse_args()
 
@@ -84,14 +85,17 @@ def main() -> None:
     dropped = _build(sources, folders, programs, sanitizers)
     mutants = [mutant for source in sources.values() for mutant in source.mutants]
     mutants = [mutant for mutant in mutants if mutant.number not in dropped]
+    name = "locks" if arguments.locks else "report"
     wanted = [mutant for mutant in mutants if _is_wanted(mutant, arguments)]
+    if arguments.survivors:
+        survivors = report.survivors(_RESULTS, name)
+        wanted = [each for each in wanted if each.change in survivors]
     _limit_processes(sanitizers)
     print("== running the tests without a mutant", flush=True)
     reaches = measure(programs, jobs)
     print(f"== judging {len(wanted)} mutants by {len(reaches)} tests\n", flush=True)
     judge = Judge(reaches, arguments.seconds, jobs, arguments.tests)
     verdicts = judge.judge(wanted, without_effect.find(mutants))
-    name = "locks" if arguments.locks else "report"
     print(report.write(verdicts, _RESULTS, name), end="")
 
 

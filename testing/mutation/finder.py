@@ -42,6 +42,7 @@ class Finder:
                 self.sources[file] = Source(file, text.read(), 1 + index * _NUMBERS_OF_A_FILE)
         self.source = Source("", "", 0)  # of the function that is visited
         self.in_function = False
+        self._function = ""  # that is visited
         self._seen: set[tuple[str, int]] = set()
         self._depths = itertools.count()
         self._rules: list[Callable[["Finder", Node], None]] = [
@@ -61,7 +62,7 @@ class Finder:
         source = self.source
         number = source.first_number + len(source.mutants)
         change = source.change(begin, end, changed)
-        mutant = Mutant(number, source.file, source.line(begin), *change)
+        mutant = Mutant(number, source.file, source.line(begin), *change, self._function)
         source.mutants.append(mutant)
         return mutant
 
@@ -117,6 +118,7 @@ class Finder:
         self._seen.add((node.file, node.begin))
         self.source = self.sources[node.file]
         self.in_function = True
+        self._function = node.data.get("name", "") if node.kind in _FUNCTIONS else ""
         for part in parts:
             statements.mark_returns(self, part)
             self.visit(part)

@@ -6,6 +6,7 @@ import threading
 import time
 from collections import defaultdict
 from dataclasses import dataclass
+from pathlib import Path
 
 import native_tests
 from mutants import Mutant
@@ -72,12 +73,15 @@ class Judge:
         return [verdict(mutant) for mutant in mutants]
 
     def _in_order(self, mutant: Mutant) -> list[Test]:
-        """Returns the tests that caught a neighbour, then those of the folder; the quickest first."""
+        """Returns the tests that caught a neighbour, then those named for the file or the function,
+        then those of the folder; the quickest first."""
         catchers = set(self._catchers[mutant.file])
+        names = [name.lower() for name in (Path(mutant.file).stem, mutant.function) if name]
 
-        def order(test: Test) -> tuple[bool, bool, float]:
+        def order(test: Test) -> tuple[bool, bool, bool, float]:
+            unrelated = not any(name in test.name.lower() for name in names)
             elsewhere = test.program != f"{mutant.folder}_tests"
-            return test not in catchers, elsewhere, self._seconds[test]
+            return test not in catchers, unrelated, elsewhere, self._seconds[test]
 
         return sorted(self._tests[mutant.number], key=order)[: self._most_tests or None]
 

@@ -3,6 +3,9 @@
 from dataclasses import dataclass, field
 
 
+Change = tuple[str, str, str]  # the file, the code before, the code after
+
+
 @dataclass
 class Mutant:
     number: int
@@ -10,11 +13,16 @@ class Mutant:
     line: int
     original: str
     changed: str
+    function: str = ""  # its name without the class; empty for an initialiser
     is_lock: bool = False  # leaves a lock out
 
     @property
     def folder(self) -> str:
         return self.file.split("/")[0]
+
+    @property
+    def change(self) -> Change:
+        return self.file, self.original, self.changed
 
     def __str__(self) -> str:
         return f"{self.file}:{self.line}: {self.original}  ->  {self.changed}"

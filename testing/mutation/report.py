@@ -6,6 +6,7 @@ from dataclasses import asdict
 from pathlib import Path
 
 from judge import Verdict
+from mutants import Change
 
 RESULTS = ["without effect", "caught", "survived", "not reached", "not judged"]
 
@@ -61,3 +62,10 @@ def write(verdicts: list[Verdict], folder: Path, name: str) -> str:
     known = [asdict(verdict) for verdict in verdicts]
     (folder / f"{name}.json").write_text(json.dumps(known, indent=1))
     return text
+
+
+def survivors(folder: Path, name: str) -> set[Change]:
+    """Returns the changes that survived the last run."""
+    verdicts = json.loads((folder / f"{name}.json").read_text())
+    changes = [each["mutant"] for each in verdicts if each["result"] == "survived"]
+    return {(each["file"], each["original"], each["changed"]) for each in changes}

@@ -2,15 +2,9 @@
 
 from pathlib import Path
 
-from mutants import Mutant
+from mutants import Change, Mutant
 
 _LIST = Path(__file__).with_name("without_effect.txt")
-
-Change = tuple[str, str, str]  # the file, the code before, the code after
-
-
-def _change(mutant: Mutant) -> Change:
-    return mutant.file, mutant.original, mutant.changed
 
 
 def _read() -> set[Change]:
@@ -38,6 +32,6 @@ def _read() -> set[Change]:
 def find(mutants: list[Mutant]) -> set[int]:
     """Returns the numbers of the listed mutants. Prints the entries of which there is no mutant."""
     listed = _read()
-    for file, before, after in sorted(listed - {_change(mutant) for mutant in mutants}):
+    for file, before, after in sorted(listed - {mutant.change for mutant in mutants}):
         print(f"{_LIST.name}: no such mutant: {file}: {before}  ->  {after}", flush=True)
-    return {mutant.number for mutant in mutants if _change(mutant) in listed}
+    return {mutant.number for mutant in mutants if mutant.change in listed}
