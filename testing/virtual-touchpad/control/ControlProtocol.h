@@ -43,6 +43,20 @@
 #define IOCTL_VIRTUAL_HID_LIMIT_OPENS VIRTUAL_HID_IOCTL(8)
 #define VIRTUAL_HID_UNLIMITED_OPENS 0xFFFFFFFFu
 
+/* The kinds of requests that reach a device. What the class driver answers from its own copy does
+ * not reach it. */
+typedef enum VirtualHidRequestKind {
+    VIRTUAL_HID_REQUEST_DESCRIPTOR, /* the device descriptor or the report descriptor */
+    VIRTUAL_HID_REQUEST_ATTRIBUTES,
+    VIRTUAL_HID_REQUEST_STRING,
+    VIRTUAL_HID_REQUEST_READ, /* also the class driver's own, which wait for input reports */
+    VIRTUAL_HID_REQUEST_OUTPUT,
+    VIRTUAL_HID_REQUEST_GET_FEATURE,
+    VIRTUAL_HID_REQUEST_SET_FEATURE,
+    VIRTUAL_HID_REQUEST_OTHER,
+    VIRTUAL_HID_REQUEST_KINDS
+} VirtualHidRequestKind;
+
 typedef struct VirtualHidState {
     uint64_t outputCount;     /* output reports received so far = sequence number of the last one */
     uint32_t featureSetCount; /* feature reports set by hosts so far */
@@ -54,6 +68,7 @@ typedef struct VirtualHidState {
     uint32_t enumerations;    /* times the system has enumerated the device's collections; at the
                                * second one it has completely processed the first */
     uint32_t reserved;
+    uint32_t requests[VIRTUAL_HID_REQUEST_KINDS]; /* received so far, by kind */
 } VirtualHidState;
 
 typedef struct VirtualHidOutput {

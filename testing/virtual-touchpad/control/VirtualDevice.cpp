@@ -15,6 +15,10 @@ using Clock = std::chrono::steady_clock;
 // The client polls, as a pending request would keep the link's handle open across an unplug.
 constexpr std::chrono::milliseconds kPollInterval{2};
 
+// In the order of VirtualHidRequestKind.
+constexpr const char* kRequestNames[VIRTUAL_HID_REQUEST_KINDS] = {
+    "descriptor", "attributes", "string", "read", "output", "get feature", "set feature", "other"};
+
 std::string Narrow(const std::wstring& text) {
     std::string narrow;
     for (const wchar_t c : text) narrow += c < 0x80 ? static_cast<char>(c) : '?';
@@ -63,6 +67,19 @@ VirtualHidState VirtualDevice::State() const {
     VirtualHidState state{};
     Control(IOCTL_VIRTUAL_HID_GET_STATE, nullptr, 0, &state, sizeof(state));
     return state;
+}
+
+Requests VirtualDevice::RequestsSince(const Requests& earlier) const {
+    const VirtualHidState state = State();
+    Requests requests;
+    for (std::size_t kind = 0; kind < VIRTUAL_HID_REQUEST_KINDS; ++kind) {
+        const char* const name = kRequestNames[kind];
+        const auto before = earlier.find(name);
+        const std::uint32_t added =
+            state.requests[kind] - (before == earlier.end() ? 0 : before->second);
+        if (added != 0) requests[name] = added;
+    }
+    return requests;
 }
 
 void VirtualDevice::SendInput(const Report& report) {

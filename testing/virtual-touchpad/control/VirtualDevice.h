@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,6 +22,10 @@ struct OutputReport {
     Report bytes;
 };
 
+// How many requests of each kind, by the kind's name: "descriptor", "attributes", "string", "read",
+// "output", "get feature", "set feature", "other". Kinds without a request are left out.
+using Requests = std::map<std::string, std::uint32_t>;
+
 class VirtualDevice {
  public:
     // `name` is the one that the device was plugged in with.
@@ -30,6 +35,10 @@ class VirtualDevice {
     VirtualDevice& operator=(const VirtualDevice&) = delete;
 
     VirtualHidState State() const;
+
+    // Returns the requests that have reached the device since it was plugged in and are not in
+    // `earlier`. What the class driver answers from its own copy does not reach it.
+    Requests RequestsSince(const Requests& earlier) const;
 
     void SendInput(const Report& report);
 

@@ -78,9 +78,35 @@ static NTSTATUS TransferReport(VirtualDevice* device, IRP* irp, ULONG code) {
     return CompleteIrp(irp, status, NT_SUCCESS(status) ? packet->reportBufferLen : 0);
 }
 
+typedef struct RequestKind {
+    ULONG code;
+    VirtualHidRequestKind kind;
+} RequestKind;
+
+static const RequestKind requestKinds[] = {
+    {IOCTL_HID_GET_DEVICE_DESCRIPTOR, VIRTUAL_HID_REQUEST_DESCRIPTOR},
+    {IOCTL_HID_GET_REPORT_DESCRIPTOR, VIRTUAL_HID_REQUEST_DESCRIPTOR},
+    {IOCTL_HID_GET_DEVICE_ATTRIBUTES, VIRTUAL_HID_REQUEST_ATTRIBUTES},
+    {IOCTL_HID_GET_STRING, VIRTUAL_HID_REQUEST_STRING},
+    {IOCTL_HID_READ_REPORT, VIRTUAL_HID_REQUEST_READ},
+    {IOCTL_HID_WRITE_REPORT, VIRTUAL_HID_REQUEST_OUTPUT},
+    {IOCTL_HID_SET_OUTPUT_REPORT, VIRTUAL_HID_REQUEST_OUTPUT},
+    {IOCTL_HID_GET_FEATURE, VIRTUAL_HID_REQUEST_GET_FEATURE},
+    {IOCTL_HID_SET_FEATURE, VIRTUAL_HID_REQUEST_SET_FEATURE},
+};
+
+static void CountRequest(VirtualDevice* device, ULONG code) {
+    VirtualHidRequestKind kind = VIRTUAL_HID_REQUEST_OTHER;
+    for (ULONG i = 0; i < sizeof(requestKinds) / sizeof(requestKinds[0]); ++i) {
+        if (requestKinds[i].code == code) kind = requestKinds[i].kind;
+    }
+    InterlockedIncrement(&device->requests[kind]);
+}
+
 static NTSTATUS HandleClassRequest(VirtualDevice* device, IRP* irp) {
     const DeviceConfiguration* configuration = &device->configuration;
     const ULONG code = IoGetCurrentIrpStackLocation(irp)->Parameters.DeviceIoControl.IoControlCode;
+    CountRequest(device, code);
     switch (code) {
         case IOCTL_HID_GET_DEVICE_DESCRIPTOR:
             return GetDeviceDescriptor(configuration, irp);

@@ -61,6 +61,7 @@ static void CopyState(VirtualDevice* device, VirtualHidState* state) {
     state->featureGetCount = device->featureGetCount;
     state->queuedInputs = device->inputCount;
     state->enumerations = device->enumerations;
+    RtlCopyMemory(state->requests, device->requests, sizeof(state->requests));
     CountOpens(device, state);
     KeReleaseSpinLock(&device->lock, irql);
 }

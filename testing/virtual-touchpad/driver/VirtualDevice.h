@@ -24,6 +24,8 @@ typedef struct VirtualDevice {
     DEVICE_OBJECT* collections[MAX_COLLECTIONS];
     DEVICE_OBJECT* controlDevice;
 
+    LONG requests[VIRTUAL_HID_REQUEST_KINDS];  // by kind, changed by interlocked operations
+
     IrpQueue reads;       // the class driver's reads, waiting for an input report
     IrpQueue heldWrites;  // hosts' writes, waiting for the release
 
