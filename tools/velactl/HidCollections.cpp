@@ -33,13 +33,6 @@ std::string ReasonAgainst(Verdict verdict, DWORD error) {
     return {};
 }
 
-std::wstring ProductString(const vela::FileHandle& device) {
-    wchar_t product[256] = {};
-    const bool done =
-        HidD_GetProductString(device.Get(), product, sizeof(product) - sizeof(product[0]));
-    return done ? product : L"";
-}
-
 HidCollection ExamineCollection(const std::wstring& path, vela::IDiscoveryQuery& query) {
     const vela::FileHandle device = vela::OpenForExamination(path);
     vela::Examination examination = vela::Examine(query, device);
@@ -47,9 +40,7 @@ HidCollection ExamineCollection(const std::wstring& path, vela::IDiscoveryQuery&
     if (examination.preparsedData != nullptr) {
         HidD_FreePreparsedData(std::exchange(examination.preparsedData, nullptr));
     }
-    const bool isReadable =
-        examination.verdict != Verdict::kNotOpened && examination.verdict != Verdict::kNotRead;
-    return {path, isReadable ? ProductString(device) : L"", std::move(examination), reason};
+    return {path, std::move(examination), reason};
 }
 
 }  // namespace
@@ -67,6 +58,14 @@ const HidCollection* ChosenCollection(const std::vector<HidCollection>& collecti
         if (collection.examination.verdict == Verdict::kMatches) return &collection;
     }
     return nullptr;
+}
+
+std::wstring ReadProductString(const HidCollection& collection) {
+    const vela::FileHandle device = vela::OpenForExamination(collection.path);
+    wchar_t product[256] = {};
+    const bool done =
+        HidD_GetProductString(device.Get(), product, sizeof(product) - sizeof(product[0]));
+    return done ? product : L"";
 }
 
 }  // namespace velactl

@@ -2,13 +2,16 @@
 #include <fstream>
 
 #include "testing/kit/LogFolder.h"
+#include "testing/kit/windows/RequestsDuring.h"
 #include "testing/unit/velactl/VelactlTest.h"
 
 namespace velactl_test {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Key;
 
 class DevicesTest : public VelactlTest {
  protected:
@@ -49,6 +52,54 @@ TEST_F(DevicesTest, DescribesTheOtherDevicesAsText) {
     EXPECT_THAT(run.output, HasSubstr(Path() + "\n"));
 }
 
+// --- which devices receive requests --------------------------------------------------------------
+
+// A touchpad, one of another vendor, and a haptic one.
+class DeviceRequestsTest : public VelactlTest {
+ protected:
+    DeviceRequestsTest() {
+        Plug();
+        TouchpadLayout layout;
+        layout.vendorId = 0x1A2B;
+        virtual_touchpad::Plug(layout, L"other");
+        virtual_touchpad::Plug(virtual_touchpad::SettingsOf(HapticLayout{}), L"haptic");
+    }
+    // Returns the requests that reach each device while the command runs.
+    std::vector<Requests> RequestsOf(const std::wstring& command, unsigned long exitCode = 0) {
+        const VirtualDevice touchpad;
+        const VirtualDevice other(L"other");
+        const VirtualDevice haptic(L"haptic");
+        return RequestsDuring({&touchpad, &other, &haptic},
+                              [&] { EXPECT_EQ(Finished(command).exitCode, exitCode); });
+    }
+};
+
+const Requests kNone;
+const Requests kName{{"string", 1}};
+
+TEST_F(DeviceRequestsTest, DevicesQueriesTheChosenOnesForTheirNames) {
+    EXPECT_THAT(RequestsOf(L"devices"), ElementsAre(kName, kNone, kName));
+}
+
+TEST_F(DeviceRequestsTest, DevicesWithNamesQueriesEveryOne) {
+    EXPECT_THAT(RequestsOf(L"devices --names"), ElementsAre(kName, kName, kName));
+}
+
+TEST_F(DeviceRequestsTest, CapsQueriesNone) {
+    EXPECT_THAT(RequestsOf(L"caps"), ElementsAre(kNone, kNone, kNone));
+    EXPECT_THAT(RequestsOf(L"caps --haptic"), ElementsAre(kNone, kNone, kNone));
+}
+
+// Doctor opens the touchpad, whose firmware does not answer.
+TEST_F(DeviceRequestsTest, DoctorQueriesTheTouchpadOnly) {
+    const std::vector<Requests> requests = RequestsOf(L"doctor", 1);
+    EXPECT_THAT(requests.at(0), Contains(Key("output")));
+    EXPECT_THAT(std::vector<Requests>(requests.begin() + 1, requests.end()),
+                ElementsAre(kNone, kNone));
+}
+
+// --- devices that are not chosen -----------------------------------------------------------------
+
 struct Rejected {
     const char* name;
     void (*spoil)(TouchpadLayout&);
@@ -74,8 +125,10 @@ TEST_P(RejectedTest, IsListedWithTheReason) {
     GetParam().spoil(layout);
     Plug(layout);
     const Json row = Row(Path());
+    EXPECT_EQ(row["name"], nullptr);
     EXPECT_EQ(row["chosen"], false);
     EXPECT_EQ(row["verdict"], GetParam().verdict);
+    EXPECT_EQ(Row(Path(), L"--names")["name"], "Vela Virtual Touchpad");
 }
 
 TEST_F(DevicesTest, ListsTheLaterOfTwoAndTheHapticOne) {
@@ -149,7 +202,7 @@ TEST_F(CapsTest, ListsTheHapticTouchpadsToo) {
     const Finished run(L"caps --haptic --json");
     EXPECT_EQ(run.exitCode, 0U);
     ASSERT_EQ(run.results.size(), 1U);
-    EXPECT_THAT(Names(run.results[0]), testing::Contains("feature value 0x0023"));
+    EXPECT_THAT(Names(run.results[0]), Contains("feature value 0x0023"));
 }
 
 }  // namespace

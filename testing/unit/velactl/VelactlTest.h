@@ -19,8 +19,10 @@ namespace velactl_test {
 using namespace kit;
 using virtual_touchpad::HapticLayout;
 using virtual_touchpad::Lights;
+using virtual_touchpad::Requests;
 using virtual_touchpad::TouchpadControl;
 using virtual_touchpad::TouchpadLayout;
+using virtual_touchpad::VirtualDevice;
 
 class VelactlTest : public testing::Test {
  protected:

@@ -23,15 +23,18 @@ class Choice {
         const HIDP_CAPS& caps = collection.examination.caps;
         return caps.UsagePage == kind_.UsagePage && caps.Usage == kind_.Usage;
     }
-    Json Row(const HidCollection& collection) const {
+    // Only the chosen one is queried for its name, unless all are to be: a device that is none of
+    // ours may answer late or never.
+    Json Row(const HidCollection& collection, bool withName) const {
         const vela::Examination& examination = collection.examination;
+        const bool isChosen = &collection == chosen_;
         return {{"vendor", Hex(examination.attributes.VendorID)},
                 {"product", Hex(examination.attributes.ProductID)},
                 {"version", Hex(examination.attributes.VersionNumber)},
                 {"page", Hex(examination.caps.UsagePage)},
                 {"usage", Hex(examination.caps.Usage)},
-                {"name", Utf8(collection.product)},
-                {"chosen", &collection == chosen_},
+                {"name", withName || isChosen ? Json(Utf8(ReadProductString(collection))) : Json()},
+                {"chosen", isChosen},
                 {"verdict", Verdict(collection)},
                 {"path", Utf8(collection.path)}};
     }
@@ -49,7 +52,7 @@ class Choice {
     const HidCollection* chosen_;
 };
 
-ExitCode ListDevices(Context& context) {
+ExitCode ListDevices(Context& context, bool withNames) {
     context.Library();  // sets the folder of "Vela.ini"
     vela::TouchpadDiscovery touchpadQuery;
     vela::HapticDiscovery hapticQuery;
@@ -59,7 +62,7 @@ ExitCode ListDevices(Context& context) {
     Json rows = Json::array();
     for (std::size_t i = 0; i < paths.size(); ++i) {
         const Choice& choice = haptic.IsOfThisKind(haptic.Collection(i)) ? haptic : touchpad;
-        rows.push_back(choice.Row(choice.Collection(i)));
+        rows.push_back(choice.Row(choice.Collection(i), withNames));
     }
     context.Print(rows);
     return kDone;
@@ -67,6 +70,11 @@ ExitCode ListDevices(Context& context) {
 
 }  // namespace
 
-Run DeclareDevices(CLI::App&) { return ListDevices; }
+Run DeclareDevices(CLI::App& arguments) {
+    const auto withNames = std::make_shared<bool>(false);
+    arguments.add_flag("--names", *withNames,
+                       "Query every device for its name, not only the chosen ones");
+    return [withNames](Context& context) { return ListDevices(context, *withNames); };
+}
 
 }  // namespace velactl
