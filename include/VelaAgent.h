@@ -127,8 +127,10 @@ void UnInitLogger(void);
 /* Finds the touchpad and opens it for this process alone. Returns a VelaInitResult. With a session
  * open it returns 1, or 2 (and the session stays open) when no touchpad is found any more. So it
  * also returns 1 for a session whose touchpad was unplugged in between: call UnInit first. A file
- * "Vela.ini" beside the library can name the vendors to look for. During another thread's UnInit it
- * either finds the session still open, or waits until it is closed and opens the next one. */
+ * "Vela.ini" beside the library can name the vendors to look for. Only the touchpad itself receives
+ * requests: of other HID devices the scan reads what the system knows, so none of them has to
+ * answer. During another thread's UnInit Init either finds the session still open, or waits until
+ * it is closed and opens the next one. */
 int32_t Init(void);
 /* Darkens the lights, closes the touchpad and forgets both callbacks. Once it has returned none is
  * called, unless another thread is inside Activate or EnableFeature just then. Returns 0 when no
@@ -141,7 +143,8 @@ VELA_BOOL UnInit(void);
  * touchpad: 0 once a detachable one (IsDetachable) was unplugged, even when it is back; always 1
  * for any other. Without a session a call opens every HID interface of the machine, keeps the
  * preparsed data of those that are no touchpad, and a mutex handle while another process has a
- * session, and logs at least one line: call it when a device arrives, never on a timer. */
+ * session, and logs at least one line: call it when a device arrives, never on a timer. Such a
+ * call sends no request to any device, the touchpad included. */
 VELA_BOOL IsVelaPresent(void);
 
 /* Sets a callback; null clears it. One that another thread is about to call is still called once.
@@ -203,10 +206,11 @@ VELA_BOOL IsSupportBiDirectionSwipe(void);
 /* ---- Haptic touchpad: a session of its own, independent of the one above --------------------- */
 
 /* Returns 1 when a touchpad whose haptic feedback can be configured is attached. Costs as much as
- * IsVelaPresent without a session. */
+ * IsVelaPresent without a session, and sends no request to any device either. */
 VELA_BOOL IsHapticTPPresent(void);
 /* Returns 1 when it is open, now or already; 0 when there is none, when its feedback has no
- * intensity, or when another process holds it. No other thread may be inside a haptic function. */
+ * intensity, or when another process holds it. Sends no request to any device. No other thread may
+ * be inside a haptic function. */
 VELA_BOOL InitHapticTP(void);
 /* Returns 0 when it was not open. No other thread may be inside a haptic function: two closing
  * threads would close the handle twice. */
