@@ -1,7 +1,13 @@
 # Decides which parts can be built besides the library, its headers and the examples: VELA_DRIVER,
-# VELA_TOOLS, VELA_TESTS. A native build only needs a compiler and GoogleTest.
+# VELA_TOOLS, VELA_TESTS. A native build only needs a compiler and GoogleTest; without the headers of
+# nlohmann json it leaves the tests of recordings out.
+include(HeaderOnlyLibrary)
+vela_header_only_library(json_headers nlohmann json.hpp)
 if(NOT WIN32)
   set(VELA_TESTS ON)
+  if(NOT TARGET json_headers)
+    message(STATUS "Not built: the tests of recordings (no headers of nlohmann json)")
+  endif()
   return()
 endif()
 
@@ -18,9 +24,7 @@ else()
 endif()
 
 # The tools need the headers of CLI11 and nlohmann json.
-include(HeaderOnlyLibrary)
 vela_header_only_library(cli11_headers CLI CLI.hpp)
-vela_header_only_library(json_headers nlohmann json.hpp)
 if(TARGET cli11_headers AND TARGET json_headers)
   set(VELA_TOOLS ON)
 else()

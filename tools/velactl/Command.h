@@ -37,5 +37,6 @@ Run DeclareClickMode(CLI::App& arguments);
 Run DeclareHaptic(CLI::App& arguments);
 Run DeclareDoctor(CLI::App& arguments);
 Run DeclareLog(CLI::App& arguments);
+Run DeclareRecord(CLI::App& arguments);
 
 }  // namespace velactl

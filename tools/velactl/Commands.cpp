@@ -22,6 +22,8 @@ const std::vector<Command>& Commands() {
         {"doctor", "Check what a working touchpad needs, and say what to do where it fails",
          DeclareDoctor},
         {"log", "Print the agent's log file", DeclareLog},
+        {"record", "Record every HID collection of the machine in a file, for tests and support",
+         DeclareRecord},
     };
     return commands;
 }

@@ -35,6 +35,16 @@ const vela_agent::Library& Context::Library() {
     return *library_;
 }
 
+void Context::FindVendorFile() {
+    try {
+        Library();
+    } catch (const vela_agent::LoadError&) {
+        // Without the library the agent's own vendor is looked for.
+    } catch (const vela_agent::LogError&) {
+        // The library is loaded nevertheless.
+    }
+}
+
 void Context::Print(const Json& result) const { Print(result, RenderText(result)); }
 
 void Context::Print(const Json& result, const std::string& text) const {

@@ -28,6 +28,9 @@ class Context {
     // Loads the library and starts its log at the first call. Throws vela_agent::LoadError.
     const vela_agent::Library& Library();
 
+    // Loads the library as far as it is there, as its folder has the "Vela.ini" with the vendors.
+    void FindVendorFile();
+
     // Prints a command's result, or a part of it.
     void Print(const Json& result) const;
     // Prints `text` instead of the rendered result when the output is not JSON.

@@ -1,70 +1,15 @@
-// velactl devices
-#include "haptic/HapticDiscovery.h"
+#include <memory>
+
 #include "hid/HIDDevicePaths.h"
 #include "tools/velactl/Command.h"
-#include "tools/velactl/HidCollections.h"
-#include "tools/velactl/Text.h"
-#include "touchpad/TouchpadDiscovery.h"
+#include "tools/velactl/DeviceList.h"
 
 namespace velactl {
 namespace {
 
-// The machine's collections, and the one that a kind of session chooses among them.
-class Choice {
- public:
-    Choice(vela::IDiscoveryQuery& query, const char* name, const std::vector<std::wstring>& paths)
-        : kind_(query.GetHidDeviceFilters().front()),
-          name_(name),
-          collections_(ExamineCollections(paths, query)),
-          chosen_(ChosenCollection(collections_)) {}
-
-    const HidCollection& Collection(std::size_t index) const { return collections_[index]; }
-    bool IsOfThisKind(const HidCollection& collection) const {
-        const HIDP_CAPS& caps = collection.examination.caps;
-        return caps.UsagePage == kind_.UsagePage && caps.Usage == kind_.Usage;
-    }
-    // Only the chosen one is queried for its name, unless all are to be: a device that is none of
-    // ours may answer late or never.
-    Json Row(const HidCollection& collection, bool withName) const {
-        const vela::Examination& examination = collection.examination;
-        const bool isChosen = &collection == chosen_;
-        return {{"vendor", Hex(examination.attributes.VendorID)},
-                {"product", Hex(examination.attributes.ProductID)},
-                {"version", Hex(examination.attributes.VersionNumber)},
-                {"page", Hex(examination.caps.UsagePage)},
-                {"usage", Hex(examination.caps.Usage)},
-                {"name", withName || isChosen ? Json(Utf8(ReadProductString(collection))) : Json()},
-                {"chosen", isChosen},
-                {"verdict", Verdict(collection)},
-                {"path", Utf8(collection.path)}};
-    }
-
- private:
-    std::string Verdict(const HidCollection& collection) const {
-        if (&collection == chosen_) return std::string("chosen as the ") + name_;
-        if (!collection.reasonAgainst.empty()) return collection.reasonAgainst;
-        return std::string("an earlier one is the ") + name_;
-    }
-
-    vela::HidDeviceFilter kind_;
-    const char* name_;
-    std::vector<HidCollection> collections_;
-    const HidCollection* chosen_;
-};
-
-ExitCode ListDevices(Context& context, bool withNames) {
+ExitCode PrintDevices(Context& context, Names names) {
     context.Library();  // sets the folder of "Vela.ini"
-    vela::TouchpadDiscovery touchpadQuery;
-    vela::HapticDiscovery hapticQuery;
-    const std::vector<std::wstring> paths = vela::GetHidDevicePathList();
-    const Choice haptic(hapticQuery, "haptic touchpad", paths);
-    const Choice touchpad(touchpadQuery, "touchpad", paths);
-    Json rows = Json::array();
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        const Choice& choice = haptic.IsOfThisKind(haptic.Collection(i)) ? haptic : touchpad;
-        rows.push_back(choice.Row(choice.Collection(i), withNames));
-    }
-    context.Print(rows);
+    context.Print(ListDevices(vela::GetHidDevicePathList(), names));
     return kDone;
 }
 
@@ -74,7 +19,9 @@ Run DeclareDevices(CLI::App& arguments) {
     const auto withNames = std::make_shared<bool>(false);
     arguments.add_flag("--names", *withNames,
                        "Query every device for its name, not only the chosen ones");
-    return [withNames](Context& context) { return ListDevices(context, *withNames); };
+    return [withNames](Context& context) {
+        return PrintDevices(context, *withNames ? Names::kOfAll : Names::kOfTheChosen);
+    };
 }
 
 }  // namespace velactl
