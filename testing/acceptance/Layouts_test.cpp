@@ -1,19 +1,17 @@
 // The known kinds of touchpads, each opened, lit, pressed and closed.
 #include "testing/acceptance/VendorFileTest.h"
 #include "testing/kit/windows/Lights.h"
+#include "testing/virtual-touchpad/descriptor/KnownLayouts.h"
 
 namespace acceptance {
 namespace {
 
-using virtual_touchpad::kButtonReportId;
 using virtual_touchpad::kClickModeReportId;
-using virtual_touchpad::kSecondLayoutReportId;
 using virtual_touchpad::Report;
 
 // A touchpad and the features that a host finds on it, besides lights and presses.
 struct Touchpad {
     const char* name;
-    TouchpadLayout layout;
     bool sendsFirmwareState = true;  // not in the second layout, whose enabled event ends a gesture
     bool supportsSwipe = true;
     bool takesRequest = true;
@@ -22,66 +20,19 @@ struct Touchpad {
 
 void PrintTo(const Touchpad& touchpad, std::ostream* stream) { *stream << touchpad.name; }
 
-TouchpadLayout Versioned(std::uint16_t version, const std::vector<std::uint8_t>& inputReportIds) {
-    TouchpadLayout layout;
-    layout.versionNumber = version;
-    layout.inputReportIds = inputReportIds;
-    return layout;
-}
-
-TouchpadLayout WithRequestIn(std::uint8_t reportId) {
-    TouchpadLayout layout;
-    layout.requestReportId = reportId;
-    return layout;
-}
-
-TouchpadLayout WithoutRequest() {
-    TouchpadLayout layout;
-    layout.hasRequest = false;
-    return layout;
-}
-
-TouchpadLayout WithoutFeatureReports() {
-    TouchpadLayout layout;
-    layout.hasFeatureReport = false;
-    return layout;
-}
-
-TouchpadLayout WithActiveUsagesAsArray() {
-    TouchpadLayout layout;
-    layout.activeUsagesAsArray = true;
-    return layout;
-}
-
-TouchpadLayout OfAnotherVendor() {
-    TouchpadLayout layout = Versioned(98, {kSecondLayoutReportId});
-    layout.vendorId = 0x1A2B;
-    return layout;
-}
-
-TouchpadLayout AsBareAsItGets() {
-    TouchpadLayout layout = WithoutRequest();
-    layout.hasFeatureReport = false;
-    layout.activeUsagesAsArray = true;
-    layout.inputReportIds = {kSecondLayoutReportId};
-    layout.versionNumber = 0;
-    return layout;
-}
-
 const Touchpad kTouchpads[] = {
-    {"Usual", {}},
-    {"OldFirmware", Versioned(98, {kButtonReportId})},
-    {"RequestInTheSecondLayoutsReport", WithRequestIn(kSecondLayoutReportId), true, true, false},
-    {"WithoutRequest", WithoutRequest(), true, true, false},
-    {"WithoutFeatureReports", WithoutFeatureReports(), true, true, true, false},
-    {"ActiveUsagesAsArray", WithActiveUsagesAsArray()},
-    {"SecondLayout", Versioned(99, {kSecondLayoutReportId}), false},
-    {"SecondLayoutWithOldFirmware", Versioned(98, {kSecondLayoutReportId}), false, false},
-    // A usage in two reports is catalogued with its later capability.
-    {"BothLayouts", Versioned(98, {kButtonReportId, kSecondLayoutReportId}), true, false},
-    {"BothLayoutsTheSecondFirst", Versioned(98, {kSecondLayoutReportId, kButtonReportId}), false},
-    {"OfAnotherVendor", OfAnotherVendor(), false},
-    {"AsBareAsItGets", AsBareAsItGets(), false, false, false, false},
+    {"Usual"},
+    {"OldFirmware"},
+    {"RequestInTheSecondLayoutsReport", true, true, false},
+    {"WithoutRequest", true, true, false},
+    {"WithoutFeatureReports", true, true, true, false},
+    {"ActiveUsagesAsArray"},
+    {"SecondLayout", false},
+    {"SecondLayoutWithOldFirmware", false, false},
+    {"BothLayouts", true, false},
+    {"BothLayoutsTheSecondFirst", false},
+    {"OfAnotherVendor", false},
+    {"AsBareAsItGets", false, false, false, false},
 };
 
 class LayoutsTest : public VendorFileTest {
@@ -105,7 +56,7 @@ class TouchpadsTest : public LayoutsTest, public testing::WithParamInterface<acc
  protected:
     void SetUp() override {
         WriteVendorFile("[0488]\r\n[1A2B]\r\n");
-        ASSERT_NO_FATAL_FAILURE(OpenLit(GetParam().layout));
+        ASSERT_NO_FATAL_FAILURE(OpenLit(virtual_touchpad::LayoutNamed(GetParam().name)));
     }
     void TearDown() override {
         EXPECT_EQ(agent_.UnInit(), 1);

@@ -8,8 +8,8 @@
 
 namespace velactl {
 
-// Which devices are queried for their names. Unlike the rest these are requested from the devices: one
-// that is none of ours may answer late or never.
+// Which devices are queried for their names. Unlike the rest these are requested from the devices:
+// one that is none of ours may answer late or never.
 enum class Names { kOfNone, kOfTheChosen, kOfAll };
 
 // Returns a row for each path, in their order: {"vendor", "product", "version", "page", "usage",

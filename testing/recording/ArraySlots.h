@@ -1,0 +1,12 @@
+// The slots of an array and the index that stands for each usage, from recorded reports.
+#pragma once
+
+#include "testing/recording/RebuiltItem.h"
+
+namespace recording {
+
+// Returns false when the reports do not tell them. The width of a single slot shows in no report:
+// it is taken as whole bytes when the slot begins on one, else as wide as the largest index.
+bool PlaceArray(RebuiltItem& item);
+
+}  // namespace recording
