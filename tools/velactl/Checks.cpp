@@ -3,26 +3,19 @@
 #include <fstream>
 
 #include "VelaAgentVersion.h"
-#include "hid/HIDDevicePaths.h"
 #include "hid/VendorList.h"
 #include "tools/velactl/EventQueue.h"
 #include "tools/velactl/FileVersion.h"
 #include "tools/velactl/Firmware.h"
-#include "tools/velactl/HidCollections.h"
 #include "tools/velactl/LogTail.h"
 #include "tools/velactl/Notes.h"
 #include "tools/velactl/Text.h"
+#include "tools/velactl/TouchpadChecks.h"
 #include "touchpad/DeviceMutex.h"
 #include "touchpad/TouchpadDiscovery.h"
 
 namespace velactl {
 namespace {
-
-CheckResult Ok(const std::string& finding) { return {Outcome::kOk, finding, ""}; }
-CheckResult Failed(const std::string& finding, const std::string& nextStep) {
-    return {Outcome::kFailed, finding, nextStep};
-}
-CheckResult Skipped(const std::string& finding) { return {Outcome::kSkipped, finding, ""}; }
 
 // Runs before the library is loaded, which then begins to log there.
 CheckResult CheckLastSession(DoctorContext& doctor) {
@@ -60,12 +53,6 @@ CheckResult CheckLibrary(DoctorContext& doctor) {
     return Failed(finding, "use the velactl of the same version; this one is " VELA_AGENT_VERSION);
 }
 
-std::string Joined(const std::vector<std::string>& items) {
-    std::string text;
-    for (const std::string& item : items) text += (text.empty() ? "" : ", ") + item;
-    return text;
-}
-
 CheckResult CheckVendorFile(DoctorContext& doctor) {
     if (!doctor.isLoaded) return Skipped("it lies beside the library");
     const auto file = doctor.context.DllFile().parent_path() / "Vela.ini";
@@ -87,23 +74,6 @@ CheckResult CheckVendorFile(DoctorContext& doctor) {
                       "remove it");
     }
     return Ok("\"Vela.ini\" " + finding);
-}
-
-CheckResult CheckDevice(DoctorContext& doctor) {
-    if (!doctor.isLoaded) return Skipped("no library to ask");
-    vela::TouchpadDiscovery query;
-    const auto collections = ExamineCollections(vela::GetHidDevicePathList(), query);
-    const HidCollection* const chosen = ChosenCollection(collections);
-    if (chosen == nullptr) {
-        return Failed(
-            "none of " + std::to_string(collections.size()) + " HID collections is the touchpad",
-            "attach it; if \"velactl devices\" lists it, its verdict tells what is "
-            "missing");
-    }
-    doctor.isPresent = true;
-    const HIDD_ATTRIBUTES& attributes = chosen->examination.attributes;
-    return Ok("vendor " + Hex(attributes.VendorID) + ", product " + Hex(attributes.ProductID) +
-              ", firmware " + Hex(attributes.VersionNumber));
 }
 
 // Checks for the mutex that every session creates, another user's included.
@@ -162,10 +132,11 @@ CheckResult CheckLogFolder(DoctorContext& doctor) {
 
 const std::vector<Check>& Checks() {
     static const std::vector<Check> checks{
-        {"last session", CheckLastSession},
+        {kLastSessionCheck, CheckLastSession},
         {"library", CheckLibrary},
         {"vendors", CheckVendorFile},
         {"touchpad", CheckDevice},
+        {"buttons and lights", CheckParts},
         {"other sessions", CheckOtherSessions},
         {"opening", CheckOpening},
         {"firmware", CheckFirmware},

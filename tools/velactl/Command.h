@@ -38,5 +38,6 @@ Run DeclareHaptic(CLI::App& arguments);
 Run DeclareDoctor(CLI::App& arguments);
 Run DeclareLog(CLI::App& arguments);
 Run DeclareRecord(CLI::App& arguments);
+Run DeclareReport(CLI::App& arguments);
 
 }  // namespace velactl

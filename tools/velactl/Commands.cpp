@@ -24,6 +24,7 @@ const std::vector<Command>& Commands() {
         {"log", "Print the agent's log file", DeclareLog},
         {"record", "Record every HID collection of the machine in a file, for tests and support",
          DeclareRecord},
+        {"report", "Write a text file for support, which begins with what is wrong", DeclareReport},
     };
     return commands;
 }

@@ -22,6 +22,12 @@ std::string Hex(std::uint32_t number) {
     return text;
 }
 
+std::string Joined(const std::vector<std::string>& items) {
+    std::string text;
+    for (const std::string& item : items) text += (text.empty() ? "" : ", ") + item;
+    return text;
+}
+
 std::string LocalTime() {
     SYSTEMTIME now{};
     GetLocalTime(&now);

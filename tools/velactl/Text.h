@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace velactl {
 
@@ -10,6 +11,9 @@ std::string Utf8(const std::wstring& text);
 
 // "0x0488": at least four digits.
 std::string Hex(std::uint32_t number);
+
+// "a, b, c"
+std::string Joined(const std::vector<std::string>& items);
 
 // "2026-05-06 17:42:10.123"
 std::string LocalTime();

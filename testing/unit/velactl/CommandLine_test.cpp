@@ -10,8 +10,8 @@ using testing::AllOf;
 using testing::HasSubstr;
 
 constexpr const wchar_t* kCommands[] = {
-    L"devices", L"caps",       L"status",    L"watch",  L"light",  L"visible", L"enable",
-    L"breathe", L"brightness", L"clickmode", L"haptic", L"doctor", L"log",     L"record"};
+    L"devices",    L"caps",      L"status", L"watch",  L"light", L"visible", L"enable", L"breathe",
+    L"brightness", L"clickmode", L"haptic", L"doctor", L"log",   L"record",  L"report"};
 
 MATCHER(IsOneLineFromVelactl, "") {
     return arg.rfind("velactl: ", 0) == 0 && arg.find('\n') == arg.size() - 1;
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(, WrongUsageTest,
                                          L"light camera", L"light door on", L"visible chat maybe",
                                          L"brightness 256", L"breathe", L"enable chat on --hold -1",
                                          L"clickmode on", L"clickmode on 65536", L"haptic -1",
-                                         L"watch --seconds 0", L"log", L"record"));
+                                         L"watch --seconds 0", L"log", L"record", L"report"));
 
 TEST_P(WrongUsageTest, IsReportedInOneLine) {
     const Finished run(GetParam());

@@ -41,7 +41,8 @@ TEST_F(DoctorTest, FindsAWorkingTouchpadWell) {
     EXPECT_EQ(program.Wait(), 0U);
     EXPECT_THAT(Outcomes(program.Results()),
                 ElementsAre("last session skipped", "library ok", "vendors ok", "touchpad ok",
-                            "other sessions ok", "opening ok", "firmware ok", "log folder ok"));
+                            "buttons and lights ok", "other sessions ok", "opening ok",
+                            "firmware ok", "log folder ok"));
 }
 
 TEST_F(DoctorTest, WithoutATouchpadNamesTheNextStep) {
@@ -51,6 +52,26 @@ TEST_F(DoctorTest, WithoutATouchpadNamesTheNextStep) {
     EXPECT_THAT(run.output, HasSubstr("\nfailed   touchpad: none of "));
     EXPECT_THAT(run.output, HasSubstr("\n         next: attach it"));
     EXPECT_THAT(run.output, HasSubstr("\nskipped  opening: no touchpad to open\n"));
+}
+
+TEST_F(DoctorTest, NamesTheVendorThatIsNotLookedFor) {
+    TouchpadLayout layout;
+    layout.vendorId = 0x1A2B;
+    Plug(layout);
+    const Finished run(L"doctor");
+    EXPECT_THAT(run.output,
+                HasSubstr("\nfailed   touchpad: vendor 0x1a2b, product 0x1234: a vendor "
+                          "that is not looked for\n"));
+    EXPECT_THAT(run.output, HasSubstr("add a section [1a2b] to \"Vela.ini\""));
+}
+
+TEST_F(DoctorTest, NamesTheLightsThatAreMissing) {
+    TouchpadLayout layout;
+    layout.missingLightUsages = {0x21, 0x24};
+    Plug(layout);
+    EXPECT_THAT(Finished(L"doctor").output,
+                HasSubstr("\nfailed   buttons and lights: its reports lack camera light for off "
+                          "(output 0x0021), chat light (output 0x0024)\n"));
 }
 
 TEST_F(DoctorTest, ReportsASilentFirmware) {
@@ -78,9 +99,9 @@ TEST_F(DoctorTest, ReportsATouchpadThatIsHeld) {
     EXPECT_EQ(run.exitCode, 1U);
     EXPECT_THAT(Outcomes(run.results),
                 ElementsAre("last session skipped", "library failed", "vendors ok", "touchpad ok",
-                            "other sessions ok", "opening failed", "firmware skipped",
-                            "log folder skipped"));
-    EXPECT_EQ(run.results[5]["finding"], "the touchpad is held by another process");
+                            "buttons and lights ok", "other sessions ok", "opening failed",
+                            "firmware skipped", "log folder skipped"));
+    EXPECT_EQ(run.results[6]["finding"], "the touchpad is held by another process");
 }
 
 TEST_F(DoctorTest, ReportsAMissingLibrary) {
@@ -88,8 +109,8 @@ TEST_F(DoctorTest, ReportsAMissingLibrary) {
     EXPECT_EQ(run.exitCode, 1U);
     EXPECT_THAT(Outcomes(run.results),
                 ElementsAre("last session skipped", "library failed", "vendors skipped",
-                            "touchpad skipped", "other sessions ok", "opening skipped",
-                            "firmware skipped", "log folder skipped"));
+                            "touchpad skipped", "buttons and lights skipped", "other sessions ok",
+                            "opening skipped", "firmware skipped", "log folder skipped"));
 }
 
 TEST_F(DoctorTest, ReportsAMissingLogFolder) {
@@ -150,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(DoctorVendorFileTest, IsReadAsTheAgentReadsIt) {
     const Finished run(L"doctor --json" + DllBeside(GetParam().text));
-    ASSERT_EQ(run.results.size(), 8U);
+    ASSERT_EQ(run.results.size(), 9U);
     EXPECT_THAT(Outcomes(run.results), Contains(GetParam().outcome));
     EXPECT_THAT(run.results[2]["finding"].get<std::string>(), HasSubstr(GetParam().finding));
 }
