@@ -83,8 +83,9 @@ void PlaceFurtherSlots(RebuiltItem& item, const Json& record, const RecordedRepo
 
 bool PlaceArray(RebuiltItem& item) {
     const auto samples = SamplesOf(item);
-    if (!samples) return false;
-    const auto start = StartOf(*samples);
+    const auto start = samples ? StartOf(*samples) : std::nullopt;
+    item.isPlaced = start.has_value();
+    item.logicalMaximum = 0;  // that of an only usage whose index shows nowhere
     if (!start) return false;
     item.startBit = *start;
     const Sample& first = samples->front();
@@ -98,7 +99,8 @@ bool PlaceArray(RebuiltItem& item) {
     if (record.at("reports").value("full", Json()).is_string()) {
         PlaceFurtherSlots(item, record, first.report);
     }
-    return item.bits != 0 && item.bits <= kWidestSlot;
+    item.isPlaced = item.bits != 0 && item.bits <= kWidestSlot;
+    return item.isPlaced;
 }
 
 }  // namespace recording

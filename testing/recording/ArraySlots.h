@@ -5,7 +5,8 @@
 
 namespace recording {
 
-// Returns false when the reports do not tell them. The width of a single slot shows in no report:
+// Returns false, with the item not placed, when the reports do not tell them: the index of a single
+// usage may be 0. The width of a single slot shows in no report:
 // it is taken as whole bytes when the slot begins on one, else as wide as the largest index.
 bool PlaceArray(RebuiltItem& item);
 

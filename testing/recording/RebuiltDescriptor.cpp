@@ -77,10 +77,19 @@ class Rebuilding {
         for (Reports& reports : types_) {
             while (!reports.items.empty() &&
                    static_cast<std::size_t>(reports.items.front().Link()) == link) {
+                FillReport(reports, reports.items.front());
                 WriteItem(reports, reports.items.front());
                 reports.items.pop_front();
             }
         }
+    }
+
+    // An array whose place is not recorded has as many slots of a byte as have room.
+    static void FillReport(Reports& reports, RebuiltItem& item) {
+        if (item.isPlaced || !item.isArray) return;
+        const std::size_t used = (reports.ends[item.ReportId()] + 7) / 8;
+        item.bits = 8;
+        item.count = reports.length > 1 + used ? reports.length - 1 - used : 1;
     }
 
     void WriteItem(Reports& reports, const RebuiltItem& item) {

@@ -92,7 +92,7 @@ std::vector<RebuiltItem> RebuildItems(const Json& reports, std::vector<std::stri
     for (RebuiltItem& item : Collect(reports)) {
         const bool isKnown = item.isArray ? PlaceArray(item) : PlaceVariable(item);
         if (!isKnown) notes.push_back(NameOf(item) + ": no recorded report tells its bits");
-        if (isKnown || !item.isButton) placed.push_back(std::move(item));
+        if (isKnown || item.isArray || !item.isButton) placed.push_back(std::move(item));
     }
     std::stable_sort(placed.begin(), placed.end(), [](const auto& one, const auto& other) {
         return one.DataIndex() < other.DataIndex();

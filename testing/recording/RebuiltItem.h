@@ -15,7 +15,7 @@ struct RebuiltItem {
     bool isButton = false;
     bool isArray = false;
 
-    bool isPlaced = true;  // false: it follows the item before it, wherever that ends
+    bool isPlaced = true;  // false: it follows the item before it, an array fills the report
     std::size_t startBit = 0;
     std::size_t bits = 0;   // of one field
     std::size_t count = 0;  // of fields
