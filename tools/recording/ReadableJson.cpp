@@ -11,8 +11,10 @@ std::string OneLine(const Json& json) {
     return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
+// Calls itself for the members, as deep as the JSON is nested.
+// NOLINTNEXTLINE(misc-no-recursion)
 std::string Indented(const Json& json, std::size_t indentation, std::size_t nameLength = 0) {
-    const std::string line = OneLine(json);
+    std::string line = OneLine(json);
     if (!json.is_structured() || indentation + nameLength + line.size() <= kLineLength) return line;
     const std::size_t inner = indentation + 1;
     std::string text;

@@ -13,7 +13,7 @@ namespace velactl {
 enum class Outcome { kOk, kFailed, kSkipped };
 
 struct CheckResult {
-    Outcome outcome;
+    Outcome outcome = Outcome::kSkipped;
     std::string finding;
     std::string nextStep;  // for a failed check
 };
