@@ -15,11 +15,17 @@ void CompareChoice(const Json& machine, const std::string& kind, const Json& fou
     lines.push_back("the " + kind + ": recorded " + chosen.dump() + ", found " + found.dump());
 }
 
-Lines Differences(const Json& machine, const Json& meeting, const Json& replay) {
+Lines Differences(const Json& machine, const Json& replay) {
+    const Json& expected = machine.at("expected");
     Lines lines = replay["notRebuilt"];
     CompareChoice(machine, "touchpad", replay["touchpad"], lines);
     CompareChoice(machine, "haptic touchpad", replay["haptic"], lines);
-    const Lines inMeeting = MeetingDifferences(meeting, replay["meeting"]);
+    const Json level = expected.value("hapticLevel", Json());
+    if (level != replay["hapticLevel"]) {
+        lines.push_back("haptic level: recorded " + level.dump() + ", replayed " +
+                        replay["hapticLevel"].dump());
+    }
+    const Lines inMeeting = MeetingDifferences(expected.at("meeting"), replay["meeting"]);
     lines.insert(lines.end(), inMeeting.begin(), inMeeting.end());
     return lines;
 }
@@ -37,15 +43,17 @@ void AddMissing(const Lines& all, const Lines& others, const char* what, Lines& 
 std::vector<std::string> AddExpectation(Json& machine) {
     const Json replay = Replay(machine);
     Json& expected = machine["expected"];
-    if (!expected.contains("meeting")) expected["meeting"] = replay["meeting"];
-    const Lines lines = Differences(machine, expected["meeting"], replay);
+    for (const char* const name : {"meeting", "hapticLevel"}) {
+        if (!expected.contains(name)) expected[name] = replay[name];
+    }
+    const Lines lines = Differences(machine, replay);
     expected["differences"] = lines;
     return lines;
 }
 
 std::vector<std::string> Unexpected(const Json& machine) {
     const Json& expected = machine.at("expected");
-    const Lines found = Differences(machine, expected.at("meeting"), Replay(machine));
+    const Lines found = Differences(machine, Replay(machine));
     const Lines known = expected.at("differences");
     Lines lines;
     AddMissing(found, known, "new: ", lines);

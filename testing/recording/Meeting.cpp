@@ -101,4 +101,14 @@ Json HoldMeeting(const Agent& agent, Touchpad& touchpad, const std::wstring& pat
     return Meeting(agent, touchpad, path).Hold();
 }
 
+Json SetHapticLevel(const Agent& agent, Touchpad& touchpad, std::uint8_t reportId) {
+    constexpr std::uint32_t kLevel = 80;
+    Json json = {{"init", agent.InitHapticTP()},
+                 {"set", agent.SetHapticTPIntensityLevel(kLevel)},
+                 {"level", agent.GetHapticTPIntensityLevel()},
+                 {"feature", Hex(touchpad.Feature(reportId))}};
+    agent.UnInitHapticTP();
+    return json;
+}
+
 }  // namespace recording

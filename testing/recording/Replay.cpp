@@ -57,22 +57,25 @@ class SimulatedTouchpad : public Touchpad {
         device_->SendInput(report);
     }
     std::vector<Bytes> Outputs() override { return device_->Outputs(); }
+    Bytes Feature(std::uint8_t reportId) override { return device_->Feature(reportId); }
 
  private:
     std::shared_ptr<Device> device_;
 };
 
-Agent LinkedAgent() {
-    return {::Init,
-            ::UnInit,
-            ::Activate,
-            ::EnableFeature,
-            ::EnableSingleButton,
-            ::SetButtonVisible,
-            ::SetButtonLight,
-            ::SetVelaBrightness,
-            ::SetVelaButtonPressCallback,
-            ::SetVelaStatusChangeCallback};
+struct LinkedExports {
+#define VELA_LINKED(name) Vela##name##Function name = ::name;
+    VELA_AGENT_FOR_EACH_EXPORT(VELA_LINKED)
+#undef VELA_LINKED
+};
+
+// Returns the id of the feature report with the intensity, 0 without one.
+std::uint8_t HapticReportId(const Json& collection) {
+    constexpr std::uint32_t kHapticsPage = 0x0E;
+    for (const Json& record : collection.at("capabilities").at("feature").at("values")) {
+        if (NumberOf(record.at("usagePage")) == kHapticsPage) return record.at("reportId");
+    }
+    return 0;
 }
 
 class SimulatedMachine {
@@ -85,7 +88,11 @@ class SimulatedMachine {
 
     Json Meet(const std::string& path) {
         SimulatedTouchpad touchpad(devices_.at(path));
-        return HoldMeeting(LinkedAgent(), touchpad, Wide(path));
+        return HoldMeeting(AgentOf(LinkedExports()), touchpad, Wide(path));
+    }
+    Json SetLevel(const std::string& path) {
+        SimulatedTouchpad touchpad(devices_.at(path));
+        return SetHapticLevel(AgentOf(LinkedExports()), touchpad, hapticReportIds_.at(path));
     }
 
  private:
@@ -104,6 +111,7 @@ class SimulatedMachine {
                  Differences(collection.at("capabilities"), rebuilt.bytes)) {
                 note(text);
             }
+            hapticReportIds_[path] = HapticReportId(collection);
             devices_[path] = Machine::Get().Plug(Describe(collection, rebuilt.bytes));
         } catch (const simulator::hid::DescriptorError& error) {
             note(std::string("the rebuilt descriptor is refused: ") + error.what());
@@ -112,6 +120,7 @@ class SimulatedMachine {
 
     Json notRebuilt_ = Json::array();
     std::map<std::string, std::shared_ptr<Device>> devices_;
+    std::map<std::string, std::uint8_t> hapticReportIds_;
 };
 
 // Removes the zeros at the end.
@@ -139,8 +148,10 @@ Json Replay(const Json& machine) {
     Json result = {{"notRebuilt", simulated.NotRebuilt()},
                    {"touchpad", PathOrNull(touchpad)},
                    {"haptic", PathOrNull(haptic)},
-                   {"meeting", nullptr}};
+                   {"meeting", nullptr},
+                   {"hapticLevel", nullptr}};
     if (result["touchpad"].is_string()) result["meeting"] = simulated.Meet(result["touchpad"]);
+    if (result["haptic"].is_string()) result["hapticLevel"] = simulated.SetLevel(result["haptic"]);
     return result;
 }
 

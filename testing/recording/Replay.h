@@ -15,6 +15,7 @@ namespace recording {
 //   "touchpad"    the path of the collection that the agent finds as its touchpad; null: none
 //   "haptic"      the same for the haptic touchpad
 //   "meeting"     what HoldMeeting returns; null without a touchpad
+//   "hapticLevel" what SetHapticLevel returns; null without a haptic touchpad
 // Throws Json::exception or std::invalid_argument when the recording is not of this format.
 Json Replay(const Json& machine);
 

@@ -6,13 +6,13 @@
 namespace velactl {
 namespace {
 
-struct Part {
+struct NamedUsage {
     HIDP_REPORT_TYPE type;
     USAGE usage;
     const char* name;
 };
 
-constexpr Part kParts[] = {
+constexpr NamedUsage kParts[] = {
     {HidP_Input, vela::USAGE_CAMERA_BUTTON, "camera button"},
     {HidP_Input, vela::USAGE_MIC_BUTTON, "microphone button"},
     {HidP_Input, vela::USAGE_CHAT_BUTTON, "chat button"},
@@ -33,7 +33,7 @@ constexpr Part kParts[] = {
 
 std::vector<std::string> MissingParts(const vela::Examination& examination) {
     std::vector<std::string> names;
-    for (const Part& part : kParts) {
+    for (const NamedUsage& part : kParts) {
         const std::wstring key =
             vela::MakeCapsKey(static_cast<std::uint32_t>(part.type), part.usage);
         if (examination.buttonCapsMap.count(key) + examination.valueCapsMap.count(key) != 0) {

@@ -23,23 +23,14 @@ class WineTouchpad : public recording::Touchpad {
         for (const auto& output : device_.OutputReports()) reports.push_back(output.bytes);
         return reports;
     }
+    Bytes Feature(std::uint8_t reportId) override {
+        return device_.Feature(reportId).value_or(Bytes{});
+    }
+    void SetFeature(const Bytes& report) { device_.SetFeature(report); }
 
  private:
     virtual_touchpad::VirtualDevice device_;
 };
-
-recording::Agent FunctionsOf(const kit::AgentDll& dll) {
-    return {dll.Init,
-            dll.UnInit,
-            dll.Activate,
-            dll.EnableFeature,
-            dll.EnableSingleButton,
-            dll.SetButtonVisible,
-            dll.SetButtonLight,
-            dll.SetVelaBrightness,
-            dll.SetVelaButtonPressCallback,
-            dll.SetVelaStatusChangeCallback};
-}
 
 // The DLL in a folder of its own, with a "Vela.ini" when the vendor is another one.
 std::filesystem::path CopyOfTheDll(const std::filesystem::path& folder, std::uint16_t vendor) {
@@ -67,11 +58,26 @@ OrderedJson RecordWithMeeting(const virtual_touchpad::TouchpadLayout& layout) {
     const kit::AgentDll dll(file);
     {
         WineTouchpad touchpad;
-        const recording::Agent agent = FunctionsOf(dll);
+        const recording::Agent agent = recording::AgentOf(dll);
         machine["expected"]["meeting"] = recording::HoldMeeting(agent, touchpad, path);
     }
     virtual_touchpad::Unplug();
     FreeLibrary(dll.Module());
+    return machine;
+}
+
+OrderedJson RecordWithLevel(const virtual_touchpad::HapticLayout& layout) {
+    const kit::TemporaryFolder folder;
+    const kit::AgentDll dll;
+    virtual_touchpad::Plug(virtual_touchpad::SettingsOf(layout));
+    OrderedJson machine = Record(folder.Path(), dll.File());
+    {
+        WineTouchpad touchpad;
+        touchpad.SetFeature(virtual_touchpad::HapticsReport({}));
+        machine["expected"]["hapticLevel"] = recording::SetHapticLevel(
+            recording::AgentOf(dll), touchpad, virtual_touchpad::kHapticsReportId);
+    }
+    virtual_touchpad::Unplug();
     return machine;
 }
 

@@ -5,11 +5,13 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "testing/virtual-touchpad/descriptor/HapticLayout.h"
 #include "testing/virtual-touchpad/descriptor/KnownLayouts.h"
 
 namespace velactl_test {
 
-// No other device may be plugged in. Throws std::runtime_error when velactl fails.
+// No other device may be plugged in. Throw std::runtime_error when velactl fails.
 nlohmann::ordered_json RecordWithMeeting(const virtual_touchpad::TouchpadLayout& layout);
+nlohmann::ordered_json RecordWithLevel(const virtual_touchpad::HapticLayout& layout);
 
 }  // namespace velactl_test
