@@ -44,8 +44,7 @@ CheckResult NoTouchpad(const std::vector<HidCollection>& collections) {
 CheckResult CheckDevice(DoctorContext& doctor) {
     if (!doctor.isLoaded) return Skipped("no library to ask");
     vela::TouchpadDiscovery query;
-    const auto collections =
-        ExamineCollections(vela::GetHidDevicePathList(), query, ProductStrings::kLeftOut);
+    const auto collections = ExamineCollections(vela::GetHidDevicePathList(), query);
     const HidCollection* const chosen = ChosenCollection(collections);
     if (chosen == nullptr) return NoTouchpad(collections);
     doctor.isPresent = true;

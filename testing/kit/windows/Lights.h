@@ -1,5 +1,5 @@
-// The states of a touchpad's lights that tests pass through, and a description in words, which tests
-// compare and failures print.
+// The states of a touchpad's lights that tests pass through, and a description in words, which
+// tests compare and failures print.
 #pragma once
 
 #include <algorithm>
