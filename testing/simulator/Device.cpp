@@ -6,6 +6,7 @@
 
 #include "testing/simulator/DeviceObject.h"
 #include "testing/simulator/MachineState.h"
+#include "testing/simulator/Notifications.h"
 
 namespace simulator {
 
@@ -110,17 +111,24 @@ void Device::ForgetFeatureWrites() {
 }
 
 void Device::Unplug() {
-    const MachineLock lock;
-    object_->Disconnect();
+    {
+        const MachineLock lock;
+        if (!object_->present_) return;
+        object_->Disconnect();
+    }
+    Notifications::Get().Notify(Notice::Removal, Path());
 }
 
 void Device::PlugIn() {
-    const MachineLock lock;
-    if (object_->present_) return;
-    object_->present_ = true;
-    auto& devices = State().devices;
-    devices.erase(std::remove(devices.begin(), devices.end(), object_), devices.end());
-    devices.push_back(object_);
+    {
+        const MachineLock lock;
+        if (object_->present_) return;
+        object_->present_ = true;
+        auto& devices = State().devices;
+        devices.erase(std::remove(devices.begin(), devices.end(), object_), devices.end());
+        devices.push_back(object_);
+    }
+    Notifications::Get().Notify(Notice::Arrival, Path());
 }
 
 void Device::HoldElsewhere() {

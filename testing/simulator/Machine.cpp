@@ -6,6 +6,7 @@
 
 #include "testing/simulator/DevicePaths.h"
 #include "testing/simulator/MachineState.h"
+#include "testing/simulator/Notifications.h"
 #include "testing/simulator/Text.h"
 #include "testing/simulator/hid/ReportDescriptor.h"
 
@@ -44,6 +45,7 @@ void Machine::Reset() {
     state.foreignMutexes.clear();
     state.files.clear();
     state.modules.clear();
+    state.libraries.clear();
     state.stoppedClock.reset();
     state.debugOutput.clear();
     state.misuse.clear();
@@ -58,7 +60,7 @@ std::shared_ptr<Device> Machine::Plug(const DeviceDescription& description) {
 
 std::vector<std::shared_ptr<Device>> Machine::PlugAll(const DeviceDescription& description) {
     const auto collections = hid::ParseReportDescriptor(description.reportDescriptor);
-    const MachineLock lock;
+    MachineLock lock;
     const std::size_t number = ++State().pluggedDevices;
     std::vector<std::shared_ptr<Device>> plugged;
     for (std::size_t i = 0; i < collections.size(); ++i) {
@@ -69,8 +71,14 @@ std::vector<std::shared_ptr<Device>> Machine::PlugAll(const DeviceDescription& d
         State().devices.push_back(device);
         plugged.push_back(std::make_shared<Device>(device));
     }
+    lock.unlock();
+    for (const auto& device : plugged) {
+        Notifications::Get().Notify(Notice::Arrival, device->Path());
+    }
     return plugged;
 }
+
+void Machine::Resume() { Notifications::Get().Notify(Notice::Resume, {}); }
 
 std::vector<Call> Machine::Calls() const {
     const MachineLock lock;
@@ -172,6 +180,11 @@ void Machine::ReleaseMutexElsewhere(const std::wstring& name) {
 bool Machine::MutexExists(const std::wstring& name) const {
     const MachineLock lock;
     return std::dynamic_pointer_cast<MutexObject>(FindNamed(name)) != nullptr;
+}
+
+void Machine::PutLibrary(const std::wstring& path, const std::map<std::string, void*>& functions) {
+    const MachineLock lock;
+    State().libraries[FoldCase(path)] = functions;
 }
 
 std::vector<std::string> Machine::DebugOutput() const {

@@ -10,6 +10,7 @@
 #include <ctime>
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,6 +37,9 @@ class Machine {
     std::shared_ptr<Device> Plug(const DeviceDescription& description);
     // Does the same for a descriptor with any number of top-level collections: a device for each.
     std::vector<std::shared_ptr<Device>> PlugAll(const DeviceDescription& description);
+
+    // Notifies programs of the resume from sleep.
+    void Resume();
 
     // --- calls -----------------------------------------------------------------------------------
     std::vector<Call> Calls() const;
@@ -74,6 +78,8 @@ class Machine {
     void PutFile(const std::wstring& path, const std::string& bytes);
     // Sets the path that GetModuleFileNameW returns for this module handle.
     void SetModulePath(void* module, const std::wstring& path);
+    // Adds a library that LoadLibraryExW can load, with the functions that GetProcAddress returns.
+    void PutLibrary(const std::wstring& path, const std::map<std::string, void*>& functions);
     // Adds a named mutex of another process. With `denied`, opening it fails with error 5.
     void HoldMutexElsewhere(const std::wstring& name, bool denied);
     void ReleaseMutexElsewhere(const std::wstring& name);

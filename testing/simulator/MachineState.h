@@ -46,6 +46,7 @@ struct MachineState {
 
     std::map<std::wstring, std::string> files;  // by path in lower case
     std::map<void*, std::wstring> modules;
+    std::map<std::wstring, std::map<std::string, void*>> libraries;  // by path in lower case
     std::optional<std::tm> stoppedClock;
     std::vector<std::string> debugOutput;
 

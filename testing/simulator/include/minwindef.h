@@ -46,6 +46,7 @@ typedef void *PVOID, *LPVOID;
 typedef const void* LPCVOID;
 typedef void *HANDLE, **PHANDLE, **LPHANDLE;
 typedef HANDLE HINSTANCE, HMODULE, HGLOBAL, HWND;
+typedef INT_PTR(WINAPI* FARPROC)();
 
 typedef struct _GUID {
     std::uint32_t Data1;

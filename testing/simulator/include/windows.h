@@ -7,4 +7,5 @@
 #include <winnt.h>
 #include <winbase.h>
 #include <winnls.h>
+#include <winuser.h>
 #include <crt_extras.h>
