@@ -7,6 +7,10 @@ target_include_directories(VelaAgentHeaders INTERFACE
   $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>
   $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>)
 set_target_properties(VelaAgentHeaders PROPERTIES EXPORT_NAME headers)
+# VelaAgentWatch.hpp with the platform's libraries that it calls.
+add_library(VelaAgentWatch INTERFACE)
+target_link_libraries(VelaAgentWatch INTERFACE VelaAgentHeaders hid setupapi user32)
+set_target_properties(VelaAgentWatch PROPERTIES EXPORT_NAME watch)
 
 # Every build compiles each header by itself, with its own compiler and all of our warnings.
 function(vela_compile_header header extension)
@@ -18,5 +22,6 @@ add_library(header_check OBJECT)
 vela_compile_header(VelaAgent.h c)
 vela_compile_header(VelaAgent.h cpp)
 vela_compile_header(VelaAgent.hpp cpp)
+vela_compile_header(VelaAgentWatch.hpp cpp)
 target_link_libraries(header_check PRIVATE VelaAgentHeaders vela_warnings)
 set_target_properties(header_check PROPERTIES C_STANDARD 11)

@@ -3,7 +3,7 @@
 include(CMakePackageConfigHelpers)
 
 set(package_folder lib/cmake/VelaAgent)
-install(TARGETS VelaAgent VelaAgentHeaders EXPORT VelaAgentTargets
+install(TARGETS VelaAgent VelaAgentHeaders VelaAgentWatch EXPORT VelaAgentTargets
   RUNTIME DESTINATION bin
   ARCHIVE DESTINATION lib
   INCLUDES DESTINATION include)
@@ -21,7 +21,13 @@ install(FILES
 if(VELA_TOOLS)
   install(TARGETS velactl RUNTIME DESTINATION bin)
 endif()
-install(FILES include/VelaAgent.h include/VelaAgent.hpp ${VELA_VERSION_HEADER} DESTINATION include)
+install(FILES
+  include/VelaAgent.h
+  include/VelaAgent.hpp
+  include/VelaAgentDevices.hpp
+  include/VelaAgentWatch.hpp
+  ${VELA_VERSION_HEADER}
+  DESTINATION include)
 # Other toolchains make their import libraries from this file.
 install(FILES interface/VelaAgent.def DESTINATION lib)
 # The example is not installed beside the DLL, where it would take effect.

@@ -134,7 +134,8 @@ class Exports {
  private:
     static HMODULE Load(const std::filesystem::path& file) {
         if (!file.is_absolute()) throw LoadError(file, "", ERROR_BAD_PATHNAME);
-        const HMODULE module = LoadLibraryExW(file.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+        const HMODULE module =
+            LoadLibraryExW(file.wstring().c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
         if (module == nullptr) throw LoadError(file, "", GetLastError());
         return module;
     }
@@ -207,7 +208,7 @@ class Logger : detail::SelfClosing {
     // The directory has to exist, and only the user should be able to write there; a relative one
     // is resolved against the current directory now. Throws LogError when there is none.
     Logger(Library library, const std::filesystem::path& directory) : library_(std::move(library)) {
-        library_.InitLogger(Existing(directory).c_str());
+        library_.InitLogger(Existing(directory).wstring().c_str());
     }
     ~Logger() {
         if (MayClose()) library_.UnInitLogger();
@@ -316,6 +317,10 @@ class Session : detail::SelfClosing {
     bool SetChatBreathing(bool on) {
         return library_.SetButtonBreathing(VELA_BUTTON_CHAT, on) != 0;
     }
+
+    // Writes the lights as they are set. The library leaves a change out that brings back its last
+    // light report; the touchpad may show another one since, as after a disable.
+    bool WriteLights() { return library_.SetButtonBreathing(VELA_BUTTON_CAMERA, 0) != 0; }
 
     void SetBrightness(std::uint8_t level) { library_.SetVelaBrightness(level); }
     std::uint8_t Brightness() const {

@@ -1,0 +1,213 @@
+// Random sessions: after every step the touchpad shows what the host wants of it.
+#include <algorithm>
+#include <cstdlib>
+#include <functional>
+#include <random>
+#include <utility>
+
+#include "testing/kit/ReportComposer.h"
+#include "testing/unit/watch/WatchTest.h"
+
+namespace watch_tests {
+namespace {
+
+using kit::ButtonState;
+
+// The host's settings, with what presses and the touchpad changed of them, and the reports that
+// show them.
+class Model {
+ public:
+    Settings settings;
+
+    void Press(std::size_t button) {
+        const bool toggles = button == VELA_BUTTON_CAMERA || button == VELA_BUTTON_MICROPHONE;
+        if (!toggles || settings.activation == VELA_ACTIVE_HOST_SETS_LIGHTS) return;
+        settings.buttons[button].light = !settings.buttons[button].light;
+    }
+    bool IsActivated() const { return settings.activation <= VELA_ACTIVE_HOST_SETS_LIGHTS; }
+    bool IsDark() const { return !settings.feature || !IsActivated(); }
+    // While a button is lit, the settings are known to be set.
+    bool IsLit() const {
+        const auto isShown = [](const auto& button) { return button.enabled && button.visible; };
+        return !IsDark() && std::any_of(settings.buttons.begin(), settings.buttons.end(), isShown);
+    }
+    Bytes Lights(ButtonState::Breathing breathing) const {
+        if (IsDark()) return composer_.Blank();
+        kit::ButtonStates states;
+        for (std::size_t i = 0; i < settings.buttons.size(); ++i) {
+            ButtonState& state = states[static_cast<std::uint32_t>(i)];
+            state.enabled = settings.buttons[i].enabled;
+            state.visible = settings.buttons[i].visible;
+            state.lightOn = settings.buttons[i].light;
+            state.breathingEnabled = settings.chatBreathingEnabled;
+            if (settings.chatBreathing) state.breathing = breathing;
+        }
+        return composer_.Lights(states, settings.brightness);
+    }
+
+ private:
+    kit::ReportComposer composer_{kit::TouchpadLayout()};
+};
+
+class RandomSessionsTest : public WatchTest {
+ protected:
+    RandomSessionsTest() : device_(Plug()), watch_(Start()) { machine_.RecordCalls(false); }
+
+    std::string TakeStep();
+    bool ShowsTheSettings() const;
+    std::string Difference() const {
+        return testing::PrintToString(LastLights(*device_)) + " instead of " +
+               testing::PrintToString(model_.Lights(ButtonState::Breathing::Requested));
+    }
+
+    std::size_t Random(std::size_t count) {
+        return std::uniform_int_distribution<std::size_t>(0, count - 1)(random_);
+    }
+    bool Chance() { return Random(2) == 1; }
+
+    void ChangeSettings();
+    void PressButton();
+    void DisableForAWhile();
+    void UnplugOrReplug();
+    void ReplugAtOnce();
+    void Reopen(const std::function<void()>& cause);
+    void Send(const std::vector<std::uint16_t>& usages);
+    // Sends an input report and waits until the host is notified of it.
+    void SendAndWait(std::uint16_t usage, const std::string& event);
+
+    std::mt19937 random_{20261122};
+    std::shared_ptr<simulator::Device> device_;
+    bool isPlugged_ = true;
+    Model model_;
+    Watch& watch_;
+};
+
+void RandomSessionsTest::ChangeSettings() {
+    Settings& settings = model_.settings;
+    vela_agent::ButtonSettings& button = settings.buttons[Random(4)];
+    constexpr std::uint32_t kActivations[] = {VELA_ACTIVE,      VELA_ACTIVE,
+                                              VELA_ACTIVE,      VELA_ACTIVE_HOST_SETS_LIGHTS,
+                                              VELA_DEACTIVATED, VELA_SUSPENDED};
+    const std::vector<std::function<void()>> changes{
+        [&] { settings.activation = kActivations[Random(6)]; },
+        [&] { settings.feature = Random(4) != 0; },
+        [&] { settings.brightness = static_cast<std::uint8_t>(Random(256)); },
+        [&] { settings.chatBreathingEnabled = Chance(); },
+        [&] { settings.chatBreathing = Chance(); },
+        [&] { button.enabled = Chance(); },
+        [&] { button.visible = Chance(); },
+        [&] { button.light = Chance(); },
+        [&] { LightAll(settings); },
+    };
+    for (std::size_t i = Random(3) + 1; i > 0; --i) changes[Random(changes.size())]();
+    watch_.Change([&](Settings& all) { all = settings; });
+}
+
+void RandomSessionsTest::Send(const std::vector<std::uint16_t>& usages) {
+    ASSERT_TRUE(device_->WaitForPendingReads());
+    device_->SendInput(kit::InputReport(usages));
+}
+
+void RandomSessionsTest::SendAndWait(std::uint16_t usage, const std::string& event) {
+    const auto count = [&] {
+        const std::vector<std::string> events = Events();
+        return std::count_if(events.begin(), events.end(), [&](const std::string& each) {
+            return each.compare(0, event.size(), event) == 0;
+        });
+    };
+    const auto before = count();
+    Send({usage});
+    ASSERT_TRUE(kit::WaitUntil([&] { return count() > before; })) << event;
+}
+
+void RandomSessionsTest::PressButton() {
+    constexpr std::uint16_t kPresses[] = {0x41, 0x44, 0x43, 0x42};  // by VelaButton
+    const std::size_t button = Random(4);
+    // Of a light that is not shown it is not known whether the last change has been set already.
+    const auto& [enabled, visible, light] = model_.settings.buttons[button];
+    if (!isPlugged_ || model_.IsDark() || !enabled || !visible) return;
+    SendAndWait(kPresses[button], "press " + std::to_string(button));
+    model_.Press(button);
+}
+
+// By the gesture or by tablet mode. The host goes on; the touchpad drives its lights itself until
+// it is in use again.
+void RandomSessionsTest::DisableForAWhile() {
+    if (!isPlugged_ || !model_.IsLit()) return;
+    const bool byGesture = Chance();
+    SendAndWait(byGesture ? 0x45 : 0x47, byGesture ? "status 2" : "status 3");
+    model_.settings.buttons[Random(4)].light = Chance();
+    watch_.Change([&](Settings& all) { all.buttons = model_.settings.buttons; });
+    if (Chance()) return ReplugAtOnce();
+    SendAndWait(byGesture ? 0x40 : 0x46, "status 0");
+    model_.settings.chatBreathing = false;
+}
+
+void RandomSessionsTest::UnplugOrReplug() {
+    if (isPlugged_) {
+        device_->Unplug();
+    } else if (Chance()) {
+        device_->PlugIn();
+    } else {
+        device_ = Plug();
+    }
+    isPlugged_ = !isPlugged_;
+}
+
+void RandomSessionsTest::ReplugAtOnce() {
+    if (!isPlugged_) return;
+    device_->Unplug();
+    device_ = Plug();
+}
+
+// No handle has the name of an earlier one.
+void RandomSessionsTest::Reopen(const std::function<void()>& cause) {
+    const std::vector<std::string> before = machine_.OpenHandles();
+    cause();
+    if (!isPlugged_) return;
+    EXPECT_TRUE(
+        kit::WaitUntil([&] { return machine_.OpenHandles() != before && watch_.IsOpen(); }));
+}
+
+std::string RandomSessionsTest::TakeStep() {
+    const std::vector<std::pair<std::string, std::function<void()>>> steps{
+        {"change", [this] { ChangeSettings(); }},
+        {"press", [this] { PressButton(); }},
+        {"disable", [this] { DisableForAWhile(); }},
+        {"unplug or replug", [this] { UnplugOrReplug(); }},
+        {"replug at once", [this] { ReplugAtOnce(); }},
+        {"resume", [this] { Reopen([this] { machine_.Resume(); }); }},
+        {"refresh", [this] { Reopen([this] { watch_.Refresh(); }); }},
+        {"resynchronise",
+         [this] {
+             if (isPlugged_ && model_.IsLit()) SendAndWait(0x40, "status 0");
+         }},
+    };
+    // Half of all steps are changes.
+    const auto& [name, take] = steps[Chance() ? 0 : Random(steps.size())];
+    take();
+    return name;
+}
+
+bool RandomSessionsTest::ShowsTheSettings() const {
+    if (!isPlugged_) return kit::WaitUntil([&] { return !watch_.IsOpen(); });
+    return kit::WaitUntil([&] {
+        const Bytes lights = LastLights(*device_);
+        if (lights.empty()) return watch_.IsOpen() && model_.IsDark();
+        return watch_.IsOpen() && (lights == model_.Lights(ButtonState::Breathing::Requested) ||
+                                   lights == model_.Lights(ButtonState::Breathing::Running));
+    });
+}
+
+TEST_F(RandomSessionsTest, ShowWhatTheHostWantsAfterEveryStep) {
+    const char* const count = std::getenv("VELA_WATCH_STEPS");
+    const int steps = count == nullptr ? 1000 : std::atoi(count);
+    for (int i = 0; i < steps; ++i) {
+        const std::string step = TakeStep();
+        ASSERT_TRUE(ShowsTheSettings()) << "step " << i << ": " << step << ", " << Difference();
+    }
+    Stop();
+}
+
+}  // namespace
+}  // namespace watch_tests
