@@ -137,5 +137,14 @@ TEST_F(HapticUninitializeTest, IsTheOnlyWayToCloseTheHandle) {
     EXPECT_EQ(machine_.PreparsedDataInUse(), 0U);
 }
 
+TEST_F(HapticUninitializeTest, LogsThatTheRecordIsReleasedBeforeItsEnd) {
+    Open();
+    session_.Uninitialize();
+    const std::vector<std::string> lines = log_.Texts();
+    ASSERT_THAT(lines, testing::SizeIs(testing::Ge(2U)));
+    EXPECT_THAT(lines[lines.size() - 2], testing::StartsWith("INFO ~CHIDInformation: "));
+    EXPECT_EQ(lines.back(), "INFO Uninitialize: CHapticTouchpadHID Uninitialize succeeded.");
+}
+
 }  // namespace
 }  // namespace kit

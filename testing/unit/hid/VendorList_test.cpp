@@ -71,6 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
                     PathCase{L"C:\\Vela\\\\VelaAgent.dll", "C:\\Vela\\Vela.ini"},
                     PathCase{L"C:\\Vela\\//\\VelaAgent.dll", "C:\\Vela\\Vela.ini"},
                     PathCase{L"C:\\VelaAgent.dll", "C:\\Vela.ini"},
+                    PathCase{L"VelaAgent.dll", "\\Vela.ini"},
                     PathCase{L"\\\\server\\share\\VelaAgent.dll", "\\\\server\\share\\Vela.ini"},
                     PathCase{
                         kLongestFolder + L"\\VelaAgent.dll",

@@ -1,4 +1,5 @@
 // The library's entry point, which the platform calls under the loader's lock.
+#include "log/ILog.h"
 #include "platform/ModuleHandle.h"
 #include "testing/kit/native/AgentLog.h"
 #include "testing/kit/native/LibraryFolder.h"
@@ -43,5 +44,14 @@ TEST_P(EntryPointTest, KeepsTheModuleHandleOfTheAttachOnly) {
 INSTANTIATE_TEST_SUITE_P(Reasons, EntryPointTest,
                          testing::Values(DLL_PROCESS_DETACH, DLL_PROCESS_ATTACH, DLL_THREAD_ATTACH,
                                          DLL_THREAD_DETACH, 4U, 0xFFFFFFFFU));
+
+// A process that loads the library with its program passes a non-null `reserved` at the attach.
+TEST_P(EntryPointTest, LeavesTheLogRunning) {
+    kit::AgentLog log;
+    const bool endsProcess = GetParam() == DLL_PROCESS_DETACH;
+    DllMain(module_, GetParam(), endsProcess ? nullptr : &log);
+    vela::GetLogger()->Info("line", "f");
+    EXPECT_THAT(log.Texts(), testing::ElementsAre("INFO f: line"));
+}
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <thread>
@@ -383,6 +384,14 @@ TEST(LoggerDeathTest, AnUnknownLevelEndsTheProcessWhenItsLineIsWritten) {
             log.Finish();
         },
         "");
+}
+
+TEST_F(LoggerTest, WritesALineWhileItRuns) {
+    const AgentLog log;
+    // Gives the writer the time to find nothing to write, and to wait.
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    logger_.Info("line", "f");
+    EXPECT_TRUE(log.WaitForLine("line"));
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ TEST(Utf8, PutsPairsOfSurrogatesTogether) {
     EXPECT_EQ(Utf8({L'a', wchar_t{0xD83D}, wchar_t{0xDE00}, L'b'}),
               "a\xF0\x9F\x98\x80"
               "b");
+    EXPECT_EQ(Utf8({wchar_t{0xD800}, wchar_t{0xDC00}}), "\xF0\x90\x80\x80");
     EXPECT_EQ(Utf8({wchar_t{0xDBFF}, wchar_t{0xDFFF}}), "\xF4\x8F\xBF\xBF");
 }
 

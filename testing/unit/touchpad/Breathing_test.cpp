@@ -227,4 +227,14 @@ TEST_F(BreathingTest, AStopThatComesWhileItIsBeingStartedStays) {
     EXPECT_EQ(Compose(), AllLit(kNone));
 }
 
+TEST_F(BreathingTest, OfAnotherButtonLeavesTheChatLightAsItIs) {
+    OpenAndLight();
+    for (const std::uint32_t button : {0U, 1U, 3U}) {
+        session_.EnableButtonBreathing(button, true);
+        session_.SetButtonBreathing(button, true);
+    }
+    EXPECT_THAT(Written(), testing::Each(AllLit(kNone)));
+    EXPECT_EQ(Compose(), AllLit(kNone));
+}
+
 }  // namespace

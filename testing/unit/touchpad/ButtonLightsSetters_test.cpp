@@ -116,4 +116,14 @@ TEST_P(EachSetter, IsSilentAboutATouchpadThatIsGone) {
 
 INSTANTIATE_TEST_SUITE_P(Setters, EachSetter, testing::ValuesIn(kSetters));
 
+TEST_P(EachSetter, LogsItselfBeforeTheUpdateThatItAsksFor) {
+    OpenAndLight();
+    ReceiveFirmwareState(kit::kFwSwipeOff);
+    Set(9, false);
+    const std::vector<std::string> lines = log_.Texts();
+    ASSERT_THAT(lines, testing::SizeIs(testing::Ge(2U)));
+    EXPECT_EQ(lines[lines.size() - 2], GetParam().Text("9", false));
+    EXPECT_EQ(lines.back(), CannotUpdate(true, false));
+}
+
 }  // namespace

@@ -114,4 +114,14 @@ TEST_F(ButtonLightsTest, AreNeitherEnabledNorBreathingWithoutASession) {
     }
 }
 
+TEST_F(ButtonLightsTest, TheBrightnessIsLoggedBeforeTheUpdateThatItAsksFor) {
+    OpenAndLight();
+    ReceiveFirmwareState(kit::kFwSwipeOff);
+    session_.SetBrightness(9);
+    const std::vector<std::string> lines = log_.Texts();
+    ASSERT_THAT(lines, testing::SizeIs(testing::Ge(2U)));
+    EXPECT_EQ(lines[lines.size() - 2], "INFO SetBrightness: SetBrightness (9)");
+    EXPECT_EQ(lines.back(), CannotUpdate(true, false));
+}
+
 }  // namespace

@@ -81,4 +81,13 @@ TEST(ButtonTableTest, ShowsCompositionsTheButtonsAsTheyAre) {
     EXPECT_TRUE(meeting[2].lightOn);
 }
 
+TEST(ButtonTableTest, KeepsTheFirstUnknownIdApartFromTheMeetingButtons) {
+    ButtonTable buttons;
+    buttons.Save();
+    buttons.SetFlag(vela::kMeetingButtonCount, &ButtonState::enabled, true);
+    buttons.Restore();
+    EXPECT_TRUE(buttons.Copy(vela::kMeetingButtonCount).enabled);
+    for (const std::uint32_t id : {0U, 1U, 2U, 3U}) EXPECT_FALSE(buttons.Copy(id).enabled);
+}
+
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "testing/kit/native/TouchpadTest.h"
 #include "testing/virtual-touchpad/descriptor/ReportDescriptorBuilder.h"
+#include "touchpad/ClickMode.h"
 
 namespace {
 
@@ -239,6 +240,13 @@ TEST_F(ClickModeTest, AVanishedTouchpadIsLoggedWithItsError) {
                 ElementsAre("ERROR SetClickMode: HidD_GetFeature failed, the last error( 1167)"));
     EXPECT_THAT(LogOf("GetClickMode"),
                 ElementsAre("ERROR GetClickMode: HidD_GetFeature failed, the last error (1167)"));
+}
+
+TEST_F(ClickModeTest, OfATouchpadThatIsNotOpenIsNeitherReadNorSet) {
+    vela::OpenTouchpad closed(nullptr, nullptr);
+    EXPECT_FALSE(vela::GetClickMode(closed));
+    EXPECT_FALSE(vela::SetClickMode(closed, 1, 300));
+    EXPECT_THAT(machine_.CallTexts(), IsEmpty());
 }
 
 }  // namespace

@@ -98,6 +98,7 @@ TEST_F(InitializeTest, ClearsTheTabletModeOfAnEarlierSession) {
     device_->SendInput(InputReport({kDisabled}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     session_.Uninitialize();
+    device_->ForgetOutputs();
     OpenSession();
     session_.Enable(true);
     EXPECT_TRUE(device_->WaitForOutputs(1));

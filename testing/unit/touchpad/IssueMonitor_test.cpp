@@ -105,4 +105,21 @@ TEST_F(IssueMonitorTest, WaitsForAReportThatIsBeingIssued) {
     heartbeat.join();
 }
 
+TEST_F(IssueMonitorTest, OfANewSessionWatchesNothingYet) {
+    monitor_.Watch(kDark);
+    monitor_.Restart();
+    Issue(kLit);
+    EXPECT_FALSE(monitor_.HasSeenAnother());
+}
+
+TEST_F(IssueMonitorTest, BeforeTheFirstSessionLetsNothingInAndHasSeenNothing) {
+    IssueMonitor monitor;
+    EXPECT_FALSE(monitor.Enter(IssueOrder::BeforeStop));
+    EXPECT_TRUE(monitor.Enter(IssueOrder::Last));
+    EXPECT_FALSE(monitor.HasSeenAnother());
+    EXPECT_FALSE(monitor.HasSeenTimeout());
+    monitor.Leave(kLit, true);
+    EXPECT_FALSE(monitor.HasSeenAnother());
+}
+
 }  // namespace

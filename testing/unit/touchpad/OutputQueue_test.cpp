@@ -214,4 +214,34 @@ TEST_F(OutputQueueTest, LosesNothingOfManyThreadsAndKeepsTheOrderOfEach) {
     EXPECT_THAT(byThread, testing::Each(all));
 }
 
+TEST_F(OutputQueueTest, ANewOneNeedsNoRestart) {
+    OutputQueue queue;
+    queue.Put(OutputQueue::Ticket(queue), Item(1));
+    EXPECT_THAT(TakeAll(queue), ElementsAre(1));
+}
+
+TEST_F(OutputQueueTest, RestartForgetsWhatTheWriterHasNotTaken) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(9));
+    queue_.Restart();
+    EXPECT_THAT(TakeAll(queue_), ElementsAre());
+}
+
+TEST_F(OutputQueueTest, RestartForgetsWhatWaitedForEarlierTickets) {
+    const OutputQueue::Ticket never(queue_);
+    queue_.Put(OutputQueue::Ticket(queue_), Item(9));
+    queue_.Restart();
+    OutputQueue::Ticket first(queue_);
+    queue_.Put(OutputQueue::Ticket(queue_), Item(2));
+    queue_.Put(std::move(first), Item(1));
+    EXPECT_THAT(Take(queue_, 2), ElementsAre(1, 2));
+}
+
+TEST_F(OutputQueueTest, ATicketMovedFromGivesNothingUp) {
+    std::optional<OutputQueue::Ticket> first(std::in_place, queue_);
+    OutputQueue::Ticket moved(std::move(*first));
+    first.reset();
+    queue_.Put(std::move(moved), Item(1));
+    EXPECT_THAT(TakeAll(queue_), ElementsAre(1));
+}
+
 }  // namespace

@@ -98,5 +98,14 @@ TEST_F(SessionStatusTest, ReportsToTheCallbacksUntilTheyAreCleared) {
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
 }
 
+TEST_F(SessionStatusTest, OfASessionClosedAgainTakesNoChange) {
+    status_.Open();
+    status_.Close();
+    EXPECT_FALSE(Activate(vela::kActive));
+    status_.EnableFeature(true);
+    EXPECT_FALSE(status_.IsActivated());
+    EXPECT_FALSE(status_.IsFeatureEnabled());
+}
+
 }  // namespace
 }  // namespace kit

@@ -1,4 +1,7 @@
 // The request for the touchpad's state.
+#include <optional>
+#include <thread>
+
 #include "testing/kit/native/InputTest.h"
 
 namespace {
@@ -137,6 +140,19 @@ TEST_F(VelaStateTest, IsQueuedWhenTheStatusIsAnotherSuccess) {
     machine_.FailNext("HidP_SetUsages", Fault::Status(0x00110001));
     EXPECT_TRUE(session_.UpdateVelaState());
     EXPECT_THAT(LogOf("UpdateVelaState"), ElementsAre(kRequested));
+}
+
+TEST_F(VelaStateTest, IsNotRequestedFromATouchpadThatIsClosedMeanwhile) {
+    Open();
+    machine_.SetFaultPolicy(
+        [this, host = std::this_thread::get_id()](const simulator::Call& call) {
+            if (call.thread == host && call.function == "HidP_SetUsages") {
+                std::thread([this] { EXPECT_TRUE(session_.Uninitialize()); }).join();
+            }
+            return std::optional<Fault>();
+        });
+    EXPECT_FALSE(session_.UpdateVelaState());
+    EXPECT_THAT(LogOf("UpdateVelaState"), IsEmpty());
 }
 
 }  // namespace
