@@ -212,6 +212,38 @@ TEST_F(LastWordsTest, AreNotWrittenAgainToATouchpadThatTakesNoWrite) {
     EXPECT_EQ(device_->HeldWrites(), 2U);
 }
 
+// Closing waits 30 seconds for a touchpad once at most.
+TEST_F(LastWordsTest, ThatRanIntoTheirTimeLimitAreNotWrittenAgain) {
+    machine_.ExpireTimedWaits(true);
+    device_->SetWriteBehaviour(WriteBehaviour::Hold);
+    EXPECT_THAT(Close([this] {
+                    machine_.ExpireTimedWaits(false);
+                    device_->SetWriteBehaviour(WriteBehaviour::Pend);
+                    Enqueue(kLit);
+                    ASSERT_TRUE(device_->WaitForOutputs(1));
+                }),
+                ElementsAre(kLit));
+    EXPECT_EQ(device_->HeldWrites(), 1U);
+}
+
+TEST_F(LastWordsTest, AreNotWrittenAgainBehindAReportThatTheTouchpadRefused) {
+    OnWrite([] { return std::nullopt; }, [] { return std::optional<Fault>(Fault::Error(31)); });
+    EXPECT_THAT(Close([this] {
+                    Enqueue(kLit);
+                    ASSERT_TRUE(machine_.WaitForCalls("WriteFile", 2));
+                }),
+                ElementsAre(kDark));
+}
+
+TEST_F(LastWordsTest, AreWrittenAgainBehindAReportThatIsWrittenWithinTheCall) {
+    device_->SetWriteBehaviour(WriteBehaviour::Immediate);
+    EXPECT_THAT(Close([this] {
+                    Enqueue(kLit);
+                    ASSERT_TRUE(device_->WaitForOutputs(2));
+                }),
+                ElementsAre(kDark, kLit, kDark));
+}
+
 // Tests closing a whole session, before or after its writer has woken.
 class ClosingTest : public TouchpadTest {};
 

@@ -19,6 +19,17 @@ TEST(OverlappedOperationTest, IsOursUntilIssued) {
     EXPECT_FALSE(operation.IsWithKernel());
 }
 
+// Some systems mark the record before they accept the operation.
+TEST(OverlappedOperationTest, IsOursUntilIssuedThoughItsRecordSaysPending) {
+    OverlappedOperation operation({1, 2});
+    operation.overlapped.Internal = kPending;
+    EXPECT_FALSE(operation.IsWithKernel());
+    operation.Issued(true);
+    operation.Prepare(nullptr);
+    operation.overlapped.Internal = kPending;
+    EXPECT_FALSE(operation.IsWithKernel());
+}
+
 TEST(OverlappedOperationTest, IsWithTheKernelWhilePending) {
     OverlappedOperation operation({1, 2});
     operation.Prepare(nullptr);
@@ -43,6 +54,7 @@ TEST(OverlappedOperationTest, PrepareForgetsTheLastIssue) {
     operation.Issued(true);
     operation.Prepare(&operation);
     EXPECT_FALSE(operation.IsWithKernel());
+    EXPECT_EQ(operation.overlapped.Internal, 0U);
     EXPECT_EQ(operation.overlapped.hEvent, &operation);
 }
 

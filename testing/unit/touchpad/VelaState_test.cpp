@@ -144,13 +144,12 @@ TEST_F(VelaStateTest, IsQueuedWhenTheStatusIsAnotherSuccess) {
 
 TEST_F(VelaStateTest, IsNotRequestedFromATouchpadThatIsClosedMeanwhile) {
     Open();
-    machine_.SetFaultPolicy(
-        [this, host = std::this_thread::get_id()](const simulator::Call& call) {
-            if (call.thread == host && call.function == "HidP_SetUsages") {
-                std::thread([this] { EXPECT_TRUE(session_.Uninitialize()); }).join();
-            }
-            return std::optional<Fault>();
-        });
+    machine_.SetFaultPolicy([this, host = std::this_thread::get_id()](const simulator::Call& call) {
+        if (call.thread == host && call.function == "HidP_SetUsages") {
+            std::thread([this] { EXPECT_TRUE(session_.Uninitialize()); }).join();
+        }
+        return std::optional<Fault>();
+    });
     EXPECT_FALSE(session_.UpdateVelaState());
     EXPECT_THAT(LogOf("UpdateVelaState"), IsEmpty());
 }
