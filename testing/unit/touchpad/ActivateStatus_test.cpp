@@ -1,4 +1,5 @@
 // The status callbacks of a change of the activation state.
+#include <algorithm>
 #include <thread>
 
 #include "testing/kit/native/TouchpadTest.h"
@@ -149,6 +150,42 @@ TEST_F(ActivateStatusTest, TheFirmwaresStateWaitsForAnActivationUnderWay) {
     device_->CompleteHeldWrites();
     activation.join();
     EXPECT_TRUE(HostCallbacks::WaitForCalls(2));
+}
+
+// The first of the two reports of a deactivation finds the lights on still, and the log shows both
+// before the line of the deactivation.
+TEST_F(ActivateStatusTest, ADeactivationIsReportedBeforeTheButtonsAreHiddenAndBeforeItsEnd) {
+    OpenAndLight();
+    std::uint8_t level = 7;
+    HostCallbacks::DuringStatusChange([&] { session_.SetBrightness(level++); });
+    EXPECT_TRUE(session_.Activate(vela::kDeactivated));
+    EXPECT_THAT(WrittenReports(session_, *device_),
+                ElementsAre(AllLit(), AllLitAt(7), BlankReport(), BlankReport()));
+    std::vector<std::string> lines = log_.Texts();
+    lines.erase(lines.begin(), std::find(lines.begin(), lines.end(),
+                                         "INFO SetButtonBreathing: SetButtonBreathing for "
+                                         "BUTTON_ID 2 (0)"));
+    ASSERT_THAT(lines, testing::SizeIs(testing::Ge(4U)));
+    lines.resize(4);
+    EXPECT_THAT(lines, ElementsAre(testing::StartsWith("INFO SetButtonBreathing: "),
+                                   "INFO SetBrightness: SetBrightness (7)",
+                                   "INFO SetBrightness: SetBrightness (8)",
+                                   "INFO Activate: Activate HID (4)"));
+}
+
+// The query logs whether the touchpad's name can be read.
+TEST_F(ActivateStatusTest, ASuspensionQueriesTheNameAndUpdatesTheLights) {
+    Plug();
+    machine_.FailAlways("HidD_GetProductString", simulator::Fault::Error(31));
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    machine_.ForgetCalls();
+    EXPECT_TRUE(session_.Activate(vela::kSuspended));
+    std::size_t queries = 0;
+    for (const simulator::Call& call : machine_.Calls()) {
+        const bool byHost = call.thread == std::this_thread::get_id();
+        if (byHost && call.function == "HidD_GetProductString") ++queries;
+    }
+    EXPECT_EQ(queries, 2U);
 }
 
 }  // namespace

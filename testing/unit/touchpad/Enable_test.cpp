@@ -194,4 +194,14 @@ TEST_F(EnableTest, DisablingReportsNothingWhenNothingWasDisabled) {
     EXPECT_THAT(HostCallbacks::Calls(), IsEmpty());
 }
 
+TEST_F(EnableTest, IsLoggedBeforeTheUpdateThatItAsksFor) {
+    OpenAndLight();
+    DisableByGesture();
+    session_.Enable(true);
+    const std::vector<std::string> lines = log_.Texts();
+    ASSERT_THAT(lines, testing::SizeIs(testing::Ge(2U)));
+    EXPECT_EQ(lines[lines.size() - 2], "INFO Enable: Enable HID (1)");
+    EXPECT_EQ(lines.back(), kCannotUpdate);
+}
+
 }  // namespace

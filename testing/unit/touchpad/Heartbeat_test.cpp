@@ -120,6 +120,15 @@ TEST_F(SlowHeartbeatTest, ContinuesABreathingLight) {
     session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, true);
     ASSERT_EQ(OutputNumber(1), AllLit(8));
     EXPECT_EQ(NextBeat(), AllLit(15));
+    EXPECT_EQ(NextBeat(), AllLit(15));
+}
+
+// In tablet mode no new report is composed; the last one is sent again all the same.
+TEST_F(SlowHeartbeatTest, SendsTheLastReportAgainInTabletMode) {
+    OpenAndLight(DetachableLayout());
+    device_->SendInput(InputReport({kDisabled}));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
+    EXPECT_EQ(NextBeat(), AllLit());
 }
 
 TEST_F(SlowHeartbeatTest, RequestsTheStateWhileTemporarilyDisabled) {

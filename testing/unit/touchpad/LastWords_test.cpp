@@ -285,5 +285,39 @@ TEST_F(ClosingTest, LeavesNoLightOnBehindARequestThatTheWriterHasNotWokenFor) {
     }
 }
 
+// The report that lights the touchpad is held until closing has written its own.
+TEST_F(ClosingTest, LeavesTheTouchpadDarkBehindAReportThatTheWriterWritesLater) {
+    OpenAndLight();
+    const auto host = std::this_thread::get_id();
+    // "camera off 3", which no report of the closing contains.
+    constexpr char kLights[] = "02 00 03";
+    std::atomic<bool> go{false};
+    std::atomic<bool> done{false};
+    std::atomic<bool> darkened{false};
+    std::thread other([&] {
+        while (!go) std::this_thread::yield();
+        session_.EnableButton(vela::BUTTON_ID_CAMERA, true);
+        session_.SetButtonVisible(vela::BUTTON_ID_CAMERA, true);
+        session_.Enable(true);
+        done = true;
+    });
+    // Each closing report unsets four active usages: the ninth call is in the one that closing
+    // writes itself, behind the two that it has queued.
+    machine_.SetFaultPolicy([&, unset = 0](const simulator::Call& call) mutable {
+        if (call.thread == host && call.function == "HidP_UnsetUsages" && ++unset == 9) {
+            go = true;
+            while (!done) std::this_thread::yield();
+        }
+        if (call.thread == host && call.function == "SetEvent") darkened = true;
+        if (call.function == "WriteFile" && call.arguments.find(kLights) != std::string::npos) {
+            while (!darkened) std::this_thread::yield();
+        }
+        return std::optional<Fault>();
+    });
+    EXPECT_TRUE(session_.Uninitialize());
+    other.join();
+    EXPECT_EQ(device_->Outputs().back(), kDark);
+}
+
 }  // namespace
 }  // namespace kit

@@ -107,5 +107,71 @@ TEST_F(ReportReaderTest, LeavesItsPendingReadWhereItMayStillComplete) {
     EXPECT_THAT(machine_.Misuse(), IsEmpty());
 }
 
+TEST_F(ReportReaderTest, LogsAReportBeforeWhatIsDoneWithIt) {
+    OpenAndLight();
+    device_->SendInput(InputReport({kChatButton}));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
+    session_.Uninitialize();
+    std::vector<std::string> lines;
+    for (const LogLine& line : log_.Lines()) {
+        if (line.function == "ReadInputReportThread" || line.function == "HandleInputReport") {
+            lines.push_back(line.message);
+        }
+    }
+    EXPECT_THAT(lines, ElementsAre("HandleInputReport reportID 0x1",
+                                   "Handle HID output report for chat button"));
+}
+
+TEST_F(ReportReaderTest, DoesNotWaitForAReportThatIsThereAtOnce) {
+    OpenAndLight();
+    ASSERT_TRUE(device_->WaitForPendingReads());
+    int presses = 0;
+    std::size_t waits = 0;
+    HostCallbacks::DuringButtonPress([&] {
+        if (++presses == 1) {
+            machine_.ForgetCalls();
+            device_->SendInput(InputReport({kShareScreenButton}));
+        } else {
+            waits = machine_.CountCalls("WaitForSingleObject") +
+                    machine_.CountCalls("GetOverlappedResult");
+        }
+    });
+    // Neither button's press changes a light, so nothing is written.
+    device_->SendInput(InputReport({kChatButton}));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
+    session_.Uninitialize();
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 2 1", "press 3 1"));
+    EXPECT_EQ(waits, 0U);
+}
+
+TEST_F(ReportReaderTest, TakesTheReportOfAReadWhoseWaitFailed) {
+    Plug();
+    machine_.FailNext("WaitForSingleObject", Fault::Result(0xFFFFFFFF, 6));
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    session_.EnableButton(vela::BUTTON_ID_CHAT, true);
+    ASSERT_TRUE(machine_.WaitForCalls("GetOverlappedResult", 1));
+    device_->SendInput(InputReport({kChatButton}));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 2 1"));
+}
+
+// The kernel still writes to the first read's record, so the next read has a record of its own.
+TEST_F(ReportReaderTest, LeavesAReadWhoseResultCannotBeQueriedAndIssuesAnother) {
+    Plug();
+    machine_.FailNext("WaitForSingleObject", Fault::Result(0xFFFFFFFF, 6));
+    machine_.FailNext("GetOverlappedResult", Fault::Error(6));
+    ASSERT_EQ(OpenSession(), vela::kHidOpen);
+    ASSERT_TRUE(device_->WaitForPendingReads(2));
+    session_.EnableButton(vela::BUTTON_ID_CHAT, true);
+    session_.EnableButton(vela::BUTTON_ID_SHARE_SCREEN, true);
+    device_->SendInput(InputReport({kChatButton}));
+    device_->SendInput(InputReport({kShareScreenButton}));
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
+    session_.Uninitialize();
+    // The first report went to the read that was left.
+    EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 3 1"));
+    EXPECT_THAT(machine_.Misuse(), IsEmpty());
+}
+
 }  // namespace
 }  // namespace kit

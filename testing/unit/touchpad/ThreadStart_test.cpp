@@ -1,11 +1,14 @@
-// When the system refuses a thread, opening throws that exception and leaves nothing behind.
+// When the system refuses a thread, opening throws that exception and leaves nothing behind. Calls
+// that come before the last thread runs find the session not open yet.
 #include <dlfcn.h>
 #include <pthread.h>
 
 #include <atomic>
 #include <cerrno>
+#include <functional>
 #include <limits>
 #include <system_error>
+#include <utility>
 
 #include "testing/kit/native/TouchpadTest.h"
 
@@ -14,6 +17,9 @@ namespace {
 constexpr int kAll = (std::numeric_limits<int>::max)();
 
 std::atomic<int> threadsLeft{kAll};
+// Called, when it is set, before the second thread from then on is started.
+std::function<void()> beforeSecondThread;
+std::atomic<int> threadsStarted{0};
 
 }  // namespace
 
@@ -22,6 +28,7 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
                               void* (*start)(void*), void* argument) noexcept {
     if (threadsLeft == 0) return EAGAIN;
     if (threadsLeft != kAll) --threadsLeft;
+    if (beforeSecondThread && ++threadsStarted == 2) beforeSecondThread();
     static const auto create =
         reinterpret_cast<decltype(&pthread_create)>(dlsym(RTLD_NEXT, "pthread_create"));
     return create(thread, attributes, start, argument);
@@ -79,6 +86,41 @@ TEST_F(ThreadStart, OfTheHeartbeatIsRaisedToWhoActivates) {
     EXPECT_FALSE(session_.IsActivated());
     EXPECT_TRUE(session_.Activate(vela::kActive));
     EXPECT_TRUE(session_.IsActivated());
+}
+
+// The reader runs already while the writer's thread is started.
+class CallsWhileOpening : public ThreadStart {
+ protected:
+    void Open(std::function<void()> meanwhile) {
+        const auto information = vela::ScanHIDInformation(&session_);
+        beforeSecondThread = std::move(meanwhile);
+        ASSERT_EQ(session_.Initialize(information), vela::kHidOpen);
+        beforeSecondThread = nullptr;
+    }
+};
+
+TEST_F(CallsWhileOpening, AreRefusedUntilTheSessionIsOpen) {
+    Plug();
+    Open([this] {
+        EXPECT_FALSE(session_.UpdateVelaState());
+        EXPECT_FALSE(session_.SetClickMode(1, 300));
+        EXPECT_FALSE(session_.GetClickMode());
+        EXPECT_FALSE(session_.IsSupportBiDirectionSwipe());
+    });
+    EXPECT_TRUE(session_.UpdateVelaState());
+    EXPECT_TRUE(session_.SetClickMode(1, 300));
+    EXPECT_TRUE(session_.GetClickMode());
+    EXPECT_TRUE(session_.IsSupportBiDirectionSwipe());
+}
+
+TEST_F(CallsWhileOpening, OfTheTouchpadForAReportAreAnswered) {
+    Plug();
+    Open([this] {
+        ASSERT_TRUE(device_->WaitForPendingReads());
+        device_->SendInput(InputReport({kSync}));
+        ASSERT_TRUE(device_->WaitForPendingReads());
+    });
+    EXPECT_TRUE(device_->WaitForOutputs(1));
 }
 
 }  // namespace
