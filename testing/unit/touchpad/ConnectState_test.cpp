@@ -144,4 +144,13 @@ TEST_F(ConnectStateTest, ProbesOfSeveralThreadsFollowOneAnother) {
     }
 }
 
+TEST_F(ConnectStateTest, WithoutADeviceNothingIsProbed) {
+    vela::TouchpadDevice device;
+    device.SetInitialized(true);
+    bool connected = true;
+    EXPECT_TRUE(device.GetDeviceConnectState(connected));
+    EXPECT_FALSE(connected);
+    EXPECT_THAT(ProbeCalls(), IsEmpty());
+}
+
 }  // namespace

@@ -1,45 +1,49 @@
 // The heartbeat's thread without a session: when it may be started, and what its end requires.
 #include "touchpad/Heartbeat.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <thread>
 
-#include "testing/kit/native/TouchpadTest.h"
+#include "testing/kit/native/AgentLog.h"
 
 namespace kit {
 namespace {
 
-using testing::IsEmpty;
 using testing::SizeIs;
 
-class HeartbeatPermissionTest : public TouchpadTest {
+class HeartbeatPermissionTest : public testing::Test {
  protected:
-    // Heartbeats are never destroyed: a thread that was started stays joinable.
-    vela::Heartbeat& heartbeat_ = *new vela::Heartbeat;
+    AgentLog log_;
 };
 
+// Destroyed with a thread that was started, the heartbeat would end the process.
 TEST_F(HeartbeatPermissionTest, NoneIsStartedBeforeTheFirstSession) {
-    heartbeat_.Start([] {});
-    EXPECT_THAT(LogOf("HeartbeatThread"), IsEmpty());
+    vela::Heartbeat heartbeat;
+    heartbeat.Start([] {});
 }
 
 TEST_F(HeartbeatPermissionTest, NoneIsStartedOnceTheSessionIsClosed) {
-    heartbeat_.Permit();
-    heartbeat_.Forbid();
-    heartbeat_.Start([] {});
-    EXPECT_THAT(LogOf("HeartbeatThread"), IsEmpty());
+    vela::Heartbeat heartbeat;
+    heartbeat.Permit();
+    heartbeat.Forbid();
+    heartbeat.Start([] {});
 }
 
 TEST_F(HeartbeatPermissionTest, OneIsStartedInTheNextSession) {
-    heartbeat_.Permit();
-    heartbeat_.Start([] {});
-    heartbeat_.Forbid();
-    heartbeat_.Start([] {});
-    heartbeat_.Permit();
-    heartbeat_.Start([] {});
-    heartbeat_.Stop();
+    // Never destroyed, as its thread stays joinable.
+    static auto& heartbeat = *new vela::Heartbeat;
+    heartbeat.Permit();
+    heartbeat.Start([] {});
+    heartbeat.Forbid();
+    heartbeat.Start([] {});
+    heartbeat.Permit();
+    heartbeat.Start([] {});
+    heartbeat.Stop();
     ASSERT_TRUE(log_.WaitForLine("HeartbeatThread leaved.", 2));
-    EXPECT_THAT(LogOf("HeartbeatThread"), SizeIs(4));
+    EXPECT_THAT(log_.TextsOf("HeartbeatThread"), SizeIs(4));
 }
 
 // The condition variable, whose destructor may wait for the thread, is not destroyed before that.

@@ -236,8 +236,8 @@ TEST_F(LastWordsTest, AreNotWrittenAgainBehindAReportThatTheTouchpadRefused) {
 }
 
 TEST_F(LastWordsTest, AreWrittenAgainBehindAReportThatIsWrittenWithinTheCall) {
-    device_->SetWriteBehaviour(WriteBehaviour::Immediate);
     EXPECT_THAT(Close([this] {
+                    device_->SetWriteBehaviour(WriteBehaviour::Immediate);
                     Enqueue(kLit);
                     ASSERT_TRUE(device_->WaitForOutputs(2));
                 }),

@@ -1,4 +1,7 @@
 // The reader thread: its read requests, and its waiting when no report can be read.
+#include <chrono>
+#include <thread>
+
 #include "testing/kit/native/TouchpadTest.h"
 
 namespace kit {
@@ -165,6 +168,8 @@ TEST_F(ReportReaderTest, LeavesAReadWhoseResultCannotBeQueriedAndIssuesAnother) 
     session_.EnableButton(vela::BUTTON_ID_CHAT, true);
     session_.EnableButton(vela::BUTTON_ID_SHARE_SCREEN, true);
     device_->SendInput(InputReport({kChatButton}));
+    // Gives a reader with one record for both the time to take the report.
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
     device_->SendInput(InputReport({kShareScreenButton}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     session_.Uninitialize();

@@ -101,6 +101,7 @@ class CallsWhileOpening : public ThreadStart {
 
 TEST_F(CallsWhileOpening, AreRefusedUntilTheSessionIsOpen) {
     Plug();
+    device_->SetFeature({virtual_touchpad::kClickModeReportId, 0x11, 44, 1, 0x33});
     Open([this] {
         EXPECT_FALSE(session_.UpdateVelaState());
         EXPECT_FALSE(session_.SetClickMode(1, 300));
@@ -108,8 +109,8 @@ TEST_F(CallsWhileOpening, AreRefusedUntilTheSessionIsOpen) {
         EXPECT_FALSE(session_.IsSupportBiDirectionSwipe());
     });
     EXPECT_TRUE(session_.UpdateVelaState());
-    EXPECT_TRUE(session_.SetClickMode(1, 300));
     EXPECT_TRUE(session_.GetClickMode());
+    EXPECT_TRUE(session_.SetClickMode(1, 300));
     EXPECT_TRUE(session_.IsSupportBiDirectionSwipe());
 }
 
