@@ -65,7 +65,8 @@ def write(verdicts: list[Verdict], folder: Path, name: str) -> str:
 
 
 def survivors(folder: Path, name: str) -> set[Change]:
-    """Returns the changes that survived the last run."""
+    """Returns the changes that no test of the last run caught or reached."""
     verdicts = json.loads((folder / f"{name}.json").read_text())
-    changes = [each["mutant"] for each in verdicts if each["result"] == "survived"]
+    missed = ("survived", "not reached")
+    changes = [each["mutant"] for each in verdicts if each["result"] in missed]
     return {(each["file"], each["original"], each["changed"]) for each in changes}
