@@ -30,9 +30,6 @@ class Judge:
         for reach in reaches:
             for number in reach.mutants:
                 self._tests[number].append(reach.test)
-        for number, tests in self._tests.items():
-            # Slow tests judge only what no quick test reaches.
-            self._tests[number] = [test for test in tests if not test.slow] or tests
         self._catchers: dict[str, set[Test]] = defaultdict(set)  # by file
         self._end = time.monotonic() + seconds
         self._jobs = jobs
@@ -74,16 +71,21 @@ class Judge:
 
     def _in_order(self, mutant: Mutant) -> list[Test]:
         """Returns the tests that caught a neighbour, then those named for the file or the function,
-        then those of the folder; the quickest first."""
+        then those of the folder; the quickest first. Slow tests come last: those named for the file,
+        or all of them when no quick test reaches the mutant."""
+        reaching = self._tests[mutant.number]
         catchers = set(self._catchers[mutant.file])
-        names = [name.lower() for name in (Path(mutant.file).stem, mutant.function) if name]
+        stem = Path(mutant.file).stem.lower()
+        names = [name for name in (stem, mutant.function.lower()) if name]
 
         def order(test: Test) -> tuple[bool, bool, bool, float]:
             unrelated = not any(name in test.name.lower() for name in names)
             elsewhere = test.program != f"{mutant.folder}_tests"
             return test not in catchers, unrelated, elsewhere, self._seconds[test]
 
-        return sorted(self._tests[mutant.number], key=order)[: self._most_tests or None]
+        quick = [test for test in reaching if not test.slow]
+        slow = [test for test in reaching if test.slow and (not quick or stem in test.name.lower())]
+        return sorted(quick, key=order)[: self._most_tests or None] + sorted(slow, key=order)
 
     def _judge_one(self, mutant: Mutant) -> Verdict:
         start = time.monotonic()
