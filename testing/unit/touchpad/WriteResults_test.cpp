@@ -1,5 +1,5 @@
 // What the writer returns for a report, and which platform calls it takes.
-#include <atomic>
+#include <chrono>
 #include <optional>
 #include <thread>
 
@@ -127,6 +127,8 @@ TEST_F(WriteResultsTest, AWriteIsWaitedForThoughTheEndOfAnotherSignalsTheEvent) 
     ASSERT_TRUE(device_->WaitForHeldWrites());
     writer_.SignalWriteEvent();
     ASSERT_TRUE(machine_.WaitForCalls("GetOverlappedResult", 1));
+    // Gives a writer that does not wait the time to fail.
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
     device_->CompleteHeldWrites();
     host.join();
     EXPECT_EQ(written, true);
