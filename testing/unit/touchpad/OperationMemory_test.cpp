@@ -47,10 +47,11 @@ TEST_F(OperationMemoryTest, IsFreedWithAnOperationThatTheKernelIsDoneWith) {
 TEST_F(OperationMemoryTest, OfAGivenUpOperationIsFreedOnceItHasEnded) {
     OverlappedOperations operations;
     OverlappedOperation& ended = GiveUp(operations);
-    GiveUp(operations);
+    OverlappedOperation& pending = GiveUp(operations);
     End(ended);
     operations.FreeEnded();
     EXPECT_LE(LargeBlocks(), 1U);
+    End(pending);
 }
 
 TEST_F(OperationMemoryTest, OfAGivenUpOperationIsFreedWithTheNextThatIsGivenBack) {
