@@ -151,8 +151,9 @@ TEST_F(ReportReaderTest, TakesTheReportOfAReadWhoseWaitFailed) {
     Plug();
     machine_.FailNext("WaitForSingleObject", Fault::Result(0xFFFFFFFF, 6));
     ASSERT_EQ(OpenSession(), vela::kHidOpen);
-    session_.EnableButton(vela::BUTTON_ID_CHAT, true);
+    // Before the first write, whose wait would fail in place of the reader's.
     ASSERT_TRUE(machine_.WaitForCalls("GetOverlappedResult", 1));
+    session_.EnableButton(vela::BUTTON_ID_CHAT, true);
     device_->SendInput(InputReport({kChatButton}));
     ASSERT_TRUE(HostCallbacks::WaitForCalls(1));
     EXPECT_THAT(HostCallbacks::Calls(), ElementsAre("press 2 1"));
