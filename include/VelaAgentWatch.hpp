@@ -211,7 +211,7 @@ class Watcher {
         applied_.buttons[button].light = newLight;
     }
     void OnStatus(std::uint32_t status) {
-        if (std::this_thread::get_id() != thread_.get_id()) FollowBreathing(status);
+        if (std::this_thread::get_id() != ownThread_) FollowBreathing(status);
         if (handlers_.onStatus) handlers_.onStatus(status);
     }
     // The end of a disable ends the chat's breathing. So does a resynchronisation, which is no
@@ -237,6 +237,7 @@ class Watcher {
 
     // --- on the watch's thread ---
     void Run() {
+        ownThread_ = std::this_thread::get_id();
         Lock lock(mutex_);
         opensAt_ = Clock::now();
         while (!stop_) {
@@ -279,8 +280,9 @@ class Watcher {
     void Reopen(Lock& lock) {
         const bool wasOpen = isOpen_;
         Close(lock);
-        if (TryOpen(lock) == VELA_INIT_OPEN ? wasOpen : !wasOpen) return;
-        Notify(lock, isOpen_ ? handlers_.onFound : handlers_.onLost);
+        const VelaInitResult result = TryOpen(lock);
+        if (isOpen_ != wasOpen) Notify(lock, isOpen_ ? handlers_.onFound : handlers_.onLost);
+        if (result == VELA_INIT_HELD_BY_OTHER) Notify(lock, handlers_.onHeldByOther);
     }
 
     void Open(Lock& lock) {
@@ -341,6 +343,7 @@ class Watcher {
     const Library library_;
     const WatchHandlers handlers_;
     std::unique_ptr<Session> session_;  // the watch's thread's
+    std::thread::id ownThread_;         // set before there is a session whose callbacks read it
 
     mutable std::mutex mutex_;  // guards: all below, up to the notifications
     std::condition_variable changed_;

@@ -19,7 +19,8 @@ namespace {
 
 using Functions = std::map<std::string, void*>;
 
-// Of the system's libraries only what callers look up at run time, as older systems lack it.
+// Lists only those functions of the system's libraries that callers look up at run time, as older
+// systems lack them.
 const std::map<std::wstring, Functions>& SystemLibraries() {
     static const auto address = [](auto* function) { return reinterpret_cast<void*>(function); };
     static const std::map<std::wstring, Functions> libraries{

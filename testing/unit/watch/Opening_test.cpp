@@ -96,6 +96,9 @@ TEST_F(SlowOpeningTest, OfATouchpadThatAnotherProgramHasForLongNeedsARefresh) {
     watch.Change(LightAll);
     // Its own list, and nine tries, which take 13 seconds.
     ASSERT_TRUE(kit::WaitUntil([&] { return Scans() == 10; }, std::chrono::seconds(60)));
+    EXPECT_EQ(Events(), std::vector<std::string>{"held"});
+    watch.Refresh();
+    EXPECT_TRUE(WaitForEvents({"held", "held"}));
     device->ReleaseElsewhere();
     watch.Refresh();
     EXPECT_TRUE(WaitForLights(*device, AllLit()));

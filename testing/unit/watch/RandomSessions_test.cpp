@@ -123,7 +123,7 @@ void RandomSessionsTest::SendAndWait(std::uint16_t usage, const std::string& eve
 void RandomSessionsTest::PressButton() {
     constexpr std::uint16_t kPresses[] = {0x41, 0x44, 0x43, 0x42};  // by VelaButton
     const std::size_t button = Random(4);
-    // Of a light that is not shown it is not known whether the last change has been set already.
+    // A light that is not shown does not tell whether its last change has been set already.
     const auto& [enabled, visible, light] = model_.settings.buttons[button];
     if (!isPlugged_ || model_.IsDark() || !enabled || !visible) return;
     SendAndWait(kPresses[button], "press " + std::to_string(button));
