@@ -21,6 +21,15 @@ class VelaStateTest : public InputTest {
         session_.SetButtonBreathing(vela::BUTTON_ID_CHAT, false);
         return OutputNumber(1);
     }
+
+    // Returns the calls that this thread made; the reader makes its first ones at any time.
+    std::vector<std::string> OwnCalls() const {
+        std::vector<std::string> texts;
+        for (const simulator::Call& call : machine_.Calls()) {
+            if (call.thread == std::this_thread::get_id()) texts.push_back(call.Text());
+        }
+        return texts;
+    }
 };
 
 TEST_F(VelaStateTest, IsRefusedSilentlyWithoutASession) {
@@ -96,7 +105,7 @@ TEST_F(VelaStateTest, IsRefusedSilentlyByATouchpadWithoutTheRequest) {
     Open(layout);
     machine_.ForgetCalls();
     EXPECT_FALSE(session_.UpdateVelaState());
-    EXPECT_THAT(machine_.CallTexts(), IsEmpty());
+    EXPECT_THAT(OwnCalls(), IsEmpty());
     EXPECT_EQ(LastWrittenBeforeALightReport()[0], virtual_touchpad::kLightReportId);
     EXPECT_THAT(LogOf("UpdateVelaState"), IsEmpty());
 }
@@ -107,7 +116,7 @@ TEST_F(VelaStateTest, IsRefusedSilentlyInTheSecondReportLayout) {
     Open(layout);
     machine_.ForgetCalls();
     EXPECT_FALSE(session_.UpdateVelaState());
-    EXPECT_THAT(machine_.CallTexts(), IsEmpty());
+    EXPECT_THAT(OwnCalls(), IsEmpty());
     EXPECT_EQ(LastWrittenBeforeALightReport()[0], virtual_touchpad::kLightReportId);
     EXPECT_THAT(LogOf("UpdateVelaState"), IsEmpty());
 }
