@@ -5,49 +5,13 @@
 #include <random>
 #include <utility>
 
-#include "testing/kit/ReportComposer.h"
+#include "testing/unit/watch/SettingsModel.h"
 #include "testing/unit/watch/WatchTest.h"
 
 namespace watch_tests {
 namespace {
 
 using kit::ButtonState;
-
-// The host's settings, with what presses and the touchpad changed of them, and the reports that
-// show them.
-class Model {
- public:
-    Settings settings;
-
-    void Press(std::size_t button) {
-        const bool toggles = button == VELA_BUTTON_CAMERA || button == VELA_BUTTON_MICROPHONE;
-        if (!toggles || settings.activation == VELA_ACTIVE_HOST_SETS_LIGHTS) return;
-        settings.buttons[button].light = !settings.buttons[button].light;
-    }
-    bool IsActivated() const { return settings.activation <= VELA_ACTIVE_HOST_SETS_LIGHTS; }
-    bool IsDark() const { return !settings.feature || !IsActivated(); }
-    // While a button is lit, the settings are known to be set.
-    bool IsLit() const {
-        const auto isShown = [](const auto& button) { return button.enabled && button.visible; };
-        return !IsDark() && std::any_of(settings.buttons.begin(), settings.buttons.end(), isShown);
-    }
-    Bytes Lights(ButtonState::Breathing breathing) const {
-        if (IsDark()) return composer_.Blank();
-        kit::ButtonStates states;
-        for (std::size_t i = 0; i < settings.buttons.size(); ++i) {
-            ButtonState& state = states[static_cast<std::uint32_t>(i)];
-            state.enabled = settings.buttons[i].enabled;
-            state.visible = settings.buttons[i].visible;
-            state.lightOn = settings.buttons[i].light;
-            state.breathingEnabled = settings.chatBreathingEnabled;
-            if (settings.chatBreathing) state.breathing = breathing;
-        }
-        return composer_.Lights(states, settings.brightness);
-    }
-
- private:
-    kit::ReportComposer composer_{kit::TouchpadLayout()};
-};
 
 class RandomSessionsTest : public WatchTest {
  protected:
@@ -70,15 +34,18 @@ class RandomSessionsTest : public WatchTest {
     void DisableForAWhile();
     void UnplugOrReplug();
     void ReplugAtOnce();
+    void Sleep();
+    void LoseToAnotherProgram();
     void Reopen(const std::function<void()>& cause);
     void Send(const std::vector<std::uint16_t>& usages);
-    // Sends an input report and waits until the host is notified of it.
+    // Does something, or sends an input report, and waits until the host is notified of it.
+    void DoAndWait(const std::function<void()>& cause, const std::string& event);
     void SendAndWait(std::uint16_t usage, const std::string& event);
 
     std::mt19937 random_{20261122};
     std::shared_ptr<simulator::Device> device_;
     bool isPlugged_ = true;
-    Model model_;
+    SettingsModel model_;
     Watch& watch_;
 };
 
@@ -108,7 +75,7 @@ void RandomSessionsTest::Send(const std::vector<std::uint16_t>& usages) {
     device_->SendInput(kit::InputReport(usages));
 }
 
-void RandomSessionsTest::SendAndWait(std::uint16_t usage, const std::string& event) {
+void RandomSessionsTest::DoAndWait(const std::function<void()>& cause, const std::string& event) {
     const auto count = [&] {
         const std::vector<std::string> events = Events();
         return std::count_if(events.begin(), events.end(), [&](const std::string& each) {
@@ -116,8 +83,12 @@ void RandomSessionsTest::SendAndWait(std::uint16_t usage, const std::string& eve
         });
     };
     const auto before = count();
-    Send({usage});
+    cause();
     ASSERT_TRUE(kit::WaitUntil([&] { return count() > before; })) << event;
+}
+
+void RandomSessionsTest::SendAndWait(std::uint16_t usage, const std::string& event) {
+    DoAndWait([&] { Send({usage}); }, event);
 }
 
 void RandomSessionsTest::PressButton() {
@@ -169,6 +140,24 @@ void RandomSessionsTest::Reopen(const std::function<void()>& cause) {
         kit::WaitUntil([&] { return machine_.OpenHandles() != before && watch_.IsOpen(); }));
 }
 
+// The touchpad forgets its lights meanwhile.
+void RandomSessionsTest::Sleep() {
+    device_->ForgetOutputs();
+    Reopen([this] { machine_.Resume(); });
+}
+
+// The other program opens the touchpad as it arrives, and lets it go later.
+void RandomSessionsTest::LoseToAnotherProgram() {
+    if (isPlugged_) device_->Unplug();
+    device_->HoldElsewhere();
+    DoAndWait([this] { device_->PlugIn(); }, "held");
+    isPlugged_ = true;
+    if (Chance()) ChangeSettings();
+    device_->ForgetOutputs();
+    device_->ReleaseElsewhere();
+    if (Chance()) watch_.Refresh();
+}
+
 std::string RandomSessionsTest::TakeStep() {
     const std::vector<std::pair<std::string, std::function<void()>>> steps{
         {"change", [this] { ChangeSettings(); }},
@@ -176,7 +165,8 @@ std::string RandomSessionsTest::TakeStep() {
         {"disable", [this] { DisableForAWhile(); }},
         {"unplug or replug", [this] { UnplugOrReplug(); }},
         {"replug at once", [this] { ReplugAtOnce(); }},
-        {"resume", [this] { Reopen([this] { machine_.Resume(); }); }},
+        {"sleep", [this] { Sleep(); }},
+        {"lose to another program", [this] { LoseToAnotherProgram(); }},
         {"refresh", [this] { Reopen([this] { watch_.Refresh(); }); }},
         {"resynchronise",
          [this] {

@@ -1,0 +1,28 @@
+// The host's settings, with what presses and the touchpad changed of them, and the reports that
+// show them.
+#pragma once
+
+#include <cstddef>
+
+#include "include/VelaAgentSettings.hpp"
+#include "testing/kit/ReportComposer.h"
+#include "testing/kit/Reports.h"
+
+namespace watch_tests {
+
+class SettingsModel {
+ public:
+    vela_agent::Settings settings;
+
+    // Toggles the button's light where the library does.
+    void Press(std::size_t button);
+    bool IsDark() const;
+    // While a button is lit, the settings are known to be set.
+    bool IsLit() const;
+    kit::Bytes Lights(kit::ButtonState::Breathing breathing) const;
+
+ private:
+    kit::ReportComposer composer_{kit::TouchpadLayout()};
+};
+
+}  // namespace watch_tests
