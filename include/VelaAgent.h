@@ -46,7 +46,9 @@
  *     composed. After UnInit the lights are dark, whatever was still queued.
  *  9. While the touchpad is disabled (VELA_STATUS_TEMPORARILY_DISABLED, VELA_STATUS_DISABLED) it
  *     drives its lights itself: changes return 1, are stored, and are shown by the first light
- *     report afterwards, except breathing, which stops with the event that ends the disable.
+ *     report afterwards, except breathing, which stops with the event that ends the disable. A
+ *     change that brings back the lights from before the disable may be stored and not
+ *     written; SetButtonBreathing always writes the lights as they are set.
  */
 #ifndef VELA_AGENT_H
 #define VELA_AGENT_H

@@ -107,6 +107,23 @@ TEST_P(DisabledTouchpadTest, ChangesReturn1AndAreShownByTheFirstLightReportAfter
               "camera 0/9 microphone 9/0 chat 0 share screen 0, active 14, breathing 0");
 }
 
+TEST_F(LightConventionsTest, AChangeBackToTheLightsFromBeforeMayNeedABreathing) {
+    ASSERT_NO_FATAL_FAILURE(OpenLit());
+    Touchpad().SendEvent(kGesture);
+    ASSERT_TRUE(HostCallbacks::WaitForCalls(2));
+    EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 1), 1);
+    Touchpad().SendEvent(kSync);
+    ASSERT_TRUE(WaitForLights([](const Lights& lights) { return lights.Brightness(0x21) == 0; }));
+    const std::uint64_t before = Touchpad().Device().LastSequence();
+    EXPECT_EQ(agent_.SetButtonLight(VELA_BUTTON_CAMERA, 0), 1);
+    EXPECT_EQ(agent_.SetButtonBreathing(VELA_BUTTON_CAMERA, 0), 1);
+    EXPECT_EQ(agent_.UpdateVelaState(), 1);
+    const auto outputs = Touchpad().Device().WaitForOutputs(2, kPatience, before);
+    ASSERT_EQ(outputs.size(), 2U);
+    EXPECT_EQ(Describe(virtual_touchpad::DecodeLights(outputs[0].bytes, {})), kAllLit);
+    EXPECT_FALSE(virtual_touchpad::IsLightReport(outputs[1]));
+}
+
 // Breathing is the one change that an event ending the disable may discard.
 TEST_P(DisabledTouchpadTest, BreathingThatIsStartedMeanwhileIsStoppedByAnEventThatEndsIt) {
     ASSERT_NO_FATAL_FAILURE(OpenLit());
