@@ -22,5 +22,5 @@ else()
   target_compile_options(VelaAgent PRIVATE
     -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -fvisibility=hidden)
   target_link_options(VelaAgent PRIVATE
-    -static -s -Wl,--dynamicbase,--high-entropy-va,--nxcompat -Wl,--no-insert-timestamp)
+    -static -s -Wl,--gc-sections -Wl,--dynamicbase,--high-entropy-va,--nxcompat -Wl,--no-insert-timestamp)
 endif()

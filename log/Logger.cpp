@@ -4,7 +4,6 @@
 
 #include <cstdarg>
 #include <ctime>
-#include <sstream>
 #include <utility>
 
 #include "log/LogFile.h"
@@ -152,11 +151,11 @@ std::string Logger::FormatLogLine(std::uint32_t level, const std::string& messag
     char timeText[80] = {};
     std::strftime(timeText, sizeof(timeText), "%Y-%m-%d %H:%M:%S", &localTime);
 
-    std::ostringstream line;
-    line << '[' << timeText << "] {" << levelNames_.at(level);
-    if (!functionName.empty()) line << " @ " << functionName;
-    line << "} " << message << std::endl;
-    return line.str();
+    // A string stream would bring the standard library's locales into the host's process: most of
+    // the library's size.
+    std::string line = std::string("[") + timeText + "] {" + levelNames_.at(level);
+    if (!functionName.empty()) line += " @ " + functionName;
+    return line + "} " + message + '\n';
 }
 
 void Logger::CheckErrorLogSize() {
