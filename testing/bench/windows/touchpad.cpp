@@ -1,6 +1,6 @@
 // Measures the way from the touchpad to the host and back: the agent's session and a bare loop of
 // the same reads and writes take turns on one virtual touchpad.
-#include <functional>
+#include <chrono>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -21,19 +21,25 @@ using namespace bench;
 constexpr int kTurns = 20;
 constexpr int kWarmUp = 10;
 constexpr int kPresses = 100;
-constexpr double kPatience = 5e9;
+constexpr double kPatience = 5e9;  // nanoseconds
+constexpr DWORD kSettling = 3;     // milliseconds
 
 struct Latencies {
     Samples seen;  // until the host has the press
     Samples lit;   // until the device has the light report
 };
 
-double WaitUntil(const std::function<bool()>& condition) {
+double NanosecondsOf(std::chrono::steady_clock::time_point time) {
+    return std::chrono::duration<double, std::nano>(time.time_since_epoch()).count();
+}
+
+double WaitUntilSeen(const Host& host) {
     const double start = Nanoseconds();
-    while (!condition()) {
+    while (host.PressSeen() == 0) {
         if (Nanoseconds() - start > kPatience) throw std::runtime_error("no answer to a press");
+        Sleep(1);
     }
-    return Nanoseconds();
+    return host.PressSeen();
 }
 
 Latencies Presses(virtual_touchpad::TouchpadControl& touchpad, Host& host) {
@@ -43,16 +49,16 @@ Latencies Presses(virtual_touchpad::TouchpadControl& touchpad, Host& host) {
         host.Forget();
         const double start = Nanoseconds();
         touchpad.Press(kCameraButton);
-        // A query costs the device as much as a report, so none is made until the host has the
-        // press.
-        WaitUntil([&] {
-            SwitchToThread();
-            return host.PressSeen() != 0;
-        });
-        const double lit = WaitUntil([&] { return touchpad.Device().LastSequence() > sequence; });
+        const double seen = WaitUntilSeen(host);
+        // A query costs the device as much as a report, and a core: the report, whose time the
+        // device notes, has usually arrived before the first one.
+        Sleep(kSettling);
+        const auto lights =
+            touchpad.Device().WaitForOutputs(1, std::chrono::milliseconds(5000), sequence);
+        if (lights.empty()) throw std::runtime_error("no report after a press");
         if (i < kWarmUp) continue;
-        latencies.seen.Add(host.PressSeen() - start);
-        latencies.lit.Add(lit - start);
+        latencies.seen.Add(seen - start);
+        latencies.lit.Add(NanosecondsOf(lights.front().received) - start);
     }
     return latencies;
 }

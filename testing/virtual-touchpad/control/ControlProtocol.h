@@ -73,6 +73,7 @@ typedef struct VirtualHidState {
 
 typedef struct VirtualHidOutput {
     uint64_t sequence; /* 1 for the first */
+    uint64_t counter;  /* the performance counter when the device received it */
     uint32_t length;
     uint8_t bytes[VIRTUAL_HID_MAX_REPORT];
     uint8_t reserved[4];

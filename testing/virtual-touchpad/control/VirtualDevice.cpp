@@ -25,6 +25,15 @@ std::string Narrow(const std::wstring& text) {
     return narrow;
 }
 
+// The compiler's steady clock counts the performance counter's time from the same zero.
+Clock::time_point TimeOf(std::uint64_t counter) {
+    LARGE_INTEGER frequency{};
+    QueryPerformanceFrequency(&frequency);
+    const auto ticks = static_cast<std::uint64_t>(frequency.QuadPart);
+    const std::chrono::nanoseconds part(1'000'000'000 * (counter % ticks) / ticks);
+    return Clock::time_point(std::chrono::seconds(counter / ticks) + part);
+}
+
 template <typename Condition>
 bool Poll(std::chrono::milliseconds timeout, Condition condition) {
     const auto end = Clock::now() + timeout;
@@ -94,7 +103,8 @@ std::vector<OutputReport> VirtualDevice::OutputReports(std::uint64_t since) cons
     std::vector<OutputReport> reports;
     reports.reserve(outputs.size());
     for (const VirtualHidOutput& output : outputs) {
-        reports.push_back({output.sequence, Report(output.bytes, output.bytes + output.length)});
+        reports.push_back({output.sequence, TimeOf(output.counter),
+                           Report(output.bytes, output.bytes + output.length)});
     }
     return reports;
 }

@@ -19,6 +19,7 @@ using Report = std::vector<std::uint8_t>;  // the report id first
 
 struct OutputReport {
     std::uint64_t sequence = 0;  // 1 for the first that the device received
+    std::chrono::steady_clock::time_point received;
     Report bytes;
 };
 

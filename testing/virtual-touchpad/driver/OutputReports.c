@@ -11,6 +11,7 @@ NTSTATUS RecordOutput(VirtualDevice* device, const UCHAR* bytes, ULONG length) {
         const ULONGLONG sequence = ++device->outputCount;
         VirtualHidOutput* output = &device->outputs[sequence % VIRTUAL_HID_OUTPUT_HISTORY];
         output->sequence = sequence;
+        output->counter = (ULONGLONG)KeQueryPerformanceCounter(NULL).QuadPart;
         output->length = length;
         RtlCopyMemory(output->bytes, bytes, length);
     }
