@@ -31,17 +31,20 @@ void OutputQueue::Put(Ticket ticket, OutputItem item) {
 }
 
 void OutputQueue::Put(std::uint64_t number, Report report) {
-    const Lock lock(mutex_);
-    if (number < serving_) return;
-    const bool isReport = report.has_value();
-    Arrive(number, std::move(report));
-    if (!writing_) {
+    {
+        const Lock lock(mutex_);
+        if (number < serving_) return;
+        const bool isReport = report.has_value();
+        Arrive(number, std::move(report));
+        if (writing_) {
+            const std::uint64_t ended = ended_;
+            while (isReport && writing_ && ended_ == ended) written_.wait(mutex_);
+            return;
+        }
         EndWrites();
-        queued_.notify_all();
     }
-    if (!isReport) return;
-    const std::uint64_t ended = ended_;
-    while (writing_ && ended_ == ended) written_.wait(mutex_);
+    // The writer needs the lock as soon as it is awake.
+    queued_.notify_all();
 }
 
 void OutputQueue::Arrive(std::uint64_t number, Report report) {
