@@ -41,7 +41,7 @@ class ILog {
     // Utf8(). Drops the line, unformatted, while the logger is not initialised or the process is
     // ending, and drops a text that is empty or cannot be formatted. `level` is 0 to 3: any other
     // ends the process when the line is written.
-    virtual void Log(std::uint32_t level, const std::string& functionName, const char* format, ...)
+    virtual void Log(std::uint32_t level, const char* functionName, const char* format, ...)
         VELA_PRINTF_FORMAT(4, 5) = 0;
 
     // Queue the message unchanged.

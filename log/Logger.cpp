@@ -65,7 +65,7 @@ void Logger::UnInitialize() {
     running_ = false;
 }
 
-void Logger::Log(std::uint32_t level, const std::string& functionName, const char* format, ...) {
+void Logger::Log(std::uint32_t level, const char* functionName, const char* format, ...) {
     if (!TakesLines()) return;
 
     va_list arguments;
@@ -97,27 +97,30 @@ void Logger::Warning(const std::string& message, const std::string& functionName
 bool Logger::TakesLines() const { return running_ && !IsProcessEnding(); }
 
 void Logger::EnqueueLogEntry(std::uint32_t level, std::string message, bool write,
-                             const std::string& functionName) {
+                             std::string functionName) {
     if (!TakesLines() || stop_) return;
-    const Lock queueLock(queueMutex_);
-    // The flag is checked again under the lock that guards its setting: an entry appended after the
-    // stop would miss the last drain of the queue.
-    if (stop_) return;
-    queue_.push_back({level, std::move(message), write, functionName});
+    {
+        const Lock queueLock(queueMutex_);
+        // The flag is checked again under the lock that guards its setting: an entry appended after
+        // the stop would miss the last drain of the queue.
+        if (stop_) return;
+        queue_.push_back({level, std::move(message), write, std::move(functionName)});
+    }
+    // The writer needs the lock as soon as it is awake.
     queueCondition_.notify_all();
 }
 
 void Logger::LogThreadProc() {
+    // Taken off the queue all at once: callers seldom wait for the queue's lock then.
+    std::deque<LogEntry> taken;
     while (!stop_) {
-        LogEntry entry{};
         {
             const Lock queueLock(queueMutex_);
             while (queue_.empty() && !stop_) queueCondition_.wait(queueMutex_);
             if (stop_) break;
-            entry = std::move(queue_.front());
-            queue_.pop_front();
+            taken.swap(queue_);
         }
-        WriteLogEntry(entry);
+        for (; !taken.empty(); taken.pop_front()) WriteLogEntry(taken.front());
     }
     FlushLogQueue();
 }
@@ -153,9 +156,11 @@ std::string Logger::FormatLogLine(std::uint32_t level, const std::string& messag
 
     // A string stream would bring the standard library's locales into the host's process: most of
     // the library's size.
-    std::string line = std::string("[") + timeText + "] {" + levelNames_.at(level);
-    if (!functionName.empty()) line += " @ " + functionName;
-    return line + "} " + message + '\n';
+    std::string line;
+    line.reserve(message.size() + functionName.size() + sizeof(timeText));
+    line.append("[").append(timeText).append("] {").append(levelNames_.at(level));
+    if (!functionName.empty()) line.append(" @ ").append(functionName);
+    return line.append("} ").append(message).append("\n");
 }
 
 void Logger::CheckErrorLogSize() {

@@ -30,7 +30,7 @@ class Logger : public ILog {
 
     void Initialize(const std::wstring& directory) override;
     void UnInitialize() override;
-    void Log(std::uint32_t level, const std::string& functionName, const char* format, ...) override
+    void Log(std::uint32_t level, const char* functionName, const char* format, ...) override
         VELA_PRINTF_FORMAT(4, 5);
     void Debug(const std::string& message, const std::string& functionName) override;
     void Error(const std::string& message, const std::string& functionName) override;
@@ -40,7 +40,7 @@ class Logger : public ILog {
  private:
     bool TakesLines() const;
     void EnqueueLogEntry(std::uint32_t level, std::string message, bool write,
-                         const std::string& functionName);
+                         std::string functionName);
 
     // These run on the writer thread.
     void LogThreadProc();

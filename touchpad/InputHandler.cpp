@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <iterator>
 
-#include "log/FunctionName.h"
 #include "log/ILog.h"
 #include "touchpad/TouchpadUsages.h"
 
 namespace vela {
 namespace {
 
-const FunctionName kFunction("HandleInputReport");
+constexpr const char* kFunction = "HandleInputReport";
 
 // Bits of USAGE_FW_STATE.
 constexpr ULONG kFwTouchpadDisable = 0x80;

@@ -4,14 +4,13 @@
 #include <exception>
 #include <utility>
 
-#include "log/FunctionName.h"
 #include "log/ILog.h"
 #include "platform/Lock.h"
 
 namespace vela {
 namespace {
 
-const FunctionName kReader("ReadInputReportThread");
+constexpr const char* kReader = "ReadInputReportThread";
 
 }  // namespace
 

@@ -35,7 +35,7 @@ class Writers {
         for (int i = 0; i < kThreads; ++i) {
             threads_[i] = std::thread([this, &logger, i] {
                 for (int line = 0; WaitForLeave(line); ++line) {
-                    logger.Log(kLogInfo, Name(i), "%d", line);
+                    logger.Log(kLogInfo, Name(i).c_str(), "%d", line);
                     logged_[i] = line + 1;
                 }
             });
@@ -214,7 +214,7 @@ TEST_F(LoggerConcurrency, ThreadsThatStartAndStopItByThemselvesEachGetTheirLines
         threads.emplace_back([this, i] {
             for (int pair = 0; pair < kPairs; ++pair) {
                 logger_.Initialize(folder_.wstring());
-                logger_.Log(kLogInfo, Writers::Name(i), "%d", pair);
+                logger_.Log(kLogInfo, Writers::Name(i).c_str(), "%d", pair);
                 logger_.UnInitialize();
             }
         });

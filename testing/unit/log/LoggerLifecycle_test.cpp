@@ -104,7 +104,7 @@ TEST_F(LoggerLifecycle, MayBeStartedAndStoppedByManyThreads) {
         threads.emplace_back([this, thread] {
             for (int round = 0; round < kRounds; ++round) {
                 logger_.Initialize(folder_.wstring());
-                logger_.Log(kLogInfo, std::to_string(thread), "%d", round);
+                logger_.Log(kLogInfo, std::to_string(thread).c_str(), "%d", round);
                 logger_.UnInitialize();
             }
         });

@@ -7,11 +7,12 @@
 namespace bench {
 
 void WriteBareLines(const std::filesystem::path& file, const std::vector<std::string>& lines) {
+    const std::wstring path = file.wstring();
     for (const std::string& line : lines) {
         WIN32_FILE_ATTRIBUTE_DATA attributes{};
-        GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &attributes);
+        GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &attributes);
         const HANDLE handle =
-            CreateFileW(file.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+            CreateFileW(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                         OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
         const auto size = static_cast<DWORD>(line.size());
         DWORD written = 0;
