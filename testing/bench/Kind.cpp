@@ -37,6 +37,7 @@ std::string Count(const Figure& figure) { return Wording{"", 0, ""}(figure.compa
 
 constexpr char kMedian[] = " p50";
 constexpr char kTail[] = " p99.9";
+constexpr char kSlowTail[] = " p99";
 constexpr Wording kPlainRatio = {"", 2, ""};
 constexpr Wording kRatioAtMost = {"at most ", 2, ""};
 constexpr Wording kNothing = {"", 0, ""};
@@ -45,6 +46,7 @@ constexpr Wording kNothing = {"", 0, ""};
 
 constexpr Kind kMedians = {"medians", kMedian, MedianAndTail, &kRatio, kPlainRatio, kRatioAtMost};
 constexpr Kind kTails = {"99.9th percentiles", kTail, Time, &kRatio, kPlainRatio, kRatioAtMost};
+constexpr Kind kSlowest = {"99th percentiles", kSlowTail, Time, &kRatio, kPlainRatio, kRatioAtMost};
 constexpr Kind kNanosecondsOver = {"medians, difference", kMedian,
                                    Nanoseconds,           &kOver,
                                    {"+", 2, " ns"},       {"at most ", 0, " ns over"}};
@@ -69,9 +71,9 @@ double Wording::Rounded(double number) const {
 }
 
 const Kind* FindKind(const std::string& name) {
-    constexpr const Kind* kKinds[] = {&kMedians,   &kTails,  &kNanosecondsOver,
-                                      &kRates,     &kSizes,  &kAllocations,
-                                      &kBytesLeft, &kGrowth, &kWakeUps};
+    constexpr const Kind* kKinds[] = {&kMedians, &kTails,  &kSlowest,     &kNanosecondsOver,
+                                      &kRates,   &kSizes,  &kAllocations, &kBytesLeft,
+                                      &kGrowth,  &kWakeUps};
     const auto* const found = std::find_if(std::begin(kKinds), std::end(kKinds),
                                            [&](const Kind* kind) { return kind->name == name; });
     return found == std::end(kKinds) ? nullptr : *found;

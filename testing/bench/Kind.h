@@ -42,6 +42,8 @@ struct Kind {
 extern const Kind kMedians;
 // Only the 99.9th percentiles of such times.
 extern const Kind kTails;
+// Only their 99th percentiles, of things that take too long to be measured a thousand times.
+extern const Kind kSlowest;
 // Times that are too short for a ratio to mean much.
 extern const Kind kNanosecondsOver;
 // Rates per second; higher is better.

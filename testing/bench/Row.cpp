@@ -9,6 +9,7 @@ constexpr char kBeside[] = " beside ";
 
 void ReportQuantiles(benchmark::State& state, const std::string& side, const Samples& samples) {
     state.counters[side + " p50"] = samples.Median();
+    state.counters[side + " p99"] = samples.Quantile(0.99);
     state.counters[side + " p99.9"] = samples.Tail();
 }
 
