@@ -1,7 +1,6 @@
 #include "testing/unit/watch/SettingsModel.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace watch_tests {
 
@@ -21,17 +20,7 @@ bool SettingsModel::IsLit() const {
 }
 
 kit::Bytes SettingsModel::Lights(kit::ButtonState::Breathing breathing) const {
-    if (IsDark()) return composer_.Blank();
-    kit::ButtonStates states;
-    for (std::size_t i = 0; i < settings.buttons.size(); ++i) {
-        kit::ButtonState& state = states[static_cast<std::uint32_t>(i)];
-        state.enabled = settings.buttons[i].enabled;
-        state.visible = settings.buttons[i].visible;
-        state.lightOn = settings.buttons[i].light;
-        state.breathingEnabled = settings.chatBreathingEnabled;
-        if (settings.chatBreathing) state.breathing = breathing;
-    }
-    return composer_.Lights(states, settings.brightness);
+    return kit::LightsOf(settings, {}, breathing);
 }
 
 }  // namespace watch_tests

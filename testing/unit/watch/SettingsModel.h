@@ -5,8 +5,8 @@
 #include <cstddef>
 
 #include "include/VelaAgentSettings.hpp"
-#include "testing/kit/ReportComposer.h"
 #include "testing/kit/Reports.h"
+#include "testing/kit/SettingsLights.h"
 
 namespace watch_tests {
 
@@ -20,9 +20,6 @@ class SettingsModel {
     // While a button is lit, the settings are known to be set.
     bool IsLit() const;
     kit::Bytes Lights(kit::ButtonState::Breathing breathing) const;
-
- private:
-    kit::ReportComposer composer_{kit::TouchpadLayout()};
 };
 
 }  // namespace watch_tests
