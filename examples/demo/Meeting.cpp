@@ -1,6 +1,7 @@
-// Plays a short meeting: starts the example host, acts as the user of the virtual touchpad, and
-// prints after each event the host's callbacks and the touchpad's lights. A haptic touchpad is
-// plugged in as well; the host increases its feedback before the meeting.
+// Plays a short meeting: starts an example host, acts as the user of the virtual touchpad, and
+// prints after each event the host's callbacks and the touchpad's lights. Halfway the touchpad is
+// unplugged and plugged in again. A haptic touchpad is plugged in as well; the host increases its
+// feedback before the meeting.
 //
 //   meeting HOST LOGDIRECTORY [PANEL PICTURES]
 //
@@ -20,25 +21,29 @@
 #include "examples/demo/Picture.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
+#include "tools/velapanel/DeviceWatch.h"
 
 namespace demo {
 namespace {
 
 using velapanel::Action;
+using velapanel::DeviceWatch;
 using virtual_touchpad::HapticsReport;
 using virtual_touchpad::Lights;
-using virtual_touchpad::TouchpadControl;
 using virtual_touchpad::VirtualDevice;
 
 constexpr std::chrono::seconds kTimeout{10};
 
-LightState StateOf(const Lights& lights) {
-    return {lights.Brightness(0x21), lights.Brightness(0x20), lights.Brightness(0x27),
-            lights.Brightness(0x26), lights.Brightness(0x24), lights.Brightness(0x22),
-            lights.breathing};
+// Returns what a person sees.
+LightState Look(DeviceWatch& device) {
+    device.Refresh();
+    const Lights& lights = device.State().lights;
+    return {device.State().isPlugged, lights.Brightness(0x21), lights.Brightness(0x20),
+            lights.Brightness(0x27),  lights.Brightness(0x26), lights.Brightness(0x24),
+            lights.Brightness(0x22),  lights.breathing};
 }
 
-// Presses a button like a user.
+// Presses a button like a user, or pulls the plug and puts it back.
 using Press = std::function<void(Action)>;
 
 struct Event {
@@ -52,7 +57,7 @@ struct Event {
 const std::vector<Event>& Meeting() {
     static const std::vector<Event> meeting{
         {"joined", "The meeting begins: the host opens the touchpad and lights its buttons",
-         [](HostProcess& host, const Press&) { host.Send("join"); }, 1,
+         [](HostProcess& host, const Press&) { host.Send("join"); }, 2,
          [](const LightState& lights) { return lights.cameraOff && lights.shareScreen; }},
         {"camera", "The person presses the camera button",
          [](HostProcess&, const Press& press) { press(Action::Camera); }, 1,
@@ -60,6 +65,14 @@ const std::vector<Event>& Meeting() {
         {"microphone", "The person presses the microphone button",
          [](HostProcess&, const Press& press) { press(Action::Microphone); }, 1,
          [](const LightState& lights) { return lights.microphoneOn && !lights.microphoneOff; }},
+        {"unplugged", "Somebody pulls the touchpad's plug",
+         [](HostProcess&, const Press& press) { press(Action::Plug); }, 1,
+         [](const LightState& lights) { return !lights.isPluggedIn; }},
+        {"plugged-in", "The touchpad is plugged in again: the host's watch lights it as it was",
+         [](HostProcess&, const Press& press) { press(Action::Plug); }, 2,
+         [](const LightState& lights) {
+             return lights.cameraOn && lights.microphoneOn && lights.chat && lights.shareScreen;
+         }},
         {"chat-message", "A chat message arrives: the chat light breathes",
          [](HostProcess& host, const Press&) { host.Send("chat"); }, 0,
          [](const LightState& lights) { return lights.breathing != 0; }},
@@ -76,17 +89,16 @@ const std::vector<Event>& Meeting() {
          [](HostProcess&, const Press& press) { press(Action::Sync); }, 1,
          [](const LightState& lights) { return lights.cameraOn != 0; }},
         {"left", "The meeting ends: the host leaves",
-         [](HostProcess& host, const Press&) { host.Send("leave"); }, 2,
+         [](HostProcess& host, const Press&) { host.Send("leave"); }, 0,
          [](const LightState& lights) { return !lights.cameraOn && !lights.shareScreen; }},
     };
     return meeting;
 }
 
-LightState WaitForLights(const TouchpadControl& touchpad,
-                         const std::function<bool(const LightState&)>& lit) {
+LightState WaitForLights(DeviceWatch& device, const std::function<bool(const LightState&)>& lit) {
     const auto deadline = std::chrono::steady_clock::now() + kTimeout;
     while (std::chrono::steady_clock::now() < deadline) {
-        const LightState lights = StateOf(touchpad.CurrentLights());
+        const LightState lights = Look(device);
         if (lit(lights)) return lights;
         Sleep(20);
     }
@@ -114,35 +126,35 @@ void MakeFeedbackStronger(HostProcess& host, VirtualDevice& haptic) {
 }
 
 // Calls `afterwards` when the lights have the state that the event leads to.
-void Play(HostProcess& host, const TouchpadControl& touchpad, const Press& press,
+void Play(HostProcess& host, DeviceWatch& device, const Press& press,
           const std::function<void(const Event&)>& afterwards) {
     for (const Event& event : Meeting()) {
         std::printf("\n%s\n", event.title);
         event.happen(host, press);
         PrintMessages(host, event.messages);
-        std::printf("%s", Picture(WaitForLights(touchpad, event.lit)).c_str());
+        std::printf("%s", Picture(WaitForLights(device, event.lit)).c_str());
         std::fflush(stdout);
         afterwards(event);
     }
 }
 
 void PlayWithoutPanel(HostProcess& host) {
-    TouchpadControl touchpad;
-    const Press press = [&](Action action) {
-        touchpad.SendEvent(velapanel::kActions[static_cast<std::size_t>(action)].eventUsage);
-    };
-    Play(host, touchpad, press, [](const Event&) {});
+    DeviceWatch device;
+    Play(
+        host, device, [&](Action action) { device.Do(action); }, [](const Event&) {});
 }
 
 void PlayAtPanel(HostProcess& host, const std::filesystem::path& program,
                  const std::filesystem::path& pictures) {
-    const TouchpadControl touchpad;
+    DeviceWatch device;
     PanelProcess panel(program);
     int number = 0;
     Play(
-        host, touchpad, [&](Action action) { panel.Press(action); },
+        host, device, [&](Action action) { panel.Press(action); },
         [&](const Event& event) {
-            panel.SavePicture(pictures / (std::to_string(++number) + "-" + event.name + ".png"));
+            const std::string digits = std::to_string(++number);
+            panel.SavePicture(pictures / (std::string(2 - digits.size(), '0') + digits + "-" +
+                                          event.name + ".png"));
         });
 }
 

@@ -55,6 +55,7 @@ std::string ChatText(const LightState& lights) {
 }  // namespace
 
 std::string Picture(const LightState& lights) {
+    if (!lights.isPluggedIn) return "    no touchpad\n";
     return "    " + TwoLights("camera", lights.cameraOff, lights.cameraOn) +
            TwoLights("mic", lights.microphoneOff, lights.microphoneOn) +
            Cell(ChatText(lights), kChatLight, lights.chat) +

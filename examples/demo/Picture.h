@@ -10,6 +10,7 @@ enum class Breathing : std::uint8_t { None = 0, Starts = 8, GoesOn = 15 };
 
 // The state according to the last light report: the brightness of each light, 0 = dark.
 struct LightState {
+    bool isPluggedIn = true;
     std::uint8_t cameraOff = 0;
     std::uint8_t cameraOn = 0;
     std::uint8_t microphoneOff = 0;

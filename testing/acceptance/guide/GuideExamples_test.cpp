@@ -1,12 +1,13 @@
-// The guide's example hosts, each in a process of its own, behave as the guide describes.
+// The guide's examples and the example hosts, each in a process of its own, behave as described.
 #include <gmock/gmock.h>
 
 #include <windows.h>
 
 #include <filesystem>
 
-#include "testing/kit/Reports.h"
+#include "testing/kit/LogFolder.h"
 #include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/windows/Lights.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
@@ -16,6 +17,7 @@ namespace {
 
 using namespace virtual_touchpad::events;
 using testing::HasSubstr;
+using testing::StartsWith;
 using virtual_touchpad::Lights;
 
 constexpr std::chrono::seconds kPatience{20};
@@ -23,7 +25,7 @@ constexpr std::chrono::seconds kPatience{20};
 // A program with pipes for its input and output.
 class Program {
  public:
-    explicit Program(const wchar_t* name) {
+    explicit Program(const wchar_t* name, const std::wstring& argument = L"") {
         SECURITY_ATTRIBUTES inheritable{sizeof(inheritable), nullptr, TRUE};
         HANDLE childInput = nullptr;
         HANDLE childOutput = nullptr;
@@ -38,9 +40,10 @@ class Program {
         startup.hStdOutput = childOutput;
         const std::filesystem::path program = kit::ProgramFolder() / name;
         const std::filesystem::path folder = std::filesystem::temp_directory_path();
+        std::wstring commandLine = L"\"" + program.wstring() + L"\" \"" + argument + L"\"";
         PROCESS_INFORMATION started{};
-        EXPECT_TRUE(CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, TRUE, 0, nullptr,
-                                   folder.c_str(), &startup, &started));
+        EXPECT_TRUE(CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0,
+                                   nullptr, folder.c_str(), &startup, &started));
         CloseHandle(childInput);
         CloseHandle(childOutput);
         CloseHandle(started.hThread);
@@ -53,9 +56,10 @@ class Program {
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    void PressEnter() const {
+    void Type(const std::string& line) const {
+        const std::string keys = line + "\n";
         DWORD written = 0;
-        WriteFile(input_, "\n", 1, &written, nullptr);
+        WriteFile(input_, keys.data(), static_cast<DWORD>(keys.size()), &written, nullptr);
     }
     // Returns the program's output up to and including `last`, or up to its end.
     std::string Output(const std::string& last = "\1") {
@@ -106,7 +110,7 @@ TEST_F(GuideExamples, TheFirstHostLightsTheButtonsPrintsAPressAndExits) {
     EXPECT_THAT(host.Output("goes on\n"), HasSubstr("button 0 pressed, its light goes on\n"));
     EXPECT_TRUE(
         WaitForLights(touchpad, [](const Lights& lights) { return lights.Brightness(0x20) == 3; }));
-    host.PressEnter();
+    host.Type("");
     EXPECT_EQ(host.ExitCode(), 0U);
     EXPECT_EQ(touchpad.CurrentLights().Brightness(0x20), 0);
 }
@@ -134,6 +138,57 @@ TEST_F(GuideExamples, EveryCallDoesWhatTheGuideSays) {
               "haptic level 80\n"
               "status 4\n"
               "status 4\n");
+}
+
+// The example hosts take the same commands.
+class ExampleHost : public GuideExamples {
+ protected:
+    static bool WaitForCamera(const virtual_touchpad::TouchpadControl& touchpad, bool isOn) {
+        return WaitForLights(touchpad, [=](const Lights& lights) {
+            return lights.Brightness(isOn ? 0x20 : 0x21) == 200 && lights.Brightness(0x22) == 200;
+        });
+    }
+
+    const kit::LogFolder log_;
+};
+class ExampleHosts : public ExampleHost, public testing::WithParamInterface<const wchar_t*> {};
+
+TEST_P(ExampleHosts, HoldAMeeting) {
+    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    virtual_touchpad::TouchpadControl touchpad;
+    Program host(GetParam(), log_.Path().wstring());
+    host.Type("join");
+    EXPECT_THAT(host.Output("done join\n"), StartsWith("host: touchpad present\n"));
+    EXPECT_TRUE(WaitForCamera(touchpad, false));
+    touchpad.Press(kCameraButton);
+    EXPECT_THAT(host.Output("to be on\n"), HasSubstr("callback: camera pressed"));
+    EXPECT_TRUE(WaitForCamera(touchpad, true));
+    host.Type("chat");
+    EXPECT_TRUE(
+        WaitForLights(touchpad, [](const Lights& lights) { return lights.breathing != 0; }));
+    host.Type("read");
+    EXPECT_TRUE(
+        WaitForLights(touchpad, [](const Lights& lights) { return lights.breathing == 0; }));
+    host.Type("leave");
+    EXPECT_EQ(host.ExitCode(), 0U);
+    EXPECT_TRUE(kit::AllDark(touchpad.CurrentLights()));
+    EXPECT_EQ(log_.Lines().back(), "{INFO @ UnInitialize} Logger::UnInitialize");
+}
+
+INSTANTIATE_TEST_SUITE_P(, ExampleHosts, testing::Values(L"host.exe", L"watching_host.exe"));
+
+TEST_F(ExampleHost, TheWatchingHostLightsATouchpadThatComesBack) {
+    Program host(L"watching_host.exe", log_.Path().wstring());
+    host.Type("join");
+    host.Output("done join\n");
+    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    EXPECT_TRUE(WaitForCamera(virtual_touchpad::TouchpadControl(), false));
+    virtual_touchpad::UnplugAll();
+    EXPECT_THAT(host.Output("touchpad lost\n"), HasSubstr("callback: touchpad found\n"));
+    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    EXPECT_TRUE(WaitForCamera(virtual_touchpad::TouchpadControl(), false));
+    host.Type("leave");
+    EXPECT_EQ(host.ExitCode(), 0U);
 }
 
 }  // namespace
