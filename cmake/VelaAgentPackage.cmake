@@ -33,7 +33,12 @@ install(FILES
 install(FILES interface/VelaAgent.def DESTINATION lib)
 # The example is not installed beside the DLL, where it would take effect.
 install(FILES packaging/Vela.ini DESTINATION share/VelaAgent)
-install(FILES packaging/README.md docs/processes-and-users.md docs/troubleshooting.md examples/host/host.c
+install(FILES
+  packaging/README.md
+  docs/processes-and-users.md
+  docs/troubleshooting.md
+  examples/host/host.c
+  examples/recover/recover.c
   DESTINATION share/doc/VelaAgent)
 
 set(CPACK_GENERATOR ZIP)

@@ -1,9 +1,10 @@
 // A library in place of VelaAgent.dll, for results that a virtual touchpad cannot bring about in
-// another process: Init returns what the environment says, the touchpads are present, and every
-// other function returns 0. Functions without parameters stand in for those with some: the calling
-// convention lets the caller clean up.
+// another process: Init returns what the environment says and adds a letter to the file that it
+// names, the touchpads are present, and every other function returns 0. Functions without
+// parameters stand in for those with some: the calling convention lets the caller clean up.
 #include <cstdint>
 #include <cstdlib>
+#include <fstream>
 #include <string_view>
 
 #define VELA_AGENT_NO_PROTOTYPES
@@ -12,6 +13,9 @@
 static std::int32_t ResultOf(std::string_view name) {
     if (name == "IsVelaPresent" || name == "IsHapticTPPresent") return 1;
     if (name != "Init") return 0;
+    if (const char* const calls = std::getenv("VELA_STAND_IN_INIT_CALLS")) {
+        std::ofstream(calls, std::ios::app) << 'I';
+    }
     const char* const result = std::getenv("VELA_STAND_IN_INIT");
     return result == nullptr ? VELA_INIT_NOT_FOUND : std::atoi(result);
 }

@@ -1,0 +1,84 @@
+// The example hosts, each in a process of its own, hold a meeting.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "testing/acceptance/guide/Program.h"
+#include "testing/kit/LogFolder.h"
+#include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/windows/Lights.h"
+#include "testing/virtual-touchpad/control/TouchpadControl.h"
+#include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
+#include "testing/virtual-touchpad/plug/Plug.h"
+
+namespace guide {
+namespace {
+
+using namespace virtual_touchpad::events;
+using testing::HasSubstr;
+using testing::StartsWith;
+using virtual_touchpad::Lights;
+
+constexpr std::chrono::seconds kPatience{20};
+
+// The example hosts take the same commands.
+class ExampleHost : public testing::Test {
+ protected:
+    ExampleHost() { virtual_touchpad::UnplugAll(); }
+    ~ExampleHost() override { virtual_touchpad::UnplugAll(); }
+
+    std::wstring Argument() const { return L"\"" + log_.Path().wstring() + L"\""; }
+    static bool WaitForLights(const virtual_touchpad::TouchpadControl& touchpad,
+                              const std::function<bool(const Lights&)>& wanted) {
+        return touchpad.Device().WaitForState(
+            [&](const VirtualHidState&) { return wanted(touchpad.CurrentLights()); }, kPatience);
+    }
+    static bool WaitForCamera(const virtual_touchpad::TouchpadControl& touchpad, bool isOn) {
+        return WaitForLights(touchpad, [=](const Lights& lights) {
+            return lights.Brightness(isOn ? 0x20 : 0x21) == 200 && lights.Brightness(0x22) == 200;
+        });
+    }
+
+    const kit::LogFolder log_;
+};
+class ExampleHosts : public ExampleHost, public testing::WithParamInterface<const wchar_t*> {};
+
+TEST_P(ExampleHosts, HoldAMeeting) {
+    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    virtual_touchpad::TouchpadControl touchpad;
+    Program host(kit::ProgramFolder() / GetParam(), Argument());
+    host.Type("join");
+    EXPECT_THAT(host.Output("done join\n"), StartsWith("host: touchpad present\n"));
+    EXPECT_TRUE(WaitForCamera(touchpad, false));
+    touchpad.Press(kCameraButton);
+    EXPECT_THAT(host.Output("to be on\n"), HasSubstr("callback: camera pressed"));
+    EXPECT_TRUE(WaitForCamera(touchpad, true));
+    host.Type("chat");
+    EXPECT_TRUE(
+        WaitForLights(touchpad, [](const Lights& lights) { return lights.breathing != 0; }));
+    host.Type("read");
+    EXPECT_TRUE(
+        WaitForLights(touchpad, [](const Lights& lights) { return lights.breathing == 0; }));
+    host.Type("leave");
+    EXPECT_EQ(host.ExitCode(), 0U);
+    EXPECT_TRUE(kit::AllDark(touchpad.CurrentLights()));
+    EXPECT_EQ(log_.Lines().back(), "{INFO @ UnInitialize} Logger::UnInitialize");
+}
+
+INSTANTIATE_TEST_SUITE_P(, ExampleHosts, testing::Values(L"host.exe", L"watching_host.exe"));
+
+TEST_F(ExampleHost, TheWatchingHostLightsATouchpadThatComesBack) {
+    Program host(kit::ProgramFolder() / L"watching_host.exe", Argument());
+    host.Type("join");
+    host.Output("done join\n");
+    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    EXPECT_TRUE(WaitForCamera(virtual_touchpad::TouchpadControl(), false));
+    virtual_touchpad::UnplugAll();
+    EXPECT_THAT(host.Output("touchpad lost\n"), HasSubstr("callback: touchpad found\n"));
+    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    EXPECT_TRUE(WaitForCamera(virtual_touchpad::TouchpadControl(), false));
+    host.Type("leave");
+    EXPECT_EQ(host.ExitCode(), 0U);
+}
+
+}  // namespace
+}  // namespace guide
