@@ -24,6 +24,14 @@ vela_agent::Handlers EventQueue::Handlers() {
             }};
 }
 
+vela_agent::WatchHandlers EventQueue::WatchHandlers() {
+    const auto append = [this](const char* event) {
+        return [this, event] { Append({{"time", LocalTime()}, {"event", event}}); };
+    };
+    const vela_agent::Handlers session = Handlers();
+    return {session.onPress, session.onStatus, append("found"), append("lost"), append("held")};
+}
+
 std::optional<Json> EventQueue::Take() {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (events_.empty()) return {};

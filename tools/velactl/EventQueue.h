@@ -8,7 +8,7 @@
 #include <mutex>
 #include <optional>
 
-#include "VelaAgent.hpp"
+#include "VelaAgentWatch.hpp"
 #include "tools/velactl/Render.h"
 
 namespace velactl {
@@ -22,6 +22,8 @@ class EventQueue {
 
     // The handlers for a session; they append events with their time. The queue must outlive it.
     vela_agent::Handlers Handlers();
+    // The same for a watch, with what happens to the touchpad.
+    vela_agent::WatchHandlers WatchHandlers();
 
     // An auto-reset event, signalled after each append.
     HANDLE Arrival() const { return arrival_; }

@@ -14,6 +14,13 @@ void LightAll(vela_agent::Session& session, std::uint32_t activation) {
     if (!done) throw Failure("the touchpad was closed while its buttons were lit");
 }
 
+void LightAll(vela_agent::Settings& settings, std::uint32_t activation) {
+    settings.activation = activation;
+    settings.feature = true;
+    settings.chatBreathingEnabled = true;
+    for (vela_agent::ButtonSettings& button : settings.buttons) button = {true, true, false};
+}
+
 Hold::Hold(CLI::App& arguments) : seconds_(std::make_shared<double>(5)) {
     arguments
         .add_option("--hold", *seconds_,

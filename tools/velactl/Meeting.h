@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include "VelaAgentWatch.hpp"
 #include "tools/velactl/Context.h"
 #include "tools/velactl/ExitCodes.h"
 
@@ -14,6 +15,8 @@ namespace velactl {
 // Enables and shows all four buttons and activates the session, so that they are lit. Throws
 // Failure.
 void LightAll(vela_agent::Session& session, std::uint32_t activation);
+// Sets the same for a watch.
+void LightAll(vela_agent::Settings& settings, std::uint32_t activation);
 
 // The time that the touchpad stays open after a command's change; closing it turns its lights off.
 class Hold {

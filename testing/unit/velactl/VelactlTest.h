@@ -36,6 +36,10 @@ class VelactlTest : public testing::Test {
         path_ = virtual_touchpad::Plug(layout);
         touchpad_ = std::make_unique<TouchpadControl>(virtual_touchpad::kDefaultName, layout);
     }
+    void Unplug() {
+        touchpad_.reset();
+        virtual_touchpad::Unplug();
+    }
     TouchpadControl& Touchpad() { return *touchpad_; }
     // Returns the path in UTF-8; HID paths are plain letters and digits.
     std::string Path() const { return {path_.begin(), path_.end()}; }
