@@ -25,6 +25,7 @@ install(FILES
   include/VelaAgent.h
   include/VelaAgent.hpp
   include/VelaAgentDevices.hpp
+  include/VelaAgentExit.hpp
   include/VelaAgentSettings.hpp
   include/VelaAgentWatch.hpp
   ${VELA_VERSION_HEADER}

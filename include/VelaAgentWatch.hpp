@@ -13,6 +13,7 @@
 #define VELA_AGENT_WATCH_HPP
 
 #include "VelaAgentDevices.hpp"
+#include "VelaAgentExit.hpp"
 #include "VelaAgentSettings.hpp"
 
 #pragma push_macro("min")
@@ -238,6 +239,7 @@ class Watcher {
                 Handlers{[this](VelaButton button, bool light) { OnPress(button, light); },
                          [this](std::uint32_t status) { OnStatus(status); }});
             Replay(*session_, wanted);
+            PrepareExit();
         } catch (const OpenError& error) {
             result = error.Result();
         } catch (const std::logic_error&) {
@@ -259,8 +261,14 @@ class Watcher {
         isApplying_ = true;
         lock.unlock();
         Apply(*session_, old, now);
+        PrepareExit();
         lock.lock();
         isApplying_ = false;
+    }
+
+    // A touchpad that is away counts as detachable too.
+    void PrepareExit() const {
+        if (session_->IsDetachable()) OrderlyExit::Prepare();
     }
 
     static void Notify(Lock& lock, const std::function<void()>& handler) {
@@ -304,31 +312,42 @@ class Watcher {
 // also while there is no touchpad. Destroying it darkens and closes the touchpad. That waits for an
 // opening or a closing that is under way: usually milliseconds, up to 30 seconds for each write
 // when a touchpad takes none.
+//
+// A process may end as it likes after a detachable touchpad too, and keeps its exit code, if the
+// thread that ends it has used or destroyed the watch since. The libraries of the process are then
+// not notified of its end.
 class Watch : detail::SelfClosing {
  public:
     explicit Watch(Library library, WatchHandlers handlers = {})
         : watcher_(std::make_unique<detail::Watcher>(std::move(library), std::move(handlers))) {}
     ~Watch() {
         if (!MayClose()) static_cast<void>(watcher_.release());
+        watcher_.reset();
+        detail::OrderlyExit::CoverThisThread();
     }
 
     // Changes the settings, all at once; the touchpad follows on the watch's thread. `change` is
     // called before the function returns, and must not call the watch. The light of camera and
     // microphone is also changed by presses, and the chat's breathing by the end of a disable.
-    void Change(const std::function<void(Settings& settings)>& change) { watcher_->Change(change); }
+    void Change(const std::function<void(Settings& settings)>& change) { Use().Change(change); }
     // Returns the settings, with what presses have changed.
-    Settings Current() const { return watcher_->Current(); }
+    Settings Current() const { return Use().Current(); }
     // Returns whether the touchpad is open.
-    bool IsOpen() const { return watcher_->IsOpen(); }
+    bool IsOpen() const { return Use().IsOpen(); }
     // Closes the touchpad, opens it and sets everything again; without one, looks for it. For a
     // host that knows of a reason that the watch is not notified of, as another program that has
     // let the touchpad go.
-    void Refresh() { watcher_->Refresh(); }
+    void Refresh() { Use().Refresh(); }
     // Returns false where neither kind of notification works. The host then calls Refresh when a
     // device arrived or left, and after a resume.
-    bool IsNotified() const { return watcher_->IsNotified(); }
+    bool IsNotified() const { return Use().IsNotified(); }
 
  private:
+    detail::Watcher& Use() const {
+        detail::OrderlyExit::CoverThisThread();
+        return *watcher_;
+    }
+
     std::unique_ptr<detail::Watcher> watcher_;
 };
 

@@ -119,5 +119,5 @@ int wmain(int argc, wchar_t** argv) {
         std::fprintf(stderr, "watching_host: %s\n", error.what());
         return 1;
     }
-    vela_agent::LeaveProcess(0);  // its touchpad may have been a detachable one
+    return 0;
 }

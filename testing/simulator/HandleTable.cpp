@@ -8,15 +8,15 @@
 namespace simulator {
 namespace {
 
-// Values are multiples of four, as the platform's are. From the low end: two bits of zero, the
-// kind, the number, the count of restarts.
+// Values are multiples of four, as the platform's are. From the low end: two bits of zero, three
+// of the kind, the number, the count of restarts.
 constexpr int kKindShift = 2;
-constexpr int kNumberShift = 4;
+constexpr int kNumberShift = 5;
 constexpr int kRestartShift = 40;
-constexpr std::uint64_t kKindMask = 0x3;
+constexpr std::uint64_t kKindMask = 0x7;
 constexpr std::uint64_t kNumberMask = (std::uint64_t{1} << (kRestartShift - kNumberShift)) - 1;
 
-constexpr const char* kKindNames[] = {"file", "event", "mutex", "devices"};
+constexpr const char* kKindNames[] = {"file", "event", "mutex", "devices", "thread"};
 
 std::uint64_t ValueOf(HANDLE handle) { return reinterpret_cast<std::uintptr_t>(handle); }
 

@@ -15,7 +15,7 @@
 
 namespace simulator {
 
-enum class HandleKind : std::uint8_t { File, Event, Mutex, Devices };
+enum class HandleKind : std::uint8_t { File, Event, Mutex, Devices, Thread };
 
 // Callers hold the machine's lock.
 class HandleTable {

@@ -80,5 +80,19 @@ TEST_F(ExampleHost, TheWatchingHostLightsATouchpadThatComesBack) {
     EXPECT_EQ(host.ExitCode(), 0U);
 }
 
+// The library alone would end the process of a detachable touchpad with an exit code of its own.
+TEST_F(ExampleHost, EndsWithItsOwnExitCode) {
+    virtual_touchpad::TouchpadLayout detachable;
+    detachable.productString = L"Vela Detachable Touchpad";
+    for (const virtual_touchpad::TouchpadLayout& layout :
+         {virtual_touchpad::TouchpadLayout{}, detachable}) {
+        virtual_touchpad::Plug(layout);
+        const Program host(kit::ProgramFolder() / L"ending_host.exe");
+        EXPECT_EQ(host.ExitCode(), 42U);
+        EXPECT_TRUE(kit::AllDark(virtual_touchpad::TouchpadControl().CurrentLights()));
+        virtual_touchpad::UnplugAll();
+    }
+}
+
 }  // namespace
 }  // namespace guide

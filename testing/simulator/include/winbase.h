@@ -23,6 +23,10 @@
 #define GET_MODULE_HANDLE_EX_FLAG_PIN 0x00000001u
 #define GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS 0x00000004u
 
+#define STILL_ACTIVE ((DWORD)STATUS_PENDING)
+#define STACK_SIZE_PARAM_IS_A_RESERVATION 0x00010000u
+#define FLS_OUT_OF_INDEXES ((DWORD)0xFFFFFFFF)
+
 #define GMEM_FIXED 0x0000u
 #define GMEM_MOVEABLE 0x0002u
 #define GMEM_ZEROINIT 0x0040u
@@ -127,6 +131,16 @@ HMODULE WINAPI GetModuleHandleW(LPCWSTR lpModuleName);
 BOOL WINAPI GetModuleHandleExW(DWORD dwFlags, LPCWSTR lpModuleName, HMODULE* phModule);
 HMODULE WINAPI LoadLibraryExW(LPCWSTR lpLibFileName, HANDLE hFile, DWORD dwFlags);
 FARPROC WINAPI GetProcAddress(HMODULE hModule, LPCSTR lpProcName);
+
+typedef DWORD(WINAPI* LPTHREAD_START_ROUTINE)(LPVOID lpThreadParameter);
+HANDLE WINAPI CreateThread(LPSECURITY_ATTRIBUTES lpThreadAttributes, SIZE_T dwStackSize,
+                           LPTHREAD_START_ROUTINE lpStartAddress, LPVOID lpParameter,
+                           DWORD dwCreationFlags, LPDWORD lpThreadId);
+BOOL WINAPI GetExitCodeThread(HANDLE hThread, LPDWORD lpExitCode);
+void WINAPI Sleep(DWORD dwMilliseconds);
+typedef void(WINAPI* PFLS_CALLBACK_FUNCTION)(PVOID lpFlsData);
+DWORD WINAPI FlsAlloc(PFLS_CALLBACK_FUNCTION lpCallback);
+BOOL WINAPI FlsSetValue(DWORD dwFlsIndex, PVOID lpFlsData);
 
 HANDLE WINAPI GetCurrentProcess(void);
 BOOL WINAPI TerminateProcess(HANDLE hProcess, UINT uExitCode);
