@@ -5,6 +5,7 @@
 #include "testing/acceptance/guide/Program.h"
 #include "testing/kit/Reports.h"
 #include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/windows/Lights.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
 #include "testing/virtual-touchpad/descriptor/HapticLayout.h"
@@ -31,15 +32,14 @@ class GuideExamples : public testing::Test {
     }
 };
 
-TEST_F(GuideExamples, TheFirstHostLightsTheButtonsPrintsAPressAndExits) {
+class FirstHosts : public GuideExamples, public testing::WithParamInterface<const wchar_t*> {};
+
+TEST_P(FirstHosts, LightTheButtonsPrintAPressAndExit) {
     virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
     virtual_touchpad::TouchpadControl touchpad;
-    Program host(kit::ProgramFolder() / L"guide_first_host.exe");
+    Program host(kit::ProgramFolder() / GetParam());
     EXPECT_THAT(host.Output("leaves\n"), HasSubstr("press a button of the touchpad"));
-    EXPECT_TRUE(WaitForLights(touchpad, [](const Lights& lights) {
-        return lights.Brightness(0x21) == 3 && lights.Brightness(0x27) == 3 &&
-               lights.Brightness(0x24) == 3 && lights.Brightness(0x22) == 3;
-    }));
+    EXPECT_TRUE(WaitForLights(touchpad, kit::AllFourLit));
     touchpad.Press(kCameraButton);
     EXPECT_THAT(host.Output("goes on\n"), HasSubstr("button 0 pressed, its light goes on\n"));
     EXPECT_TRUE(
@@ -49,8 +49,22 @@ TEST_F(GuideExamples, TheFirstHostLightsTheButtonsPrintsAPressAndExits) {
     EXPECT_EQ(touchpad.CurrentLights().Brightness(0x20), 0);
 }
 
-TEST_F(GuideExamples, TheFirstHostSaysWhenThereIsNoTouchpad) {
+INSTANTIATE_TEST_SUITE_P(, FirstHosts,
+                         testing::Values(L"guide_first_host.exe", L"guide_by_hand.exe"));
+
+TEST_F(GuideExamples, TheFirstHostLightsATouchpadThatComesBack) {
     Program host(kit::ProgramFolder() / L"guide_first_host.exe");
+    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    host.Output("leaves\n");
+    virtual_touchpad::UnplugAll();
+    EXPECT_THAT(host.Output("gone\n"), HasSubstr("the touchpad is gone\n"));
+    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    const virtual_touchpad::TouchpadControl touchpad;
+    EXPECT_TRUE(WaitForLights(touchpad, kit::AllFourLit));
+}
+
+TEST_F(GuideExamples, TheHostByHandSaysWhenThereIsNoTouchpad) {
+    Program host(kit::ProgramFolder() / L"guide_by_hand.exe");
     EXPECT_EQ(host.ExitCode(), 1U);
     EXPECT_EQ(host.Output(), "no touchpad to open; VelaAgent.log says why\n");
 }
