@@ -34,6 +34,69 @@ export interface VelaAgentEvents {
   status: [status: Status];
 }
 
+/** What the host wants of a button; see `enableButton`, `setButtonVisible` and `setButtonLight`. */
+export interface ButtonSettings {
+  enabled: boolean;
+  visible: boolean;
+  light: boolean;
+}
+
+/**
+ * What the host wants of the touchpad; at first what a session begins with: 'deactivated', brightness 3, all
+ * else false. The click mode is not among it, as the device keeps that itself.
+ */
+export interface Settings {
+  activation: Activation;
+  feature: boolean;
+  brightness: number;
+  chatBreathingEnabled: boolean;
+  chatBreathing: boolean;
+  buttons: Record<Button, ButtonSettings>;
+}
+
+/** Some of the settings; the others stay as they are. */
+export type SettingsChange = Partial<Omit<Settings, 'buttons'>> & {
+  buttons?: Partial<Record<Button, Partial<ButtonSettings>>>;
+};
+
+export interface WatchEvents extends VelaAgentEvents {
+  /** The touchpad is open and shows the settings. */
+  found: [];
+  /** It was open and is gone. */
+  lost: [];
+  /** Another program has it open. */
+  'held-by-other': [];
+}
+
+/**
+ * The touchpad as the host wants it, until `close`: opened when it arrives, closed when it leaves, set again
+ * after every arrival and resume from sleep. It keeps the process running, also without a touchpad.
+ */
+export interface Watch extends EventEmitter {
+  /** A copy of the settings, with what presses and the touchpad have changed. */
+  readonly settings: Settings;
+  readonly isOpen: boolean;
+  /**
+   * False where the system does not notify of devices (before Windows 8). The host then calls `refresh` when a
+   * device arrived or left, and after a resume.
+   */
+  readonly isNotified: boolean;
+
+  /**
+   * Resolves when the touchpad, if there is one, has the settings. Throws at once, and changes nothing, when a
+   * setting is wrong.
+   */
+  change(change: SettingsChange): Promise<void>;
+  /** Closes the touchpad, opens it and sets everything again; without one, looks for it. */
+  refresh(): Promise<void>;
+  /** Darkens and closes the touchpad, and ends the notifications. */
+  close(): Promise<void>;
+
+  on<Name extends keyof WatchEvents>(name: Name, listener: (...args: WatchEvents[Name]) => void): this;
+  once<Name extends keyof WatchEvents>(name: Name, listener: (...args: WatchEvents[Name]) => void): this;
+  off<Name extends keyof WatchEvents>(name: Name, listener: (...args: WatchEvents[Name]) => void): this;
+}
+
 /**
  * The one touchpad session of a DLL. Calls that reach the device, the disk or another thread return
  * promises and run one after the other, in the order of the calls; those that only read a flag return it.
@@ -70,6 +133,12 @@ export class VelaAgent extends EventEmitter {
   open(): Promise<OpenResult>;
   /** Turns the lights off and closes the touchpad; waits for a write in flight, up to 30 seconds. */
   close(): Promise<boolean>;
+
+  /**
+   * Watches the touchpad. Until the watch is closed the host leaves `open`, `close` and the setters alone. Throws
+   * when the agent is open, or has a watch.
+   */
+  watch(settings?: SettingsChange): Watch;
 
   enableFeature(on: boolean): Promise<boolean>;
   readonly isFeatureEnabled: boolean;

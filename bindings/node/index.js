@@ -7,6 +7,7 @@ const { ExitGuard } = require('./lib/exit');
 const { loadLibrary, VelaLibraryError } = require('./lib/library');
 const { existingDirectory } = require('./lib/logDirectory');
 const names = require('./lib/names');
+const { Watch } = require('./lib/watch');
 
 // A timer longer than any session keeps the process running while one is open, as an open socket does.
 const kKeepAliveMilliseconds = 0x7fffffff;
@@ -21,6 +22,7 @@ class VelaAgent extends EventEmitter {
   #exit;
   #onPress;
   #onStatus;
+  #watch;
 
   /** Returns the agent of the DLL at this full path. Throws a VelaLibraryError. */
   static load(path) {
@@ -83,6 +85,15 @@ class VelaAgent extends EventEmitter {
     clearInterval(this.#keepAlive);
     this.#exit.closed();
     return closed;
+  }
+
+  /** Returns a Watch, which opens and closes the touchpad by itself until it is closed. */
+  watch(settings = {}) {
+    if (this.#isOpen || this.#watch) throw new Error('the touchpad is open already');
+    this.#watch = new Watch(this, settings, () => {
+      this.#watch = undefined;
+    });
+    return this.#watch;
   }
 
   enableFeature(on) {

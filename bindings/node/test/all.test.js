@@ -2,4 +2,5 @@
 // Tests the package in Node for Windows, with VelaAgent.dll and the virtual touchpad.
 require('./loading.js');
 require('./session.js');
+require('./watch.js');
 require('./exiting.js');

@@ -32,6 +32,7 @@ describe('a host that exits', () => {
 
     it('closes by itself what it left open', () => assert.equal(run('leave-open'), 7));
     it('needs nothing after it has closed', () => assert.equal(run('close'), 7));
+    it('ends its watch as well', () => assert.equal(run('watch'), 7));
     it('does so after an error that nobody caught', () => assert.equal(run('throw'), 1));
   });
 
@@ -40,6 +41,7 @@ describe('a host that exits', () => {
     after(() => touchpad.unplug());
 
     it('keeps its exit code when it left it open', () => assert.equal(run('leave-open'), 7));
+    it('keeps its exit code when it watches the touchpad', () => assert.equal(run('watch'), 7));
     it('keeps its exit code after it has closed', () => assert.equal(run('close'), 7));
   });
 });

@@ -1,5 +1,5 @@
 // This file is compiled, never run: the declarations accept a host's code and reject mistakes.
-import { VelaAgent, VelaLibraryError, Button, Status } from '..';
+import { VelaAgent, VelaLibraryError, Watch, Button, Status } from '..';
 
 export async function host(path: string): Promise<void> {
   const agent: VelaAgent = VelaAgent.load(path);
@@ -12,6 +12,15 @@ export async function host(path: string): Promise<void> {
   console.log(done, level, agent.isActivated);
   await agent.close();
 
+  const watch: Watch = agent.watch({ activation: 'active', buttons: { chat: { visible: true } } });
+  watch.on('found', () => console.log(watch.settings.buttons.chat.light, watch.isNotified));
+  watch.once('press', (button: Button, light: boolean) => console.log(button, light));
+  await watch.change({ brightness: 20 });
+  await watch.refresh();
+  await watch.close();
+
+  // @ts-expect-error: no such setting
+  await watch.change({ volume: 3 });
   // @ts-expect-error: no such button
   await agent.setButtonLight('speaker', true);
   // @ts-expect-error: no such activation

@@ -1,0 +1,209 @@
+'use strict';
+// Keeps the touchpad as the host wants it, whatever happens to it: opens it when it arrives, closes it when it
+// leaves, and after every arrival and resume sets again what the host has set.
+const { EventEmitter } = require('node:events');
+const { DeviceEvents } = require('./deviceEvents');
+const { FollowedSettings } = require('./followedSettings');
+const { apply, replay } = require('./settings');
+
+// A device has several interfaces, which come and leave one after the other.
+const kSettlingMilliseconds = 20;
+// The pauses between tries double from the first: 12.7 s in all.
+const kFirstPauseMilliseconds = 50;
+const kMostTries = 9;
+const kKeepAliveMilliseconds = 0x7fffffff;
+
+class Watch extends EventEmitter {
+  #agent;
+  #onEnd;
+  #events;
+  #keepAlive;
+  #settings;
+  #isOpen = false;
+  #isApplying = false;
+  #isSwitching = false;
+  #reopens = false;
+  #opens = true;
+  #tries = 0; // that failed in a row
+  #openTimer;
+  #againTimer;
+  #running; // the promise of the work under way
+  #closing;
+
+  /** Hosts call VelaAgent's watch instead. */
+  constructor(agent, settings, onEnd) {
+    super();
+    this.#settings = new FollowedSettings(settings);
+    this.#agent = agent;
+    this.#onEnd = onEnd;
+    this.#keepAlive = setInterval(() => {}, kKeepAliveMilliseconds);
+    agent.on('press', this.#onPress).on('status', this.#onStatus);
+    this.#events = new DeviceEvents({
+      onArrival: () => this.#isOpen || this.#tryAgain(() => (this.#opens = true)),
+      onRemoval: () => (this.#isOpen || this.#running) && this.#tryAgain(() => (this.#reopens = true)),
+      onResume: () => this.#tryAgain(() => (this.#reopens = true)),
+    });
+    this.#work();
+  }
+
+  get settings() {
+    return structuredClone(this.#settings.wanted);
+  }
+  get isOpen() {
+    return this.#isOpen;
+  }
+  get isNotified() {
+    return this.#events.isOn;
+  }
+
+  change(change) {
+    this.#settings.change(change);
+    return this.#work();
+  }
+
+  refresh() {
+    this.#tries = 0;
+    this.#reopens = true;
+    return this.#work();
+  }
+
+  close() {
+    this.#closing ??= this.#end();
+    return this.#closing;
+  }
+
+  async #end() {
+    await this.#running;
+    clearInterval(this.#keepAlive);
+    this.#forgetTimers();
+    await this.#events.end();
+    this.#agent.off('press', this.#onPress).off('status', this.#onStatus);
+    this.#isOpen = false;
+    await this.#agent.close();
+    this.#onEnd();
+  }
+
+  // ---- what happens outside
+
+  #tryAgain(mark) {
+    if (this.#closing) return;
+    this.#tries = 0;
+    this.#openAfter(kSettlingMilliseconds, mark);
+  }
+
+  // While settings are being set it is not known which of them the press met.
+  #onPress = (button, light) => {
+    if (!this.#settings.followPress(button, light) || this.#isApplying) this.#setAgainSoon();
+    this.emit('press', button, light);
+  };
+
+  // The session may stop the breathing only after the status.
+  #onStatus = (status) => {
+    const isTouchpads = ['normal', 'temporarily-disabled', 'disabled'].includes(status);
+    if (isTouchpads && !(this.#isSwitching && status === 'normal')) this.#settings.followStatus(status);
+    if (isTouchpads && status !== 'disabled') this.#setAgainSoon();
+    this.emit('status', status);
+  };
+
+  // Makes a call that reports statuses itself.
+  #switching = async (call) => {
+    this.#isSwitching = true;
+    try {
+      await call();
+    } finally {
+      this.#isSwitching = false;
+    }
+  };
+
+  #setAgainSoon() {
+    clearTimeout(this.#againTimer);
+    this.#againTimer = setTimeout(() => {
+      this.#settings.doubt();
+      this.#work();
+    }, kSettlingMilliseconds);
+  }
+
+  // ---- opening and setting, one thing at a time
+
+  #work() {
+    this.#running ??= this.#run();
+    return this.#running;
+  }
+
+  async #run() {
+    await null; // until #running is set
+    try {
+      while (!this.#closing) {
+        if (this.#reopens) await this.#reopen();
+        else if (this.#opens && !this.#isOpen) await this.#open();
+        else if (this.#isOpen && !this.#settings.areApplied) await this.#apply();
+        else break;
+      }
+    } finally {
+      this.#running = undefined;
+    }
+  }
+
+  // A listener that throws does not stop the work.
+  #notify(name) {
+    process.nextTick(() => this.emit(name));
+  }
+
+  // The host is notified only when the touchpad is gone then.
+  async #reopen() {
+    const wasOpen = this.#isOpen;
+    this.#reopens = false;
+    this.#isOpen = false;
+    await this.#switching(() => this.#agent.close());
+    const result = await this.#tryOpen();
+    if (this.#isOpen !== wasOpen) this.#notify(this.#isOpen ? 'found' : 'lost');
+    if (result === 'held-by-other') this.#notify(result);
+  }
+
+  async #open() {
+    const isFirst = this.#tries === 0;
+    const result = await this.#tryOpen();
+    if (result === 'open') this.#notify('found');
+    if (result === 'held-by-other' && isFirst) this.#notify(result);
+  }
+
+  async #tryOpen() {
+    this.#opens = false;
+    this.#forgetTimers();
+    this.#settings.forgetStatus();
+    const [, wanted] = this.#settings.startApplying();
+    this.#isApplying = true;
+    const result = await this.#agent.open();
+    if (result === 'open') await replay(this.#agent, wanted, this.#switching);
+    this.#isApplying = false;
+    this.#isOpen = result === 'open';
+    if (!this.#isOpen && !this.#openTimer && ++this.#tries < kMostTries) {
+      this.#openAfter(kFirstPauseMilliseconds * 2 ** (this.#tries - 1), () => (this.#opens = true));
+    }
+    return result;
+  }
+
+  async #apply() {
+    const [old, now] = this.#settings.startApplying();
+    this.#isApplying = true;
+    await apply(this.#agent, old, now, this.#switching);
+    this.#isApplying = false;
+  }
+
+  #openAfter(milliseconds, mark) {
+    clearTimeout(this.#openTimer);
+    this.#openTimer = setTimeout(() => {
+      this.#openTimer = undefined;
+      mark();
+      this.#work();
+    }, milliseconds);
+  }
+
+  #forgetTimers() {
+    clearTimeout(this.#openTimer);
+    clearTimeout(this.#againTimer);
+    this.#openTimer = undefined;
+  }
+}
+
+module.exports = { Watch };

@@ -1,0 +1,19 @@
+'use strict';
+// Loads other libraries in place of those that notify of devices, which on Wine lack the functions.
+const path = require('node:path');
+const koffi = require('koffi');
+
+const load = koffi.load;
+
+function notifyBy(library) {
+  const places = { 'cfgmgr32.dll': library, 'powrprof.dll': library };
+  koffi.load = (file) => load(places[path.basename(file)] ?? file);
+}
+
+module.exports = {
+  // A library of the tests' own, which passes on what a window is notified of.
+  useStandIn: () => notifyBy(path.join(process.env.VELA_BIN, 'manager_stand_in.dll')),
+  // One without the functions, as on a Windows before 8.
+  useNone: () => notifyBy(path.join(process.env.SystemRoot, 'System32', 'hid.dll')),
+  useSystem: () => (koffi.load = load),
+};
