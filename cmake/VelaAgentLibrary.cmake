@@ -22,5 +22,6 @@ else()
   target_compile_options(VelaAgent PRIVATE
     -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -fvisibility=hidden)
   target_link_options(VelaAgent PRIVATE
-    -static -s -Wl,--gc-sections -Wl,--dynamicbase,--high-entropy-va,--nxcompat -Wl,--no-insert-timestamp)
+    -static -Wl,--gc-sections -Wl,--dynamicbase,--high-entropy-va,--nxcompat -Wl,--no-insert-timestamp)
 endif()
+include(VelaAgentSymbols)
