@@ -18,10 +18,8 @@ if(MSVC)
   target_compile_options(VelaAgent PRIVATE /guard:cf)
   target_link_options(VelaAgent PRIVATE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf)
 else()
-  # Paths of the build machine stay out of the file (assertions of the C++ runtime would bring them).
-  target_compile_options(VelaAgent PRIVATE
-    -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -fvisibility=hidden)
+  target_compile_options(VelaAgent PRIVATE -fvisibility=hidden)
   target_link_options(VelaAgent PRIVATE
-    -static -Wl,--gc-sections -Wl,--dynamicbase,--high-entropy-va,--nxcompat -Wl,--no-insert-timestamp)
+    -static -Wl,--gc-sections -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 endif()
 include(VelaAgentSymbols)

@@ -18,8 +18,15 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/VelaAgentConfigVersion.cmake
   DESTINATION ${package_folder})
 
+if(VELA_LIB)
+  install(FILES ${VELA_LIB} DESTINATION lib)
+endif()
 if(VELA_TOOLS)
-  install(TARGETS velactl RUNTIME DESTINATION bin)
+  install(TARGETS velactl velapanel RUNTIME DESTINATION bin)
+endif()
+if(VELA_DRIVER)
+  # velapanel installs the virtual touchpad's driver from the folder beside it.
+  install(DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/virtual-touchpad DESTINATION bin)
 endif()
 install(FILES
   include/VelaAgent.h
@@ -36,9 +43,14 @@ install(FILES interface/VelaAgent.def DESTINATION lib)
 install(FILES packaging/Vela.ini DESTINATION share/VelaAgent)
 install(FILES
   packaging/README.md
+  CHANGELOG.md
+  docs/device-guide.md
+  docs/host-guide.md
   docs/processes-and-users.md
+  docs/reading-a-dump.md
   docs/troubleshooting.md
   examples/host/host.c
+  examples/host/watching_host.cpp
   examples/recover/recover.c
   DESTINATION share/doc/VelaAgent)
 
