@@ -9,7 +9,7 @@ add_library(VelaAgent SHARED
   ${CMAKE_CURRENT_BINARY_DIR}/VelaAgent.rc)
 set_target_properties(VelaAgent PROPERTIES PREFIX "")
 target_include_directories(VelaAgent PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>)
-target_link_libraries(VelaAgent PRIVATE vela_warnings hid setupapi)
+target_link_libraries(VelaAgent PRIVATE vela_warnings)
 target_compile_definitions(VelaAgent PRIVATE UNICODE _UNICODE)
 
 if(MSVC)
@@ -22,4 +22,5 @@ else()
   target_link_options(VelaAgent PRIVATE
     -static -Wl,--gc-sections -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 endif()
+include(VelaAgentDelayLoading)
 include(VelaAgentSymbols)

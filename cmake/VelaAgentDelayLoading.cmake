@@ -1,0 +1,21 @@
+# hid.dll and setupapi.dll are loaded at the library's first call to them, not with it: they, and what they
+# need themselves, take several times as long as the library, and many hosts never find a touchpad.
+set(delay_loaded hid setupapi)
+if(MSVC)
+  target_link_libraries(VelaAgent PRIVATE ${delay_loaded} delayimp)
+  list(TRANSFORM delay_loaded REPLACE "(.+)" "/DELAYLOAD:\\1.dll")
+  target_link_options(VelaAgent PRIVATE ${delay_loaded})
+  return()
+endif()
+
+foreach(system_library IN LISTS delay_loaded)
+  set(definition ${CMAKE_SOURCE_DIR}/cmake/delay-loaded/${system_library}.def)
+  set(import_library ${CMAKE_CURRENT_BINARY_DIR}/lib${system_library}_delayed.a)
+  add_custom_command(OUTPUT ${import_library}
+    COMMAND ${CMAKE_DLLTOOL} --input-def ${definition} --output-delaylib ${import_library}
+    DEPENDS ${definition}
+    VERBATIM)
+  target_sources(VelaAgent PRIVATE ${import_library})
+  target_link_libraries(VelaAgent PRIVATE ${import_library})
+endforeach()
+target_link_libraries(VelaAgent PRIVATE delayimp)
