@@ -46,9 +46,7 @@ async function waitForLights(expected) {
 
 const user = koffi.load('user32.dll');
 const findWindow = user.func('void *FindWindowExW(intptr_t parent, void *after, str16 name, void *title)');
-const post = user.func('int PostMessageW(void *window, uint32_t message, uintptr_t what, intptr_t data)');
 const standInsWindow = () => findWindow(-3, null, 'VelaAgentWatch', null); // HWND_MESSAGE
-const resume = () => post(standInsWindow(), 0x218, 18, 0); // WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC
 
 describe('a watch that is notified', () => {
   before(notifications.useStandIn);
@@ -103,7 +101,7 @@ describe('a watch that is notified', () => {
     const statuses = [];
     watch.on('status', (status) => statuses.push(status));
     const status = once(watch, 'status'); // of the activation after it
-    resume();
+    notifications.resume();
     await status;
     await waitForLights(lights);
     assert.deepEqual(watch.seen, ['found']);

@@ -2,6 +2,7 @@
 // notifications: it passes on what a window is notified of, with one registration of each kind.
 #include <cstring>
 #include <memory>
+#include <thread>
 #include <vector>
 
 #include "VelaAgentDevices.hpp"
@@ -75,5 +76,8 @@ DWORD StandInUnregisterPower(void* handle) {
     powerRecipient = nullptr;
     return ERROR_SUCCESS;
 }
+
+// Does as if the machine resumed from sleep, on a thread as the system's.
+void StandInResume() { std::thread(events.onResume).detach(); }
 
 }  // extern "C"
