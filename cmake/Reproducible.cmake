@@ -2,5 +2,8 @@
 # stay out of the files (assertions and debug information would bring them), and so does the time.
 if(MINGW)
   add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
-  add_link_options(-Wl,--no-insert-timestamp)
+  # zig's linker, which makes no release, rejects the option.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    add_link_options(-Wl,--no-insert-timestamp)
+  endif()
 endif()

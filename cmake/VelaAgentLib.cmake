@@ -1,6 +1,6 @@
 # VelaAgent.lib, the import library in the form of Microsoft's linker, made of the names in
-# interface/VelaAgent.def.
-if(MSVC)
+# interface/VelaAgent.def, for x64.
+if(MSVC OR CMAKE_SYSTEM_PROCESSOR STREQUAL ARM64)
   return()
 endif()
 find_program(VELA_LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14)

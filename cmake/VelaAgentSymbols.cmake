@@ -5,6 +5,11 @@ if(MSVC)
   target_link_options(VelaAgent PRIVATE /DEBUG /OPT:REF /OPT:ICF /PDBALTPATH:VelaAgent.pdb)
   return()
 endif()
+# A DLL that is only a check (cmake/zig-arm64.cmake) has no symbols.
+if(NOT CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  target_link_options(VelaAgent PRIVATE -s)
+  return()
+endif()
 
 # The linker writes the record, and a PDB that lacks lines and local functions and contains this machine's
 # paths. It is not used: make-pdb makes another from the DWARF information, where LLVM's library is.
