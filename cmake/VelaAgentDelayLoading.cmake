@@ -8,6 +8,12 @@ if(MSVC)
   return()
 endif()
 
+# The import libraries are made by GNU's dlltool, for GNU's linker.
+if(NOT CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  target_link_libraries(VelaAgent PRIVATE ${delay_loaded})
+  return()
+endif()
+
 foreach(system_library IN LISTS delay_loaded)
   set(definition ${CMAKE_SOURCE_DIR}/cmake/delay-loaded/${system_library}.def)
   set(import_library ${CMAKE_CURRENT_BINARY_DIR}/lib${system_library}_delayed.a)
