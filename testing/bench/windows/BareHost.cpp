@@ -1,6 +1,7 @@
 #include <mutex>
 #include <stdexcept>
 
+#include "hid/HidHeaders.h"
 #include "testing/bench/Stopwatch.h"
 #include "testing/bench/windows/Host.h"
 
@@ -15,8 +16,9 @@ constexpr BYTE kLightReports[2][kLightReportSize] = {{2, 0, 3, 3, 3, 0, 3, 0, 0x
 }  // namespace
 
 BareHost::BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad,
-                   WritesOn thread)
+                   WritesOn thread, Queries queries)
     : touchpad_(touchpad),
+      queries_(queries),
       file_(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                         FILE_FLAG_OVERLAPPED, nullptr)),
       readEvent_(CreateEventW(nullptr, FALSE, FALSE, nullptr)),
@@ -49,8 +51,11 @@ void BareHost::Read() {
             Write(press);
             continue;
         }
-        const std::lock_guard<vela::SlimMutex> lock(mutex_);
-        queue_.push_back(press);
+        QueryConnection();
+        {
+            const std::lock_guard<vela::SlimMutex> lock(mutex_);
+            queue_.push_back(press);
+        }
         queued_.notify_all();
     }
 }
@@ -60,6 +65,7 @@ void BareHost::WriteQueued() {
     while (!stop_) {
         while (queue_.empty() && !stop_) queued_.wait(mutex_);
         while (!queue_.empty()) {
+            QueryConnection();
             Write(queue_.front());
             queue_.pop_front();
         }
@@ -71,6 +77,12 @@ bool BareHost::Write(std::size_t press) {
     write.hEvent = writeEvent_;
     const BYTE(&lights)[kLightReportSize] = kLightReports[press % 2];
     return Finish(WriteFile(file_, lights, sizeof(lights), nullptr, &write), write);
+}
+
+void BareHost::QueryConnection() const {
+    PHIDP_PREPARSED_DATA preparsed = nullptr;
+    if (queries_ == Queries::None || !HidD_GetPreparsedData(file_, &preparsed)) return;
+    HidD_FreePreparsedData(preparsed);
 }
 
 bool BareHost::Finish(BOOL done, OVERLAPPED& overlapped) {

@@ -36,14 +36,17 @@ class AgentHost final : public Host {
 };
 
 enum class WritesOn { TheReader, AThreadOfItsOwn };
+enum class Queries { None, Connection };
 
 // Waits for a report, records the time, writes one of two light reports and waits until it is
 // written, either on the same thread or on a second one. The agent needs a second one because its
-// host may set lights too; the one here is woken in the same way.
+// host may set lights too; the one here is woken in the same way. For a detachable touchpad the
+// agent queries whether it is connected, once before it composes a report and once before it
+// writes it; so does this host when it is to.
 class BareHost final : public Host {
  public:
-    BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad,
-             WritesOn thread);
+    BareHost(const std::wstring& path, virtual_touchpad::TouchpadControl& touchpad, WritesOn thread,
+             Queries queries = Queries::None);
     ~BareHost() override;
     BareHost(const BareHost&) = delete;
     BareHost& operator=(const BareHost&) = delete;
@@ -54,9 +57,11 @@ class BareHost final : public Host {
     void Read();
     void WriteQueued();
     bool Write(std::size_t press);
+    void QueryConnection() const;
     bool Finish(BOOL done, OVERLAPPED& overlapped);
 
     virtual_touchpad::TouchpadControl& touchpad_;
+    const Queries queries_;
     HANDLE file_;
     HANDLE readEvent_;
     HANDLE writeEvent_;

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "include/VelaAgent.hpp"
 #include "testing/bench/Row.h"
 #include "testing/bench/Run.h"
 #include "testing/bench/Stopwatch.h"
@@ -68,9 +69,9 @@ Latencies PressesOnAgent(const kit::AgentDll& agent, virtual_touchpad::TouchpadC
     return Presses(touchpad, host);
 }
 
-Latencies PressesOnBareHost(const std::wstring& path, WritesOn thread,
+Latencies PressesOnBareHost(const std::wstring& path, WritesOn thread, Queries queries,
                             virtual_touchpad::TouchpadControl& touchpad) {
-    BareHost host(path, touchpad, thread);
+    BareHost host(path, touchpad, thread, queries);
     return Presses(touchpad, host);
 }
 
@@ -93,9 +94,11 @@ class Logging {
 
 struct LatencyRow {
     const char* what;
+    const wchar_t* product;
     bool logged;
     const char* peer;
     WritesOn peerWritesOn;
+    Queries peerQueries;
     Samples Latencies::*latency;
     std::optional<double> target;
 };
@@ -105,33 +108,48 @@ constexpr char kLit[] = "Wine: press to the light report";
 constexpr char kReads[] = "bare ReadFile loop";
 constexpr char kReadsAndWrites[] = "bare read and write loop";
 constexpr char kHandsOver[] = "the same, writing on a second thread";
+constexpr char kHandsOverAndQueries[] =
+    "the same, writing on a second thread, and the same queries";
 constexpr WritesOn kOne = WritesOn::TheReader;
 constexpr WritesOn kTwo = WritesOn::AThreadOfItsOwn;
+constexpr Queries kNone = Queries::None;
+constexpr wchar_t kFixed[] = L"Vela Touchpad";
+constexpr wchar_t kDetachable[] = L"Vela Detachable Touchpad";
+constexpr char kLitDetachable[] = "Wine: press to the light report, detachable touchpad";
 
 constexpr LatencyRow kRows[] = {
-    {kSeen, false, kReads, kOne, &Latencies::seen, 1.05},
-    {kLit, false, kReadsAndWrites, kOne, &Latencies::lit, 1.15},
-    {kLit, false, kHandsOver, kTwo, &Latencies::lit, {}},
-    {kSeen, true, kReads, kOne, &Latencies::seen, {}},
-    {kLit, true, kReadsAndWrites, kOne, &Latencies::lit, 2},
-    {kLit, true, kHandsOver, kTwo, &Latencies::lit, {}},
+    {kSeen, kFixed, false, kReads, kOne, kNone, &Latencies::seen, 1.05},
+    {kLit, kFixed, false, kReadsAndWrites, kOne, kNone, &Latencies::lit, 1.15},
+    {kLit, kFixed, false, kHandsOver, kTwo, kNone, &Latencies::lit, 1.05},
+    {kSeen, kFixed, true, kReads, kOne, kNone, &Latencies::seen, {}},
+    {kLit, kFixed, true, kReadsAndWrites, kOne, kNone, &Latencies::lit, 2},
+    {kLit, kFixed, true, kHandsOver, kTwo, kNone, &Latencies::lit, {}},
+    {kLitDetachable, kDetachable, false, kHandsOverAndQueries, kTwo, Queries::Connection,
+     &Latencies::lit, 1.05},
+    {kLitDetachable, kDetachable, false, kHandsOver, kTwo, kNone, &Latencies::lit, {}},
 };
 
 void PressInTurns(benchmark::State& state, const Row& row, const LatencyRow& wanted) {
     virtual_touchpad::UnplugAll();
-    const std::wstring path = virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
+    virtual_touchpad::TouchpadLayout layout;
+    layout.productString = wanted.product;
+    const std::wstring path = virtual_touchpad::Plug(layout);
     virtual_touchpad::TouchpadControl touchpad;
     const kit::AgentDll agent;
     const Logging logging(agent, wanted.logged);
     TakeTurns(
         state, row, [&] { return PressesOnAgent(agent, touchpad).*wanted.latency; },
-        [&] { return PressesOnBareHost(path, wanted.peerWritesOn, touchpad).*wanted.latency; });
+        [&] {
+            return PressesOnBareHost(path, wanted.peerWritesOn, wanted.peerQueries, touchpad).*
+                   wanted.latency;
+        });
 }
 
 }  // namespace
 
+// A process that had a detachable touchpad open is not unloaded.
 int main(int argc, char** argv) {
-    return Run(argc, argv, [] {
+    vela_agent::LeaveProcess(Run(argc, argv, [] {
         for (const LatencyRow& wanted : kRows) {
             const std::string what =
                 std::string(wanted.what) + (wanted.logged ? ", logger running" : "");
@@ -141,5 +159,5 @@ int main(int argc, char** argv) {
                      })
                 ->UseManualTime();
         }
-    });
+    }));
 }
