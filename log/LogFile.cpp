@@ -16,13 +16,13 @@ HANDLE OpenForAppending(const std::wstring& path) {
 std::string WithCarriageReturns(const std::string& text) {
     std::string result;
     result.reserve(text.size() + 1);
-    std::size_t start = 0;
+    std::size_t copied = 0;
     for (std::size_t end = text.find('\n'); end != std::string::npos;
-         end = text.find('\n', start)) {
-        result.append(text, start, end - start).append("\r\n");
-        start = end + 1;
+         end = text.find('\n', copied)) {
+        result.append(text, copied, end - copied).append("\r\n");
+        copied = end + 1;
     }
-    return result.append(text, start, std::string::npos);
+    return result.append(text.substr(copied));
 }
 
 // False when not all of the text is in the file, with the last error.
