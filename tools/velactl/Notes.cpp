@@ -14,7 +14,7 @@ class NoteTaker : public vela::ILog {
  public:
     void Initialize(const std::wstring&) override {}
     void UnInitialize() override {}
-    void Log(std::uint32_t level, const std::string&, const char* format, ...) override {
+    void Log(std::uint32_t level, const char*, const char* format, ...) override {
         if (level > vela::kLogWarning) return;
         va_list arguments{};
         va_start(arguments, format);
