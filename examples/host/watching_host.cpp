@@ -5,6 +5,7 @@
 //
 // The directory, the lines on standard input and those on standard output are as in host.c; "join"
 // does not fail without a touchpad, as one may come.
+#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <iostream>
@@ -25,7 +26,8 @@ void Print(const std::string& line) {
 // Handlers are called on threads of the library and of the watch. A real host posts to its own.
 void OnPress(VelaButton button, bool newLight) {
     constexpr const char* kNames[] = {"camera", "microphone", "chat", "share screen"};
-    const std::string name = button < std::size(kNames) ? kNames[button] : "unknown";
+    const auto id = static_cast<std::size_t>(button);
+    const std::string name = id < std::size(kNames) ? kNames[id] : "unknown";
     Print("callback: " + name + " pressed, light to be " + (newLight ? "on" : "off"));
 }
 
