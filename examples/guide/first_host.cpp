@@ -15,7 +15,7 @@ static std::filesystem::path AgentPath() {
 static std::filesystem::path LogFolder() {
     wchar_t folder[1024] = {};
     GetEnvironmentVariableW(L"LOCALAPPDATA", folder, 1024);
-    const std::filesystem::path own = std::filesystem::path(folder) / L"MyHost";
+    std::filesystem::path own = std::filesystem::path(folder) / L"MyHost";
     std::filesystem::create_directories(own);
     return own;
 }
