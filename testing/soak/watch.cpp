@@ -250,5 +250,6 @@ int main(int argc, char** argv) {
     } catch (const std::exception& error) {
         PrintLine(std::string("ended by: ") + error.what());
     }
+    virtual_touchpad::UnplugAll();
     LeaveAtOnce(exitCode);
 }
