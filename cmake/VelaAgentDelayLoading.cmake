@@ -16,9 +16,14 @@ endif()
 
 foreach(system_library IN LISTS delay_loaded)
   set(definition ${CMAKE_SOURCE_DIR}/cmake/delay-loaded/${system_library}.def)
-  set(import_library ${CMAKE_CURRENT_BINARY_DIR}/lib${system_library}_delayed.a)
+  set(name lib${system_library}_delayed.a)
+  set(import_library ${CMAKE_CURRENT_BINARY_DIR}/${name})
+  # The output's name, as it is given, becomes a part of the symbols' names: a path would differ between
+  # two builds.
   add_custom_command(OUTPUT ${import_library}
-    COMMAND ${CMAKE_DLLTOOL} --input-def ${definition} --output-delaylib ${import_library}
+    COMMAND ${CMAKE_DLLTOOL} --deterministic-libraries --temp-prefix ${system_library}_delayed
+      --input-def ${definition} --output-delaylib ${name}
+    WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}
     DEPENDS ${definition}
     VERBATIM)
   target_sources(VelaAgent PRIVATE ${import_library})
