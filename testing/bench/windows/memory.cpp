@@ -33,7 +33,8 @@ void Occupy(benchmark::State& state, const Row& row) {
     double agent = 0;
     for (auto _ : state) {
         const double before = PrivateMemory();
-        LoadLibraryW((kit::ProgramFolder() / "bench_empty.dll").c_str());
+        const HMODULE empty = LoadLibraryW((kit::ProgramFolder() / "bench_empty.dll").c_str());
+        if (empty == nullptr) throw std::runtime_error("bench_empty.dll cannot be loaded");
         const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                                         OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
         peer = PrivateMemory() - before;
@@ -42,6 +43,7 @@ void Occupy(benchmark::State& state, const Row& row) {
         const kit::AgentDll dll;
         const AgentHost host(dll);
         agent = PrivateMemory() - closed;
+        FreeLibrary(empty);
     }
     Report(state, row, agent, peer);
     virtual_touchpad::UnplugAll();
