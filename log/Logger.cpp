@@ -111,7 +111,8 @@ void Logger::EnqueueLogEntry(std::uint32_t level, std::string message, bool writ
 }
 
 void Logger::LogThreadProc() {
-    // Taken off the queue all at once: callers seldom wait for the queue's lock then.
+    // The writer takes all queued entries at once, so that callers seldom wait for the queue's
+    // lock.
     std::deque<LogEntry> taken;
     while (!stop_) {
         {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "testing/acceptance/guide/HostTest.h"
 #include "testing/acceptance/guide/Program.h"
 #include "testing/kit/LogFolder.h"
 #include "testing/kit/windows/AgentDll.h"
@@ -18,20 +19,10 @@ using testing::HasSubstr;
 using testing::StartsWith;
 using virtual_touchpad::Lights;
 
-constexpr std::chrono::seconds kPatience{20};
-
 // The example hosts take the same commands.
-class ExampleHost : public testing::Test {
+class ExampleHost : public HostTest {
  protected:
-    ExampleHost() { virtual_touchpad::UnplugAll(); }
-    ~ExampleHost() override { virtual_touchpad::UnplugAll(); }
-
     std::wstring Argument() const { return L"\"" + log_.Path().wstring() + L"\""; }
-    static bool WaitForLights(const virtual_touchpad::TouchpadControl& touchpad,
-                              const std::function<bool(const Lights&)>& wanted) {
-        return touchpad.Device().WaitForState(
-            [&](const VirtualHidState&) { return wanted(touchpad.CurrentLights()); }, kPatience);
-    }
     static bool WaitForCamera(const virtual_touchpad::TouchpadControl& touchpad, bool isOn) {
         return WaitForLights(touchpad, [=](const Lights& lights) {
             return lights.Brightness(isOn ? 0x20 : 0x21) == 200 && lights.Brightness(0x22) == 200;

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "testing/acceptance/guide/HostTest.h"
 #include "testing/acceptance/guide/Program.h"
 #include "testing/kit/Reports.h"
 #include "testing/kit/windows/AgentDll.h"
@@ -18,20 +19,7 @@ using namespace virtual_touchpad::events;
 using testing::HasSubstr;
 using virtual_touchpad::Lights;
 
-constexpr std::chrono::seconds kPatience{20};
-
-class GuideExamples : public testing::Test {
- protected:
-    GuideExamples() { virtual_touchpad::UnplugAll(); }
-    ~GuideExamples() override { virtual_touchpad::UnplugAll(); }
-
-    static bool WaitForLights(const virtual_touchpad::TouchpadControl& touchpad,
-                              const std::function<bool(const Lights&)>& wanted) {
-        return touchpad.Device().WaitForState(
-            [&](const VirtualHidState&) { return wanted(touchpad.CurrentLights()); }, kPatience);
-    }
-};
-
+using GuideExamples = HostTest;
 class FirstHosts : public GuideExamples, public testing::WithParamInterface<const wchar_t*> {};
 
 TEST_P(FirstHosts, LightTheButtonsPrintAPressAndExit) {
