@@ -6,7 +6,6 @@
 
 #include "testing/bench/Stopwatch.h"
 #include "testing/kit/WaitUntil.h"
-#include "testing/kit/windows/ArrivalWindow.h"
 #include "testing/kit/windows/Lights.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
@@ -86,11 +85,13 @@ template <typename OnArrival>
 double MeasureArrival(OnArrival onArrival) {
     std::promise<double> handled;
     bool isHandled = false;
-    const kit::ArrivalWindow window([&](const std::wstring& path) {
+    const auto handle = [&](const std::wstring& path) {
         if (std::exchange(isHandled, true)) return;
         onArrival(path);
         handled.set_value(Nanoseconds());
-    });
+    };
+    const vela_agent::detail::DeviceEvents events{handle, [](const std::wstring&) {}, [] {}};
+    const vela_agent::detail::WindowNotifications window(events);
     Arrival arrival;
     const double end = handled.get_future().get();
     arrival.End();

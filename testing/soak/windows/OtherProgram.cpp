@@ -3,8 +3,8 @@
 #include <atomic>
 #include <stdexcept>
 
+#include "include/VelaAgentDevices.hpp"
 #include "testing/kit/windows/AgentDll.h"
-#include "testing/kit/windows/ArrivalWindow.h"
 #include "testing/virtual-touchpad/control/WaitingCreateFile.h"
 
 namespace soak {
@@ -19,11 +19,13 @@ constexpr DWORD kPatienceMs = 30000;
 int TakeTheTouchpad(const std::filesystem::path&) {
     virtual_touchpad::MakeCreateFileWait(GetModuleHandleW(nullptr));
     std::atomic<bool> isTaken{false};
-    const kit::ArrivalWindow window([&](const std::wstring& path) {
+    const auto take = [&](const std::wstring& path) {
         const HANDLE touchpad = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                                             OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
         if (touchpad != INVALID_HANDLE_VALUE) isTaken = true;
-    });
+    };
+    const vela_agent::detail::DeviceEvents events{take, [](const std::wstring&) {}, [] {}};
+    const vela_agent::detail::WindowNotifications window(events);
     SetEvent(OpenEventW(EVENT_MODIFY_STATE, FALSE, kReady));
     WaitForSingleObject(OpenEventW(SYNCHRONIZE, FALSE, kRelease), kPatienceMs);
     return isTaken ? 0 : 1;
