@@ -13,6 +13,7 @@
 
 #include "testing/kit/SettingsLights.h"
 #include "testing/kit/WaitUntil.h"
+#include "testing/kit/windows/FirstArrival.h"
 #include "testing/soak/Figures.h"
 #include "testing/soak/ProcessFigures.h"
 #include "testing/soak/RandomCalls.h"
@@ -47,7 +48,9 @@ class Replugging {
         : cycles_(cycles), figures_(detachable ? "watch, detachable" : "watch") {
         if (detachable) layout_.productString = L"Vela Detachable Touchpad";
         virtual_touchpad::UnplugAll();
-        PlugIn();
+        const bool isOpen = kit::PlugUntilNoticed([this] { PlugIn(); }, [this] { Unplug(); },
+                                                  [this] { return host_.IsOpen(); });
+        if (!isOpen) throw std::runtime_error("the watch does not open the touchpad");
     }
 
     int Run() {

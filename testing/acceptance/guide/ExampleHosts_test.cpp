@@ -23,10 +23,12 @@ using virtual_touchpad::Lights;
 class ExampleHost : public HostTest {
  protected:
     std::wstring Argument() const { return L"\"" + log_.Path().wstring() + L"\""; }
+    static bool IsCamera(const Lights& lights, bool isOn) {
+        return lights.Brightness(isOn ? 0x20 : 0x21) == 200 && lights.Brightness(0x22) == 200;
+    }
     static bool WaitForCamera(const virtual_touchpad::TouchpadControl& touchpad, bool isOn) {
-        return WaitForLights(touchpad, [=](const Lights& lights) {
-            return lights.Brightness(isOn ? 0x20 : 0x21) == 200 && lights.Brightness(0x22) == 200;
-        });
+        return WaitForLights(touchpad,
+                             [=](const Lights& lights) { return IsCamera(lights, isOn); });
     }
 
     const kit::LogFolder log_;
@@ -61,8 +63,7 @@ TEST_F(ExampleHost, TheWatchingHostLightsATouchpadThatComesBack) {
     Program host(kit::ProgramFolder() / L"watching_host.exe", Argument());
     host.Type("join");
     host.Output("done join\n");
-    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
-    EXPECT_TRUE(WaitForCamera(virtual_touchpad::TouchpadControl(), false));
+    ASSERT_TRUE(PlugUntilLit([](const Lights& lights) { return IsCamera(lights, false); }));
     virtual_touchpad::UnplugAll();
     EXPECT_THAT(host.Output("touchpad lost\n"), HasSubstr("callback: touchpad found\n"));
     virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});

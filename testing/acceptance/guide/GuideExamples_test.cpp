@@ -42,8 +42,8 @@ INSTANTIATE_TEST_SUITE_P(, FirstHosts,
 
 TEST_F(GuideExamples, TheFirstHostLightsATouchpadThatComesBack) {
     Program host(kit::ProgramFolder() / L"guide_first_host.exe");
-    virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});
-    host.Output("leaves\n");
+    ASSERT_TRUE(kit::WaitForNotifiedWindow(L"VelaAgentWatch"));
+    ASSERT_TRUE(PlugUntilLit(kit::AllFourLit));
     virtual_touchpad::UnplugAll();
     EXPECT_THAT(host.Output("gone\n"), HasSubstr("the touchpad is gone\n"));
     virtual_touchpad::Plug(virtual_touchpad::TouchpadLayout{});

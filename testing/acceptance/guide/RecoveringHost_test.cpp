@@ -10,6 +10,7 @@
 #include "testing/kit/LogFolder.h"
 #include "testing/kit/WaitUntil.h"
 #include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/windows/FirstArrival.h"
 #include "testing/kit/windows/Lights.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
@@ -28,6 +29,8 @@ constexpr char kLit[] = "camera 3/0 microphone 3/0 chat 3 share screen 3, active
 
 // The log's line about the last that the host sets.
 constexpr char kNotBreathing[] = "SetButtonBreathing for BUTTON_ID 2 (0)";
+
+constexpr wchar_t kWindow[] = L"VelaRecover";
 
 TouchpadLayout Fixed() { return {}; }
 
@@ -67,8 +70,13 @@ class RecoveringHost : public testing::Test {
         return kit::WaitUntil([&] { return kit::Describe(touchpad_->CurrentLights()) == lights; });
     }
     bool BecomesLit() const { return WaitForLights(kLit); }
+    bool PlugUntilLit(const TouchpadLayout& layout) {
+        return kit::PlugUntilNoticed(
+            [&] { Plug(layout); }, [&] { Unplug(); },
+            [&] { return kit::Describe(touchpad_->CurrentLights()) == kLit; });
+    }
     // The window is created before the host opens the touchpad.
-    static HWND Window() { return FindWindowExW(HWND_MESSAGE, nullptr, L"VelaRecover", nullptr); }
+    static HWND Window() { return FindWindowExW(HWND_MESSAGE, nullptr, kWindow, nullptr); }
     // Ends the host as Ctrl+C does.
     void Leave() {
         PostMessageW(Window(), WM_CLOSE, 0, 0);
@@ -90,16 +98,16 @@ INSTANTIATE_TEST_SUITE_P(, RecoveringHostWithEach, testing::Values(&Fixed, &Deta
 
 TEST_P(RecoveringHostWithEach, LightsItWheneverItComesBackAndLeavesItDark) {
     Start();
+    ASSERT_TRUE(kit::WaitForNotifiedWindow(kWindow));
+    ASSERT_TRUE(PlugUntilLit(GetParam()()));
     std::string expected;
     for (int cycle = 0; cycle < 3; ++cycle) {
-        Plug(GetParam()());
-        ASSERT_TRUE(BecomesLit());
         Unplug();
         expected += "found\nlost\n";
         ASSERT_EQ(host_->Output(expected), expected);
+        Plug(GetParam()());
+        ASSERT_TRUE(BecomesLit());
     }
-    Plug(GetParam()());
-    ASSERT_TRUE(BecomesLit());
     Leave();
     EXPECT_TRUE(WaitForLights(kit::kAllDark));
     EXPECT_EQ(host_->Output(), expected + "found\n");

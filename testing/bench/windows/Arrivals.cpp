@@ -1,11 +1,13 @@
 #include "testing/bench/windows/Arrivals.h"
 
+#include <atomic>
 #include <future>
 #include <optional>
 #include <stdexcept>
 
 #include "testing/bench/Stopwatch.h"
 #include "testing/kit/WaitUntil.h"
+#include "testing/kit/windows/FirstArrival.h"
 #include "testing/kit/windows/Lights.h"
 #include "testing/virtual-touchpad/plug/Plug.h"
 
@@ -99,6 +101,18 @@ double MeasureArrival(OnArrival onArrival) {
 }
 
 }  // namespace
+
+void WaitUntilNotified() {
+    std::atomic<bool> isNotified{false};
+    const vela_agent::detail::DeviceEvents events{[&](const std::wstring&) { isNotified = true; },
+                                                  [](const std::wstring&) {}, [] {}};
+    const vela_agent::detail::WindowNotifications window(events);
+    if (!kit::PlugUntilNoticed([] { virtual_touchpad::Plug(TouchpadLayout{}); },
+                               virtual_touchpad::UnplugAll, [&] { return isNotified.load(); })) {
+        throw std::runtime_error("the system does not notify of devices");
+    }
+    virtual_touchpad::UnplugAll();
+}
 
 double ArrivalUntilLit(const vela_agent::Library& library) {
     vela_agent::Watch watch(library);

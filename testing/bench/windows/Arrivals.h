@@ -6,6 +6,10 @@
 
 namespace bench {
 
+// Returns once this process is notified of devices, which on Wine begins a little after it has
+// asked.
+void WaitUntilNotified();
+
 // Each returns the nanoseconds, and leaves the touchpad unplugged.
 
 // Until the touchpad has the light report that a watch sends once it has found it.

@@ -28,6 +28,7 @@ using Time = std::function<double()>;
 
 void Arrive(benchmark::State& state, const Row& row, const Time& peer) {
     virtual_touchpad::UnplugAll();
+    WaitUntilNotified();
     TakeTurns(
         state, row, [] { return ArrivalUntilLit(Library()); }, peer);
 }

@@ -9,6 +9,7 @@
 
 #include "testing/kit/WaitUntil.h"
 #include "testing/kit/windows/AgentDll.h"
+#include "testing/kit/windows/FirstArrival.h"
 #include "testing/kit/windows/Lights.h"
 #include "testing/virtual-touchpad/control/TouchpadControl.h"
 #include "testing/virtual-touchpad/descriptor/DeviceEvents.h"
@@ -54,7 +55,14 @@ class WatchOnWindowsTest : public testing::Test {
             for (auto& button : settings.buttons) button = {true, true, false};
         });
     }
-    bool BecomesLit() const { return WaitForLights(kit::kAllLit); }
+    bool PlugUntilLit() {
+        return kit::PlugUntilNoticed([this] { Plug(); }, [this] { Unplug(); },
+                                     [this] { return IsLit(); });
+    }
+    bool IsLit() const { return kit::AllFourLit(touchpad_->CurrentLights()); }
+    bool BecomesLit() const {
+        return kit::WaitUntil([this] { return IsLit(); });
+    }
     bool WaitForLights(const std::string& lights) const {
         return kit::WaitUntil([&] { return kit::Describe(touchpad_->CurrentLights()) == lights; });
     }
@@ -73,12 +81,13 @@ TEST_F(WatchOnWindowsTest, IsNotifiedThroughItsWindow) {
 
 TEST_F(WatchOnWindowsTest, LightsATouchpadThatComesBackAgainAndAgain) {
     Start();
+    ASSERT_TRUE(PlugUntilLit());
     for (int i = 1; i <= 3; ++i) {
-        Plug();
-        ASSERT_TRUE(BecomesLit());
         Unplug();
         ASSERT_TRUE(kit::WaitUntil([&] { return lost_ == i; }));
         EXPECT_EQ(found_, i);
+        Plug();
+        ASSERT_TRUE(BecomesLit());
     }
 }
 

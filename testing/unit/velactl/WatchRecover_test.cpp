@@ -1,6 +1,7 @@
 // velactl watch --recover: the touchpad leaves and comes back.
 #include <regex>
 
+#include "testing/kit/windows/FirstArrival.h"
 #include "testing/unit/velactl/VelactlTest.h"
 
 namespace velactl_test {
@@ -31,16 +32,18 @@ constexpr char kLost[] = "lost    the touchpad is gone";
 
 TEST_F(WatchRecoverTest, OpensTheTouchpadWheneverItComesBack) {
     const Velactl program(L"watch --recover");
+    ASSERT_TRUE(WaitForNotifiedWindow(L"VelaAgentWatch"));
+    ASSERT_TRUE(PlugUntilNoticed([&] { Plug(); }, [&] { Unplug(); },
+                                 [&] { return AllFourLit(Touchpad().CurrentLights()); }));
     std::vector<std::string> expected;
     for (int cycle = 0; cycle < 2; ++cycle) {
-        Plug();
-        ASSERT_TRUE(WaitForLights(AllFourLit));
         Unplug();
         expected.insert(expected.end(), {kFound, kLost});
-        ASSERT_TRUE(WaitUntil([&] { return Lines(program, "found|lost|held") == expected; }));
+        WaitUntil([&] { return Lines(program, "found|lost|held") == expected; });
+        ASSERT_EQ(Lines(program, "found|lost|held"), expected);
+        Plug();
+        ASSERT_TRUE(WaitForLights(AllFourLit));
     }
-    Plug();
-    ASSERT_TRUE(WaitForLights(AllFourLit));
     Touchpad().Press(kCameraButton);
     ASSERT_TRUE(program.WaitForOutput("camera"));
     program.Interrupt();
