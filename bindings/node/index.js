@@ -4,13 +4,11 @@
 const { EventEmitter } = require('node:events');
 const { CallQueue } = require('./lib/callQueue');
 const { ExitGuard } = require('./lib/exit');
+const { keepAlive } = require('./lib/keepAlive');
 const { loadLibrary, VelaLibraryError } = require('./lib/library');
 const { existingDirectory } = require('./lib/logDirectory');
 const names = require('./lib/names');
 const { Watch } = require('./lib/watch');
-
-// A timer longer than any session keeps the process running while one is open, as an open socket does.
-const kKeepAliveMilliseconds = 0x7fffffff;
 
 const agents = new Map(); // a library has one session, so there is one agent for each file
 
@@ -38,11 +36,11 @@ class VelaAgent extends EventEmitter {
     this.#exit = new ExitGuard(library);
     // The callbacks are registered once and stay for the process's lifetime, so that late calls find them.
     this.#onPress = library.pressCallback((button, light) => {
-      if (this.#isOpen) this.emit('press', names.nameOf(names.buttons, button), light !== 0);
+      this.#notify('press', names.nameOf(names.buttons, button), light !== 0);
     });
-    this.#onStatus = library.statusCallback((status) => {
-      if (this.#isOpen) this.emit('status', names.nameOf(names.statuses, status));
-    });
+    this.#onStatus = library.statusCallback((status) =>
+      this.#notify('status', names.nameOf(names.statuses, status)),
+    );
   }
 
   get path() {
@@ -71,7 +69,7 @@ class VelaAgent extends EventEmitter {
     const result = await this.#queue.run(this.#library.Init);
     if (result === names.initResults.open && !this.#isOpen) {
       this.#isOpen = true;
-      this.#keepAlive = setInterval(() => {}, kKeepAliveMilliseconds);
+      this.#keepAlive = keepAlive();
       this.#library.SetVelaButtonPressCallback(this.#onPress);
       this.#library.SetVelaStatusChangeCallback(this.#onStatus);
       this.#exit.opened();
@@ -90,9 +88,7 @@ class VelaAgent extends EventEmitter {
   /** Returns a Watch, which opens and closes the touchpad by itself until it is closed. */
   watch(settings = {}) {
     if (this.#isOpen || this.#watch) throw new Error('the touchpad is open already');
-    this.#watch = new Watch(this, settings, () => {
-      this.#watch = undefined;
-    });
+    this.#watch = new Watch(this, settings, () => (this.#watch = undefined));
     return this.#watch;
   }
 
@@ -183,6 +179,11 @@ class VelaAgent extends EventEmitter {
   async setHapticLevel(level) {
     names.integer(level, 0xffffffff, 'haptic level');
     return (await this.#queue.run(this.#library.SetHapticTPIntensityLevel, level)) !== 0;
+  }
+
+  // Notifies the host when the library's callback has returned: koffi keeps an error thrown in it to itself.
+  #notify(...event) {
+    if (this.#isOpen) process.nextTick(() => this.emit(...event));
   }
 
   async #set(call, on) {

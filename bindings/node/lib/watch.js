@@ -4,14 +4,12 @@
 const { EventEmitter } = require('node:events');
 const { DeviceEvents } = require('./deviceEvents');
 const { FollowedSettings } = require('./followedSettings');
+const { keepAlive } = require('./keepAlive');
+const { OpenTimer } = require('./openTimer');
 const { apply, replay } = require('./settings');
 
-// A device has several interfaces, which come and leave one after the other.
+// The session may stop the breathing only after it has reported a status.
 const kSettlingMilliseconds = 20;
-// The pauses between tries double from the first: 12.7 s in all.
-const kFirstPauseMilliseconds = 50;
-const kMostTries = 9;
-const kKeepAliveMilliseconds = 0x7fffffff;
 
 class Watch extends EventEmitter {
   #agent;
@@ -24,8 +22,7 @@ class Watch extends EventEmitter {
   #isSwitching = false;
   #reopens = false;
   #opens = true;
-  #tries = 0; // that failed in a row
-  #openTimer;
+  #openTimer = new OpenTimer();
   #againTimer;
   #running; // the promise of the work under way
   #closing;
@@ -36,12 +33,12 @@ class Watch extends EventEmitter {
     this.#settings = new FollowedSettings(settings);
     this.#agent = agent;
     this.#onEnd = onEnd;
-    this.#keepAlive = setInterval(() => {}, kKeepAliveMilliseconds);
+    this.#keepAlive = keepAlive();
     agent.on('press', this.#onPress).on('status', this.#onStatus);
     this.#events = new DeviceEvents({
-      onArrival: () => this.#isOpen || this.#tryAgain(() => (this.#opens = true)),
-      onRemoval: () => (this.#isOpen || this.#running) && this.#tryAgain(() => (this.#reopens = true)),
-      onResume: () => this.#tryAgain(() => (this.#reopens = true)),
+      onArrival: () => this.#isOpen || this.#openTimer.startSettling(this.#openNow),
+      onRemoval: () => (this.#isOpen || this.#running) && this.#openTimer.startSettling(this.#reopenNow),
+      onResume: () => this.#openTimer.startSettling(this.#reopenNow),
     });
     this.#work();
   }
@@ -62,9 +59,8 @@ class Watch extends EventEmitter {
   }
 
   refresh() {
-    this.#tries = 0;
-    this.#reopens = true;
-    return this.#work();
+    this.#openTimer.beginAgain();
+    return this.#reopenNow();
   }
 
   close() {
@@ -75,9 +71,9 @@ class Watch extends EventEmitter {
   async #end() {
     await this.#running;
     clearInterval(this.#keepAlive);
-    this.#forgetTimers();
     await this.#events.end();
     this.#agent.off('press', this.#onPress).off('status', this.#onStatus);
+    this.#forgetTimers();
     this.#isOpen = false;
     await this.#agent.close();
     this.#onEnd();
@@ -85,11 +81,15 @@ class Watch extends EventEmitter {
 
   // ---- what happens outside
 
-  #tryAgain(mark) {
-    if (this.#closing) return;
-    this.#tries = 0;
-    this.#openAfter(kSettlingMilliseconds, mark);
-  }
+  #openNow = () => {
+    this.#opens = true;
+    return this.#work();
+  };
+
+  #reopenNow = () => {
+    this.#reopens = true;
+    return this.#work();
+  };
 
   // While settings are being set it is not known which of them the press met.
   #onPress = (button, light) => {
@@ -97,7 +97,6 @@ class Watch extends EventEmitter {
     this.emit('press', button, light);
   };
 
-  // The session may stop the breathing only after the status.
   #onStatus = (status) => {
     const isTouchpads = ['normal', 'temporarily-disabled', 'disabled'].includes(status);
     if (isTouchpads && !(this.#isSwitching && status === 'normal')) this.#settings.followStatus(status);
@@ -161,7 +160,7 @@ class Watch extends EventEmitter {
   }
 
   async #open() {
-    const isFirst = this.#tries === 0;
+    const isFirst = this.#openTimer.isFirstTry;
     const result = await this.#tryOpen();
     if (result === 'open') this.#notify('found');
     if (result === 'held-by-other' && isFirst) this.#notify(result);
@@ -177,9 +176,7 @@ class Watch extends EventEmitter {
     if (result === 'open') await replay(this.#agent, wanted, this.#switching);
     this.#isApplying = false;
     this.#isOpen = result === 'open';
-    if (!this.#isOpen && !this.#openTimer && ++this.#tries < kMostTries) {
-      this.#openAfter(kFirstPauseMilliseconds * 2 ** (this.#tries - 1), () => (this.#opens = true));
-    }
+    if (!this.#isOpen) this.#openTimer.startPause(this.#openNow);
     return result;
   }
 
@@ -190,19 +187,9 @@ class Watch extends EventEmitter {
     this.#isApplying = false;
   }
 
-  #openAfter(milliseconds, mark) {
-    clearTimeout(this.#openTimer);
-    this.#openTimer = setTimeout(() => {
-      this.#openTimer = undefined;
-      mark();
-      this.#work();
-    }, milliseconds);
-  }
-
   #forgetTimers() {
-    clearTimeout(this.#openTimer);
+    this.#openTimer.stop();
     clearTimeout(this.#againTimer);
-    this.#openTimer = undefined;
   }
 }
 
