@@ -3,4 +3,5 @@
 require('./loading.js');
 require('./session.js');
 require('./watch.js');
+require('./notifiedWatch.js');
 require('./exiting.js');

@@ -23,7 +23,9 @@ module.exports = {
   plug: (...options) => vtouchpad('plug', ...options),
   plugHaptic: () => vtouchpad('plug-haptic'),
   unplug: (...options) => vtouchpad('unplug', ...options),
-  unplugIfPlugged: () => vtouchpad('list') !== '' && vtouchpad('unplug'),
+  unplugAll: () => {
+    for (const [, name] of vtouchpad('list').matchAll(/^([^\t]+)\t/gm)) vtouchpad('unplug', '--name', name);
+  },
   press: (...events) => vtouchpad('press', ...events),
   // Returns lines such as "camera 0 3 active".
   lights: () => vtouchpad('lights').trim().split(/\r?\n/).map((line) => line.replaceAll('\t', ' ')),

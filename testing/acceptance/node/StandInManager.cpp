@@ -1,5 +1,6 @@
 // A library in place of the configuration manager and of powrprof.dll, for a Wine without their
-// notifications: it passes on what a window is notified of, with one registration of each kind.
+// notifications: it passes on what a window is notified of. It takes one registration of each kind
+// at a time, and refuses a second one for devices.
 #include <cstring>
 #include <memory>
 #include <thread>
@@ -49,6 +50,7 @@ extern "C" {
 
 DWORD StandInRegister(const CM_NOTIFY_FILTER* filter, void*, PCM_NOTIFY_CALLBACK callback,
                       void** handle) {
+    if (window != nullptr) return CR_FAILURE;
     if (!IsForHidInterfaces(*filter)) return CR_INVALID_DATA;
     deviceCallback = callback;
     window = std::make_unique<vela_agent::detail::WindowNotifications>(events);
