@@ -4,4 +4,6 @@ require('./loading.js');
 require('./session.js');
 require('./watch.js');
 require('./notifiedWatch.js');
+require('./heldTouchpad.js');
+require('./listeners.js');
 require('./exiting.js');

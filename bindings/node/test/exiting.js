@@ -23,6 +23,10 @@ function run(script) {
   return status;
 }
 
+describe('a host that only watches, without a touchpad', () => {
+  it('runs until it closes the watch, and then ends by itself', () => assert.equal(run('close-watch'), 7));
+});
+
 describe('a host that exits', () => {
   afterEach(() => assert.deepEqual(touchpad.lights(), dark));
 
@@ -33,6 +37,7 @@ describe('a host that exits', () => {
     it('closes by itself what it left open', () => assert.equal(run('leave-open'), 7));
     it('needs nothing after it has closed', () => assert.equal(run('close'), 7));
     it('ends its watch as well', () => assert.equal(run('watch'), 7));
+    it('ends by itself when it has closed its watch', () => assert.equal(run('close-watch'), 7));
     it('does so after an error that nobody caught', () => assert.equal(run('throw'), 1));
   });
 

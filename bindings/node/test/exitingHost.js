@@ -3,16 +3,37 @@ const { once } = require('node:events');
 const path = require('node:path');
 const { VelaAgent } = require('..');
 
+const settings = {
+  activation: 'active',
+  feature: true,
+  buttons: { camera: { enabled: true, visible: true } },
+};
+
 async function watch(agent) {
   require('./notifications').useStandIn();
-  const lit = { camera: { enabled: true, visible: true } };
-  await once(agent.watch({ activation: 'active', feature: true, buttons: lit }), 'found');
+  await once(agent.watch(settings), 'found');
   process.exit(7);
+}
+
+// Nothing but the watch keeps the process running: there are no tries later, and the timer that closes the watch
+// does not count. The exit code says whether the process was still running then.
+async function watchUntilClosed(agent) {
+  require('./notifications').useStandIn();
+  const { setTimeout } = globalThis;
+  globalThis.setTimeout = () => {};
+  const watch = agent.watch(settings);
+  await watch.refresh();
+  process.exitCode = 3;
+  setTimeout(async () => {
+    await watch.close();
+    process.exitCode = 7;
+  }, 300).unref();
 }
 
 async function main(how) {
   const agent = VelaAgent.load(path.join(process.env.VELA_BIN, 'VelaAgent.dll'));
   if (how === 'watch') return watch(agent);
+  if (how === 'close-watch') return watchUntilClosed(agent);
   if ((await agent.open()) !== 'open') process.exit(2);
   await agent.activate('active');
   await agent.enableFeature(true);
