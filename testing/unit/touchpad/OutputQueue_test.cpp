@@ -193,6 +193,22 @@ TEST_F(OutputQueueTest, ATicketGivenUpWaitsForNoWrite) {
     EXPECT_FALSE(queue_.Take());
 }
 
+TEST_F(OutputQueueTest, ATicketGivenUpEndsNoWrite) {
+    queue_.Put(OutputQueue::Ticket(queue_), Item(0));
+    ASSERT_TRUE(queue_.Take());
+    { const OutputQueue::Ticket unused(queue_); }
+    std::atomic<bool> returned{false};
+    std::thread caller([&] {
+        queue_.Put(OutputQueue::Ticket(queue_), Item(1));
+        returned = true;
+    });
+    // Gives a caller that does not wait the time to return.
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_FALSE(returned);
+    EXPECT_THAT(Take(queue_, 1), ElementsAre(1));
+    caller.join();
+}
+
 TEST_F(OutputQueueTest, LosesNothingOfManyThreadsAndKeepsTheOrderOfEach) {
     constexpr int kThreads = 4;
     constexpr int kReports = 60;
