@@ -365,14 +365,21 @@ TEST_F(LoggerTest, OpensTheFileAnewForEveryLine) {
     std::filesystem::remove(moved);
 }
 
-TEST_F(LoggerTest, IsOneForTheProcess) {
+// This is the process's first use of the logger.
+TEST(LoggerCreation, IsOneForTheProcess) {
+    constexpr std::size_t kThreads = 8;
+    std::atomic<std::size_t> ready{0};
     std::vector<std::thread> threads;
-    std::vector<vela::ILog*> loggers(8);
-    for (std::size_t i = 0; i < loggers.size(); ++i) {
-        threads.emplace_back([&loggers, i] { loggers[i] = GetLogger(); });
+    std::vector<vela::ILog*> loggers(kThreads);
+    for (std::size_t i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&, i] {
+            ++ready;
+            while (ready < kThreads) std::this_thread::yield();
+            loggers[i] = GetLogger();
+        });
     }
     for (std::thread& thread : threads) thread.join();
-    EXPECT_THAT(loggers, testing::Each(&logger_));
+    EXPECT_THAT(loggers, testing::Each(GetLogger()));
 }
 
 TEST(LoggerDeathTest, AnUnknownLevelEndsTheProcessWhenItsLineIsWritten) {
