@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <cstdarg>
-#include <ctime>
 #include <utility>
 
 #include "log/LogFile.h"
@@ -16,6 +15,9 @@ namespace {
 
 // 5 MiB: a support engineer can still mail the file and its backup.
 constexpr std::uint64_t kMaximumFileSize = 0x500000;
+
+// A line's time, level and punctuation.
+constexpr std::size_t kLongestPrefix = sizeof("[2024-05-06 17:41:58] {WARNING @ } \n");
 
 }  // namespace
 
@@ -148,18 +150,12 @@ void Logger::WriteLogEntry(const LogEntry& entry) {
 }
 
 std::string Logger::FormatLogLine(std::uint32_t level, const std::string& message,
-                                  const std::string& functionName) const {
-    const __time64_t now = _time64(nullptr);
-    std::tm localTime{};
-    _localtime64_s(&localTime, &now);
-    char timeText[80] = {};
-    std::strftime(timeText, sizeof(timeText), "%Y-%m-%d %H:%M:%S", &localTime);
-
+                                  const std::string& functionName) {
     // A string stream would bring the standard library's locales into the host's process: most of
     // the library's size.
     std::string line;
-    line.reserve(message.size() + functionName.size() + sizeof(timeText));
-    line.append("[").append(timeText).append("] {").append(levelNames_.at(level));
+    line.reserve(kLongestPrefix + message.size() + functionName.size());
+    line.append("[").append(lineTime_.Now()).append("] {").append(levelNames_.at(level));
     if (!functionName.empty()) line.append(" @ ").append(functionName);
     return line.append("} ").append(message).append("\n");
 }

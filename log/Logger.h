@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "log/ILog.h"
+#include "log/LineTime.h"
 #include "platform/Mutex.h"
 #include "platform/SlimMutex.h"
 
@@ -47,12 +48,13 @@ class Logger : public ILog {
     void FlushLogQueue();
     void WriteLogEntry(const LogEntry& entry);
     std::string FormatLogLine(std::uint32_t level, const std::string& message,
-                              const std::string& functionName) const;
+                              const std::string& functionName);
     void CheckErrorLogSize();
     void BackupLogFile();
 
     std::wstring logPath_;  // changes only while no writer thread runs
     std::map<std::uint32_t, std::string> levelNames_;
+    LineTime lineTime_;      // the writer thread's
     std::wstring fileName_;  // only for debuggers; Initialize appends the name itself
     Mutex fileMutex_;        // guards: rotation and every write to the file
     std::atomic<bool> running_{false};

@@ -1,12 +1,8 @@
 // The asynchronous file logger, through its interface and on real files.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <windows.h>
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <filesystem>
@@ -34,22 +30,6 @@ using vela::kLogWarning;
 
 constexpr std::uintmax_t kLimit = 5242880;
 
-// Opens the reading end, which releases a waiting writer; it stays open, as writers come and go.
-std::string ReadLinesOfPipe(const std::filesystem::path& file, int lines) {
-    const int pipe = open(file.c_str(), O_RDONLY);
-    std::string text;
-    while (std::count(text.begin(), text.end(), '\n') < lines) {
-        char character = 0;
-        if (read(pipe, &character, 1) == 1) {
-            text += character;
-        } else {
-            std::this_thread::yield();
-        }
-    }
-    close(pipe);
-    return text;
-}
-
 std::filesystem::path MakeFile(const std::filesystem::path& file, std::uintmax_t size) {
     std::ofstream(file, std::ios::binary).put('x');
     std::filesystem::resize_file(file, size);
@@ -67,46 +47,6 @@ class LoggerTest : public testing::Test {
     std::filesystem::path file_ = logFolder_.File();
     vela::ILog& logger_ = *GetLogger();
 };
-
-TEST_F(LoggerTest, WritesTimeLevelFunctionAndMessage) {
-    std::tm time{};
-    time.tm_year = 124;
-    time.tm_mon = 4;
-    time.tm_mday = 6;
-    time.tm_hour = 17;
-    time.tm_min = 41;
-    time.tm_sec = 58;
-    Machine::Get().StopClockAt(time);
-    logger_.Initialize(folder_.wstring());
-    logger_.Log(kLogError, "SetIntensityLevel", "HidD_SetFeature failed, GetLastError(%d).", 31);
-    logger_.Log(kLogWarning, "", "text");
-    logger_.UnInitialize();
-    EXPECT_EQ(FileText(file_),
-              "[2024-05-06 17:41:58] {ERROR @ SetIntensityLevel} HidD_SetFeature failed, "
-              "GetLastError(31).\r\n"
-              "[2024-05-06 17:41:58] {WARNING} text\r\n"
-              "[2024-05-06 17:41:58] {INFO @ UnInitialize} Logger::UnInitialize\r\n");
-}
-
-TEST_F(LoggerTest, StampsTheTimeOfWritingNotOfLogging) {
-    // The writer waits at a pipe without a reader, so the second line is still queued when the
-    // clock moves on.
-    ASSERT_EQ(mkfifo(file_.c_str(), 0600), 0);
-    std::tm time{};
-    time.tm_mday = 1;
-    time.tm_year = 100;
-    Machine::Get().StopClockAt(time);
-    logger_.Initialize(folder_.wstring());
-    logger_.Log(kLogInfo, "f", "first");
-    logger_.Log(kLogInfo, "f", "second");
-    time.tm_year = 101;
-    Machine::Get().StopClockAt(time);
-    std::thread stopping([this] { logger_.UnInitialize(); });
-    const std::string text = ReadLinesOfPipe(file_, 3);
-    stopping.join();
-    EXPECT_THAT(text, testing::HasSubstr("[2001-01-01 00:00:00] {INFO @ f} second"));
-    std::filesystem::remove(file_);
-}
 
 TEST_F(LoggerTest, NamesAllLevels) {
     AgentLog log;
