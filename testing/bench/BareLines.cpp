@@ -11,9 +11,9 @@ void WriteBareLines(const std::filesystem::path& file, const std::vector<std::st
     for (const std::string& line : lines) {
         WIN32_FILE_ATTRIBUTE_DATA attributes{};
         GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &attributes);
-        const HANDLE handle =
-            CreateFileW(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                        OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        const HANDLE handle = CreateFileW(path.c_str(), FILE_APPEND_DATA,
+                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                          nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
         const auto size = static_cast<DWORD>(line.size());
         DWORD written = 0;
         if (!WriteFile(handle, line.data(), size, &written, nullptr) || written != size) {

@@ -47,7 +47,7 @@ std::vector<std::string> LinesOf(const std::filesystem::path& file) {
 
 void WriteInTurns(benchmark::State& state, const Row& row, int count) {
     const kit::LogFolder folder;
-    const std::filesystem::path bareLog = folder.Path() / "bare.log";
+    const std::filesystem::path bareLog = folder.Path() / "BareLines.log";
     TimeOfAgent(folder, count);
     // The logger adds one line of its own at its end.
     const std::vector<std::string> lines = LinesOf(folder.File());
