@@ -211,21 +211,22 @@ class Watcher {
     void Reopen(Lock& lock) {
         const bool wasOpen = isOpen_;
         Close(lock);
-        const VelaInitResult result = TryOpen(lock);
+        TryOpen(lock);
         if (isOpen_ != wasOpen) Notify(lock, isOpen_ ? handlers_.onFound : handlers_.onLost);
-        if (result == VELA_INIT_HELD_BY_OTHER) Notify(lock, handlers_.onHeldByOther);
+        if (isHeld_) Notify(lock, handlers_.onHeldByOther);
     }
 
     void Open(Lock& lock) {
-        const int tries = tries_;
-        const VelaInitResult result = TryOpen(lock);
-        if (result == VELA_INIT_OPEN) Notify(lock, handlers_.onFound);
-        if (result == VELA_INIT_HELD_BY_OTHER && tries == 0) Notify(lock, handlers_.onHeldByOther);
+        const bool isKnown = isHeld_ && tries_ > 0;
+        TryOpen(lock);
+        if (isOpen_) Notify(lock, handlers_.onFound);
+        if (isHeld_ && !isKnown) Notify(lock, handlers_.onHeldByOther);
     }
 
-    VelaInitResult TryOpen(Lock& lock) {
+    void TryOpen(Lock& lock) {
         opensAt_.reset();
-        if (IsNotified() && touchpads_.empty()) return VELA_INIT_NOT_FOUND;  // without a scan
+        isHeld_ = false;
+        if (IsNotified() && touchpads_.empty()) return;  // without a scan
         setsAgainAt_.reset();
         status_ = VELA_STATUS_NORMAL;
         const Settings wanted = settings_;
@@ -247,11 +248,11 @@ class Watcher {
         }
         lock.lock();
         isOpen_ = result == VELA_INIT_OPEN;
+        isHeld_ = result == VELA_INIT_HELD_BY_OTHER;
         isApplying_ = false;
         if (!isOpen_ && !opensAt_ && ++tries_ < kMostTries) {
             opensAt_ = Clock::now() + kFirstPause * (1 << (tries_ - 1));
         }
-        return result;
     }
 
     void ApplySettings(Lock& lock) {
@@ -290,6 +291,7 @@ class Watcher {
     std::uint32_t status_ = VELA_STATUS_NORMAL;
     std::set<std::wstring> touchpads_;  // paths of interfaces that may be touchpads, in lower case
     bool isOpen_ = false;
+    bool isHeld_ = false;  // by another program, as the last try found
     bool isApplying_ = false;
     bool reopens_ = false;
     bool stop_ = false;

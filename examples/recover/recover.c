@@ -65,14 +65,16 @@ static void set_wishes(void) {
 
 /* A failed try is followed by others, after pauses that double. */
 static void reopen(void) {
+    static int32_t result; /* of the last try */
     const int was_open = is_open;
+    const int is_known = tries > 0 && result == VELA_INIT_HELD_BY_OTHER;
     KillTimer(window, 1);
     UnInit();
-    const int32_t result = Init();
+    result = Init();
     is_open = result == VELA_INIT_OPEN;
     if (is_open) set_wishes();
     if (is_open != was_open) puts(is_open ? "found" : "lost");
-    if (result == VELA_INIT_HELD_BY_OTHER && tries == 0) puts("held by another program");
+    if (result == VELA_INIT_HELD_BY_OTHER && !is_known) puts("held by another program");
     if (!is_open && ++tries < MOST_TRIES) SetTimer(window, 1, SETTLING << (tries - 1), NULL);
 }
 

@@ -18,6 +18,7 @@ class Watch extends EventEmitter {
   #keepAlive;
   #settings;
   #isOpen = false;
+  #isHeld = false; // by another program, as the last try found
   #isApplying = false;
   #isSwitching = false;
   #reopens = false;
@@ -154,16 +155,16 @@ class Watch extends EventEmitter {
     this.#reopens = false;
     this.#isOpen = false;
     await this.#switching(() => this.#agent.close());
-    const result = await this.#tryOpen();
+    await this.#tryOpen();
     if (this.#isOpen !== wasOpen) this.#notify(this.#isOpen ? 'found' : 'lost');
-    if (result === 'held-by-other') this.#notify(result);
+    if (this.#isHeld) this.#notify('held-by-other');
   }
 
   async #open() {
-    const isFirst = this.#openTimer.isFirstTry;
-    const result = await this.#tryOpen();
-    if (result === 'open') this.#notify('found');
-    if (result === 'held-by-other' && isFirst) this.#notify(result);
+    const isKnown = this.#isHeld && !this.#openTimer.isFirstTry;
+    await this.#tryOpen();
+    if (this.#isOpen) this.#notify('found');
+    if (this.#isHeld && !isKnown) this.#notify('held-by-other');
   }
 
   async #tryOpen() {
@@ -176,8 +177,8 @@ class Watch extends EventEmitter {
     if (result === 'open') await replay(this.#agent, wanted, this.#switching);
     this.#isApplying = false;
     this.#isOpen = result === 'open';
+    this.#isHeld = result === 'held-by-other';
     if (!this.#isOpen) this.#openTimer.startPause(this.#openNow);
-    return result;
   }
 
   async #apply() {

@@ -2,14 +2,13 @@
 // A touchpad that another program has. Such programs do not keep each other out on Wine, so the agent is
 // replaced where it opens the touchpad.
 const assert = require('node:assert/strict');
-const { once } = require('node:events');
 const path = require('node:path');
 const { after, afterEach, before, describe, it } = require('node:test');
 const { setTimeout: settle } = require('node:timers/promises');
 const { VelaAgent } = require('..');
 const notifications = require('./notifications');
 const touchpad = require('./touchpad');
-const { agent, end, lights, plugUntil, start, waitForLights } = require('./watching');
+const { agent, end, lights, next, plugUntil, start, waitForLights } = require('./watching');
 
 // Lets the agent fail to open the touchpad. Returns the record of its calls.
 function hold(test) {
@@ -38,7 +37,7 @@ describe('a watch of a touchpad that another program has', () => {
   it('says so once for each row of tries: at its start, after an arrival and at a refresh', async (test) => {
     const opening = hold(test);
     const watch = start();
-    await once(watch, 'held-by-other');
+    await next('held-by-other');
     await waitForTries(opening);
     assert.deepEqual(watch.seen, ['held-by-other']);
     await plugUntil('held-by-other', touchpad.plugHaptic, () => touchpad.unplug('--name', 'haptic'));
@@ -49,6 +48,15 @@ describe('a watch of a touchpad that another program has', () => {
     assert.deepEqual(watch.seen, Array(3).fill('held-by-other'));
   });
 
+  it('says so when a later try finds it', async (test) => {
+    const opening = hold(test);
+    opening.mockImplementationOnce(async () => 'not-found');
+    const watch = start();
+    await next('held-by-other');
+    await waitForTries(opening);
+    assert.deepEqual(watch.seen, ['held-by-other']);
+  });
+
   it('says that it is lost when another program takes it, and found when that lets it go', async (test) => {
     touchpad.plug();
     const watch = start();
@@ -57,7 +65,7 @@ describe('a watch of a touchpad that another program has', () => {
     await watch.refresh();
     await waitForTries(opening);
     assert.deepEqual(watch.seen, ['found', 'lost', 'held-by-other']);
-    const found = once(watch, 'found');
+    const found = next('found');
     opening.restore();
     await found;
     await waitForLights(lights);

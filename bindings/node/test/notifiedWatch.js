@@ -1,13 +1,12 @@
 'use strict';
 const assert = require('node:assert/strict');
-const { once } = require('node:events');
 const path = require('node:path');
 const { after, afterEach, before, describe, it } = require('node:test');
 const koffi = require('koffi');
 const { VelaAgent } = require('..');
 const notifications = require('./notifications');
 const touchpad = require('./touchpad');
-const { breathing, end, lights, plugUntil, start, waitForLights } = require('./watching');
+const { breathing, end, lights, next, plugUntil, start, waitForLights } = require('./watching');
 
 const otherAgent = VelaAgent.load(path.join(process.env.VELA_BIN, 'velactl_stand_in.dll'));
 const user = koffi.load('user32.dll');
@@ -29,11 +28,11 @@ describe('a watch that is notified', () => {
       for (let cycle = 1; cycle <= 2; ++cycle) {
         assert.equal(watch.isOpen, true);
         await waitForLights(lights);
-        const lost = once(watch, 'lost');
+        const lost = next('lost');
         touchpad.unplug();
         await lost;
         assert.equal(watch.isOpen, false);
-        const found = once(watch, 'found');
+        const found = next('found');
         touchpad.plug(...options);
         await found;
       }
@@ -45,11 +44,11 @@ describe('a watch that is notified', () => {
     touchpad.plug();
     const watch = start();
     await waitForLights(lights);
-    const press = once(watch, 'press');
+    const press = next('press');
     touchpad.press('camera');
     assert.deepEqual(await press, ['camera', true]);
     assert.equal(watch.settings.buttons.camera.light, true);
-    const lost = once(watch, 'lost');
+    const lost = next('lost');
     touchpad.unplug();
     await lost;
     await watch.change({ brightness: 200, chatBreathingEnabled: true, chatBreathing: true });
@@ -66,7 +65,7 @@ describe('a watch that is notified', () => {
     await waitForLights(lights);
     const statuses = [];
     watch.on('status', (status) => statuses.push(status));
-    const status = once(watch, 'status'); // of the activation after it
+    const status = next('status'); // of the activation after it
     notifications.resume();
     await status;
     await waitForLights(lights);
@@ -79,8 +78,8 @@ describe('a watch that is notified', () => {
     const watch = start();
     await waitForLights(lights);
     touchpad.press('gesture', 'disabled');
-    while ((await once(watch, 'status'))[0] !== 'disabled');
-    const lost = once(watch, 'lost');
+    while ((await next('status'))[0] !== 'disabled');
+    const lost = next('lost');
     touchpad.unplug();
     await lost;
     touchpad.plug();

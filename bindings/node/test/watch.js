@@ -1,10 +1,11 @@
 'use strict';
 const assert = require('node:assert/strict');
-const { once } = require('node:events');
 const { after, afterEach, before, describe, it } = require('node:test');
 const notifications = require('./notifications');
 const touchpad = require('./touchpad');
-const { agent, allLit, breathing, cameraOn, dark, end, lights, lit, start, waitForLights } = require('./watching');
+const {
+  agent, allLit, breathing, cameraOn, dark, end, lights, lit, next, start, waitForLights,
+} = require('./watching');
 
 describe('a watch that is not notified', () => {
   before(notifications.useNone);
@@ -32,7 +33,7 @@ describe('a watch that is not notified', () => {
   it('tries again for a while when it cannot open', async () => {
     const watch = start();
     await watch.refresh();
-    const found = once(watch, 'found');
+    const found = next('found');
     touchpad.plug();
     await found;
     await waitForLights(lights);
@@ -57,7 +58,7 @@ describe('a watch that is not notified', () => {
     const statuses = [];
     watch.on('status', (status) => statuses.push(status));
     touchpad.press('disabled', 'enabled');
-    while (statuses.length < 2) await once(watch, 'status');
+    while (statuses.length < 2) await next('status');
     assert.deepEqual(statuses, ['disabled', 'normal']);
     assert.equal(watch.settings.chatBreathing, false);
     await waitForLights(lights);

@@ -39,13 +39,18 @@ async function end() {
   touchpad.unplugAll();
 }
 
+// Waits for the watch's next event of this name. Without a limit, a missing one would hang all tests.
+function next(name, milliseconds = 10000) {
+  return once(watch, name, { signal: AbortSignal.timeout(milliseconds) });
+}
+
 // Plugs a device in until the watch emits this event: Wine notifies a process of arrivals only some time after it
 // has asked for that, and loses those before.
 async function plugUntil(name, plug = touchpad.plug, unplug = touchpad.unplug) {
   for (let attempts = 5; ; --attempts) {
     plug();
     try {
-      return await once(watch, name, { signal: AbortSignal.timeout(2000) });
+      return await next(name, 2000);
     } catch (error) {
       if (attempts === 1) throw error;
       unplug();
@@ -64,5 +69,6 @@ async function waitForLights(expected) {
 }
 
 module.exports = {
-  agent, lit, allLit, lights, cameraOn, dark, breathing, start, end, plugUntil, waitForLights,
+  agent, lit, allLit, lights, cameraOn, dark, breathing, start, end, next, plugUntil,
+  waitForLights,
 };

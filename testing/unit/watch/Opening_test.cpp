@@ -30,6 +30,16 @@ TEST_F(OpeningTest, OfATouchpadThatAnotherProgramHasNotifiesOnce) {
     EXPECT_EQ(Events().front(), "held");
 }
 
+TEST_F(OpeningTest, NotifiesOfAnotherProgramThatALaterTryFinds) {
+    machine_.FailAlways("CreateFileW", Fault::Error(ERROR_FILE_NOT_FOUND));
+    const auto device = Plug();
+    device->HoldElsewhere();
+    Start();
+    ASSERT_TRUE(kit::WaitUntil([&] { return Scans() >= 3; }));
+    machine_.StopFailing("CreateFileW");
+    EXPECT_TRUE(WaitForEvents({"held"}));
+}
+
 TEST_F(OpeningTest, WaitsForASessionOfTheHostsOwn) {
     const auto device = Plug();
     const vela_agent::Library library(L"/host/VelaAgent.dll");
