@@ -7,7 +7,6 @@
 #include "testing/acceptance/TouchpadAcceptanceTest.h"
 #include "testing/kit/windows/ChildProcess.h"
 #include "testing/kit/windows/Lights.h"
-#include "testing/kit/windows/WineProcess.h"
 
 namespace acceptance {
 namespace {
@@ -158,8 +157,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(ProcessExitTest, EndsAsItShouldAndLeavesTheTouchpadToOthers) {
     Plug(Layout());
-    ChildProcess host(GetParam().role, log_.Path());
-    EXPECT_EQ(host.Wait(), GetParam().exitCode);
+    EXPECT_EQ(ExitCodeOf(GetParam().role, log_.Path()), GetParam().exitCode);
     EXPECT_TRUE(Touchpad().Device().WaitForState(
         [](const VirtualHidState& state) { return state.readWriteOpens == 0; }, kPatience));
     ASSERT_NO_FATAL_FAILURE(Open());
@@ -177,7 +175,7 @@ TEST_F(HostProcessTest, KilledFromOutsideItLeavesLinesAndLightsAsTheyWere) {
         hostsLog.WaitForLine("{INFO @ SetButtonVisible} SetButtonVisible for BUTTON_ID 0 (1)"));
     const auto cameraIsLit = [](const Lights& lights) { return lights.Brightness(0x21) == 3; };
     ASSERT_TRUE(WaitForLights(cameraIsLit));
-    EXPECT_FALSE(IsSpinningOnWine(hostsLog.Path().parent_path().filename().string()));
+    EXPECT_FALSE(host.HangsInWine());
     host.Terminate(7);
     EXPECT_EQ(host.Wait(), 7U);
     EXPECT_TRUE(cameraIsLit(Touchpad().CurrentLights()));
@@ -199,10 +197,7 @@ TEST_F(LoggingProcessExitTest, HangsInNoneOfManyEnds) {
         ChildProcess host("LeavesWhileThreadsLog", hostsLog.Path());
         const DWORD exitCode = host.Wait(std::chrono::seconds(10));
         if (exitCode == kExitedNormally) ++exited;
-        if (exitCode == STILL_ACTIVE &&
-            IsSpinningOnWine(hostsLog.Path().parent_path().filename().string())) {
-            continue;
-        }
+        if (exitCode == STILL_ACTIVE && host.HangsInWine()) continue;
         ASSERT_EQ(exitCode, static_cast<DWORD>(kExitedNormally)) << "end " << i;
     }
     EXPECT_GE(exited, 8);

@@ -4,6 +4,8 @@
 #include <map>
 #include <stdexcept>
 
+#include "testing/kit/windows/WineProcess.h"
+
 namespace kit {
 namespace {
 
@@ -27,7 +29,8 @@ std::wstring ProgramPath() {
 RegisteredRole::RegisteredRole(const std::string& name, ChildRole role) { Roles()[name] = role; }
 
 ChildProcess::ChildProcess(const std::string& role, const std::filesystem::path& folder,
-                           Inherits inherits) {
+                           Inherits inherits)
+    : folder_(folder) {
     const std::wstring program = ProgramPath();
     std::wstring commandLine =
         L"\"" + program + L"\" " + std::filesystem::path(kRoleArgument).wstring() + L" " +
@@ -59,6 +62,19 @@ DWORD ChildProcess::Wait(std::chrono::seconds timeout) {
 void ChildProcess::Terminate(DWORD exitCode) {
     TerminateProcess(process_, exitCode);
     WaitForSingleObject(process_, kPatienceMs);
+}
+
+bool ChildProcess::HangsInWine() const {
+    return kit::HangsInWine(folder_.parent_path().filename().string());
+}
+
+DWORD ExitCodeOf(const std::string& role, const std::filesystem::path& folder) {
+    constexpr int kMostTries = 3;
+    for (int tries = 1;; ++tries) {
+        ChildProcess host(role, folder);
+        const DWORD exitCode = host.Wait();
+        if (exitCode != STILL_ACTIVE || tries == kMostTries || !host.HangsInWine()) return exitCode;
+    }
 }
 
 bool IsChildProcess(int argc, char** argv) {

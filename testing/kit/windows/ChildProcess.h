@@ -35,10 +35,17 @@ class ChildProcess {
     // Waits for the end and returns the exit code; STILL_ACTIVE when the process goes on.
     DWORD Wait(std::chrono::seconds timeout = std::chrono::seconds(30));
     void Terminate(DWORD exitCode);
+    // Asks only Wine; false on Windows.
+    bool HangsInWine() const;
 
  private:
+    std::filesystem::path folder_;  // its own, so its command line is known by it
     HANDLE process_ = nullptr;
 };
+
+// Plays the role in a child process and returns its exit code; STILL_ACTIVE when it does not end in
+// time. A child that hangs in Wine's own end of a process is played again.
+DWORD ExitCodeOf(const std::string& role, const std::filesystem::path& folder);
 
 // Let main check whether this process is a child, and run its role.
 bool IsChildProcess(int argc, char** argv);

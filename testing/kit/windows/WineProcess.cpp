@@ -34,11 +34,24 @@ long ProcessorTime(const std::filesystem::path& process) {
     return user + system;
 }
 
+// The first thread's system call: its number and arguments, in hexadecimal but for the number. The
+// C library's mutexes wait while their word is 2, Wine's own locks while it is 0.
+bool WaitsForMutexBelowWine(const std::filesystem::path& process) {
+    std::istringstream call(FileText(process / "syscall"));
+    std::string number;
+    std::string address;
+    std::string operation;
+    std::string value;
+    call >> number >> address >> operation >> value;
+    return number == "202" && operation == "0x80" && value == "0x2";  // futex, to wait
+}
+
 }  // namespace
 
-bool IsSpinningOnWine(const std::string& argument) {
+bool HangsInWine(const std::string& argument) {
     const std::filesystem::path process = FindProcess(argument);
     if (process.empty()) return false;
+    if (WaitsForMutexBelowWine(process)) return true;
     const long before = ProcessorTime(process);
     Sleep(1000);
     return ProcessorTime(process) - before >= 10;

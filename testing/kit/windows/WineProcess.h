@@ -5,8 +5,10 @@
 
 namespace kit {
 
-// Returns whether the process whose command line contains `argument` keeps a processor busy. False
-// on Windows, and for a process that waits or has ended.
-bool IsSpinningOnWine(const std::string& argument);
+// Returns whether the process whose command line contains `argument` hangs in Wine itself: it keeps
+// a processor busy, or its first thread waits for a mutex of the C library below Wine. A thread
+// that waits for an object or a lock of the platform does neither. False on Windows, and for a
+// process that has ended.
+bool HangsInWine(const std::string& argument);
 
 }  // namespace kit
