@@ -54,7 +54,6 @@ class Logger : public ILog {
 
     std::wstring logPath_;  // changes only while no writer thread runs
     std::map<std::uint32_t, std::string> levelNames_;
-    LineTime lineTime_;      // the writer thread's
     std::wstring fileName_;  // only for debuggers; Initialize appends the name itself
     Mutex fileMutex_;        // guards: rotation and every write to the file
     std::atomic<bool> running_{false};
@@ -65,6 +64,7 @@ class Logger : public ILog {
     std::deque<LogEntry> queue_ VELA_GUARDED_BY(queueMutex_);
     Mutex initMutex_;  // guards: Initialize against UnInitialize, and referenceCount_
     std::uint32_t referenceCount_ VELA_GUARDED_BY(initMutex_) = 0;
+    LineTime lineTime_;  // the writer thread's
 };
 
 }  // namespace vela

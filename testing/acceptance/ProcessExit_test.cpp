@@ -95,6 +95,12 @@ int WaitsOpen(const std::filesystem::path& folder) {
     return 1;
 }
 
+int Spins(const std::filesystem::path&) {
+    const std::atomic<bool> ends{false};
+    while (!ends) continue;
+    return 1;
+}
+
 // The haptic session's record logs when it is destroyed with the library's static objects.
 int LeavesWhileThreadsLog(const std::filesystem::path& folder) {
     constexpr std::uint32_t kLinesBefore = 200;
@@ -120,6 +126,7 @@ const RegisteredRole kRoles[] = {
     {"TerminatesItself", TerminatesItself},
     {"FreesTheLibrary", FreesTheLibrary},
     {"WaitsOpen", WaitsOpen},
+    {"Spins", Spins},
     {"LeavesWhileThreadsLog", LeavesWhileThreadsLog},
 };
 
@@ -183,12 +190,17 @@ TEST_F(HostProcessTest, KilledFromOutsideItLeavesLinesAndLightsAsTheyWere) {
                                                 "{INFO @ Enable} Enable HID (1)"}));
 }
 
+TEST_F(HostProcessTest, ThatSpinsCountsAsHungInWineWhereverThatRuns) {
+    const LogFolder hostsLog;
+    const ChildProcess host("Spins", hostsLog.Path());
+    const bool isOnWine = std::filesystem::exists("Z:\\proc");
+    EXPECT_EQ(WaitUntil([&] { return host.HangsInWine(); }), isOnWine);
+}
+
 class LoggingProcessExitTest : public HapticTest {};
 
 // The process may end any thread while it holds the log's lock. Now and then such a thread holds a
-// spin lock of Wine's own instead, with which Wine guards the threads that wait for an address: the
-// next release of a heap lock then spins for ever. A host that waits for one of the library's locks
-// does not spin.
+// lock of Wine's own instead, and the last thread spins or waits for that one for ever.
 TEST_F(LoggingProcessExitTest, HangsInNoneOfManyEnds) {
     Plug();
     int exited = 0;

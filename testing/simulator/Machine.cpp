@@ -1,6 +1,9 @@
 #include "testing/simulator/Machine.h"
 
 #include <algorithm>
+#include <ctime>
+#include <iomanip>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -149,9 +152,13 @@ void Machine::ExpireTimedWaits(bool expire) {
     State().handles.ReconsiderWaits();
 }
 
-void Machine::StopClockAt(const std::tm& localTime) {
+void Machine::StopClockAt(const std::string& localTime) {
+    std::tm time{};
+    if (!(std::istringstream(localTime) >> std::get_time(&time, "%Y-%m-%d %H:%M:%S"))) {
+        throw std::invalid_argument("no time: " + localTime);
+    }
     const MachineLock lock;
-    State().stoppedClock = localTime;
+    State().stoppedClock = time;
 }
 
 void Machine::PutFile(const std::wstring& path, const std::string& bytes) {

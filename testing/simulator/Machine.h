@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <ctime>
 #include <functional>
 #include <initializer_list>
 #include <map>
@@ -70,8 +69,9 @@ class Machine {
     // Makes a wait with a time limit on an unsignalled object return WAIT_TIMEOUT at once. Waits
     // without limit still wait.
     void ExpireTimedWaits(bool expire);
-    // Sets the local time that _time64 and _localtime64_s return from now on; it stands still.
-    void StopClockAt(const std::tm& localTime);
+    // Sets the local time, "2024-05-06 17:41:58", that _time64 and _localtime64_s return from now
+    // on; it stands still. Throws std::invalid_argument when the text is no time.
+    void StopClockAt(const std::string& localTime);
 
     // --- files, modules, mutexes -----------------------------------------------------------------
     // Adds a file that GetPrivateProfileSectionNamesW can read. The path is compared without case.

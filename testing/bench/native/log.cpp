@@ -65,7 +65,7 @@ Samples PeerBurst(int threads, spdlog::async_overflow_policy policy) {
 
 void RegisterCalls(int threads) {
     constexpr int kBursts = 100;
-    // A tail is the slowest call of a burst: it takes more bursts until it varies little.
+    // A tail is about the slowest call of a burst: it takes more bursts until it varies little.
     constexpr int kBurstsForTails = 1000;
     const std::string what =
         "Log call, " + std::to_string(threads) + (threads == 1 ? " thread" : " threads");

@@ -65,7 +65,7 @@ void ChildProcess::Terminate(DWORD exitCode) {
 }
 
 bool ChildProcess::HangsInWine() const {
-    return kit::HangsInWine(folder_.parent_path().filename().string());
+    return kit::HangsInWine(folder_.string());
 }
 
 DWORD ExitCodeOf(const std::string& role, const std::filesystem::path& folder) {

@@ -39,7 +39,7 @@ class ChildProcess {
     bool HangsInWine() const;
 
  private:
-    std::filesystem::path folder_;  // its own, so its command line is known by it
+    std::filesystem::path folder_;  // only this process has it in its command line
     HANDLE process_ = nullptr;
 };
 

@@ -7,7 +7,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <ctime>
 #include <filesystem>
 #include <string>
 #include <thread>
@@ -42,18 +41,6 @@ std::string ReadLinesOfPipe(const std::filesystem::path& file, int lines) {
     return text;
 }
 
-// 2024-05-06 17:41:58
-std::tm Evening() {
-    std::tm time{};
-    time.tm_year = 124;
-    time.tm_mon = 4;
-    time.tm_mday = 6;
-    time.tm_hour = 17;
-    time.tm_min = 41;
-    time.tm_sec = 58;
-    return time;
-}
-
 class LineTimeTest : public testing::Test {
  protected:
     LineTimeTest() { Machine::Get().Reset(); }
@@ -65,7 +52,7 @@ class LineTimeTest : public testing::Test {
 };
 
 TEST_F(LineTimeTest, WritesTimeLevelFunctionAndMessage) {
-    Machine::Get().StopClockAt(Evening());
+    Machine::Get().StopClockAt("2024-05-06 17:41:58");
     logger_.Initialize(folder_.wstring());
     logger_.Log(kLogError, "SetIntensityLevel", "HidD_SetFeature failed, GetLastError(%d).", 31);
     logger_.Log(kLogWarning, "", "text");
@@ -78,13 +65,11 @@ TEST_F(LineTimeTest, WritesTimeLevelFunctionAndMessage) {
 }
 
 TEST_F(LineTimeTest, StampsLinesOfTheNextSecondWithIt) {
-    std::tm time = Evening();
-    Machine::Get().StopClockAt(time);
+    Machine::Get().StopClockAt("2024-05-06 17:41:58");
     logger_.Initialize(folder_.wstring());
     logger_.Log(kLogInfo, "f", "first");
     ASSERT_TRUE(WaitUntil([this] { return !logFolder_.Text().empty(); }));
-    ++time.tm_sec;
-    Machine::Get().StopClockAt(time);
+    Machine::Get().StopClockAt("2024-05-06 17:41:59");
     logger_.Log(kLogInfo, "f", "second");
     logger_.UnInitialize();
     EXPECT_EQ(logFolder_.Text(),
@@ -97,15 +82,11 @@ TEST_F(LineTimeTest, StampsTheTimeOfWritingNotOfLogging) {
     // The writer waits at a pipe without a reader, so the second line is still queued when the
     // clock moves on.
     ASSERT_EQ(mkfifo(file_.c_str(), 0600), 0);
-    std::tm time{};
-    time.tm_mday = 1;
-    time.tm_year = 100;
-    Machine::Get().StopClockAt(time);
+    Machine::Get().StopClockAt("2000-01-01 00:00:00");
     logger_.Initialize(folder_.wstring());
     logger_.Log(kLogInfo, "f", "first");
     logger_.Log(kLogInfo, "f", "second");
-    time.tm_year = 101;
-    Machine::Get().StopClockAt(time);
+    Machine::Get().StopClockAt("2001-01-01 00:00:00");
     std::thread stopping([this] { logger_.UnInitialize(); });
     const std::string text = ReadLinesOfPipe(file_, 3);
     stopping.join();

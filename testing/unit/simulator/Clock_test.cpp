@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <stdexcept>
 
 namespace simulator_test {
 namespace {
@@ -9,16 +10,9 @@ namespace {
 class PlatformClock : public SimulatorTest {};
 
 TEST_F(PlatformClock, StandsWhereTheTestStoppedIt) {
-    std::tm stopped{};
-    stopped.tm_year = 124;
-    stopped.tm_mon = 1;
-    stopped.tm_mday = 29;
-    stopped.tm_hour = 23;
-    stopped.tm_min = 59;
-    stopped.tm_sec = 58;
     // The machine's own time zone must not matter.
     ASSERT_EQ(setenv("TZ", "VELA-5:45", 1), 0);
-    machine_.StopClockAt(stopped);
+    machine_.StopClockAt("2024-02-29 23:59:58");
     __time64_t stored = 0;
     const __time64_t now = _time64(&stored);
     EXPECT_EQ(now, stored);
@@ -33,10 +27,7 @@ TEST_F(PlatformClock, StandsWhereTheTestStoppedIt) {
 TEST_F(PlatformClock, IsTheRealOneOtherwise) {
     // An unusual time zone, in which local time and universal time always differ.
     ASSERT_EQ(setenv("TZ", "VELA-5:45", 1), 0);
-    std::tm stopped{};
-    stopped.tm_year = 70;
-    stopped.tm_mday = 2;
-    machine_.StopClockAt(stopped);
+    machine_.StopClockAt("1970-01-02 00:00:00");
     machine_.Reset();
     const __time64_t now = _time64(nullptr);
     EXPECT_LE(std::time(nullptr) - now, 2);
@@ -46,6 +37,10 @@ TEST_F(PlatformClock, IsTheRealOneOtherwise) {
     EXPECT_EQ(timegm(&local), now + (5 * 60 + 45) * 60);
     unsetenv("TZ");
     tzset();
+}
+
+TEST_F(PlatformClock, StopsAtNoTextThatIsNoTime) {
+    EXPECT_THROW(machine_.StopClockAt("this evening"), std::invalid_argument);
 }
 
 TEST_F(PlatformClock, RefusesTimesBeforeItsEpochAndMissingOnes) {
