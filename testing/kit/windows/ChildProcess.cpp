@@ -64,9 +64,7 @@ void ChildProcess::Terminate(DWORD exitCode) {
     WaitForSingleObject(process_, kPatienceMs);
 }
 
-bool ChildProcess::HangsInWine() const {
-    return kit::HangsInWine(folder_.string());
-}
+bool ChildProcess::HangsInWine() const { return kit::HangsInWine(folder_.string()); }
 
 DWORD ExitCodeOf(const std::string& role, const std::filesystem::path& folder) {
     constexpr int kMostTries = 3;
